@@ -7,5 +7,5 @@ function(arx_add_module name)
   set_target_properties(${name} PROPERTIES
     PREFIX "" SUFFIX ".arx" CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
     BUILD_RPATH_USE_ORIGIN ON INSTALL_RPATH "$ORIGIN;$ORIGIN/../lib")
-  target_link_libraries(${name} PUBLIC arxhost)
+  target_link_libraries(${name} PUBLIC QmCADLib::arxhost)
 endfunction()

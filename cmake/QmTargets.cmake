@@ -1,8 +1,13 @@
 # The settings that every target of ours shares, and the helper that makes a folder a target.
 
+# What every client of the headers needs too.
+add_library(qm_interface INTERFACE)
+add_library(QmCADLib::qm_interface ALIAS qm_interface)
+target_compile_features(qm_interface INTERFACE cxx_std_17)
+target_compile_definitions(qm_interface INTERFACE UNICODE _UNICODE)
+
 add_library(qm_settings INTERFACE)
-target_compile_features(qm_settings INTERFACE cxx_std_17)
-target_compile_definitions(qm_settings INTERFACE UNICODE _UNICODE)
+target_link_libraries(qm_settings INTERFACE qm_interface)
 target_compile_options(qm_settings INTERFACE -Wall -Wextra -Werror)
 if(QM_SANITIZE)
   target_compile_options(qm_settings INTERFACE

@@ -1,0 +1,29 @@
+# What a module's author gets: the module, the host, their headers and a CMake package.
+#   find_package(QmCADLib REQUIRED)
+#   arx_add_module(MyModule MyModule.cpp)
+#   target_link_libraries(MyModule PRIVATE QmCADLib::QmCADLib)
+
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/QmCADLib)
+
+install(TARGETS arxhost QmCADLib qm_interface EXPORT QmCADLibTargets
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+foreach(folder win32 mfc qmbase)
+  install(DIRECTORY host/${folder}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/arxhost)
+endforeach()
+target_include_directories(arxhost PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/arxhost>)
+
+foreach(folder IN LISTS QM_LIBRARY_FOLDERS)
+  install(DIRECTORY ${folder}/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/QmCADLib FILES_MATCHING PATTERN "*.h")
+endforeach()
+install(FILES QmCADLib.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/QmCADLib)
+target_include_directories(QmCADLib PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/QmCADLib>)
+
+install(EXPORT QmCADLibTargets NAMESPACE QmCADLib:: DESTINATION ${package_dir})
+configure_package_config_file(cmake/QmCADLibConfig.cmake.in ${CMAKE_BINARY_DIR}/QmCADLibConfig.cmake
+  INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/QmCADLibConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/QmCADLibConfig.cmake ${CMAKE_BINARY_DIR}/QmCADLibConfigVersion.cmake
+  cmake/ArxModule.cmake DESTINATION ${package_dir})
