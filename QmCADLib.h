@@ -1,0 +1,5 @@
+#pragma once
+
+/// What a module includes: every public header of the library.
+
+#include "CEncoding.h"
