@@ -11,6 +11,8 @@ function(qm_library_folder name)
 endfunction()
 
 qm_library_folder(text)
+# Runs after a look at the processor only.
+set_source_files_properties(${CMAKE_SOURCE_DIR}/text/Utf8Blocks.cpp PROPERTIES COMPILE_OPTIONS -mssse3)
 
 set(QM_LIBRARY_FOLDERS text)
 list(TRANSFORM QM_LIBRARY_FOLDERS PREPEND lib_ OUTPUT_VARIABLE folder_targets)

@@ -1,6 +1,9 @@
 #include "Utf8Codec.h"
 
+#include "Utf8Blocks.h"
+
 #include <algorithm>
+#include <intrin.h>
 
 namespace
 {
@@ -48,44 +51,74 @@ std::size_t encodeUnit(unsigned unit, unsigned char (&bytes)[3])
     bytes[2] = static_cast<unsigned char>(0x80 | (unit & 0x3f));
     return 3;
 }
-} // namespace
 
-namespace utf8codec
+/// Decodes characters one by one until `stop`; false when the decoding is over.
+bool decodeUntil(std::size_t stop, const std::uint8_t* src, std::size_t srcLen, std::uint16_t* dst,
+                 std::size_t dstSize, Progress& at)
 {
-Progress decode(const std::uint8_t* src, std::size_t srcLen, std::uint16_t* dst, std::size_t dstSize)
-{
-    Progress at;
-    while (at.read < srcLen && at.written < dstSize) {
+    while (at.read < stop && at.written < dstSize) {
         const unsigned lead = src[at.read];
         if (lead >= firstBadLead) {
             fillWithPrevious(dst, dstSize, at);
-            break;
+            return false;
         }
         const std::size_t length = sequenceLength(lead);
         if (length > srcLen - at.read) {
             ++at.diagnostics;
-            break;
+            return false;
         }
         dst[at.written++] = decodeSequence(src + at.read, length);
         at.read += length;
     }
-    return at;
+    return at.read < srcLen && at.written < dstSize;
 }
 
-Progress encode(const std::uint16_t* src, std::size_t srcLen, char* dst, std::size_t dstSize)
+/// Encodes units one by one until `stop`; false when the encoding is over.
+bool encodeUntil(std::size_t stop, const std::uint16_t* src, std::size_t srcLen, char* dst,
+                 std::size_t dstSize, Progress& at)
 {
-    Progress at;
-    for (; at.read < srcLen && at.written < dstSize; ++at.read) {
+    for (; at.read < stop && at.written < dstSize; ++at.read) {
         if (src[at.read] == notEncoded) {
             ++at.diagnostics;
             continue;
         }
         unsigned char bytes[3];
         const std::size_t length = encodeUnit(src[at.read], bytes);
-        if (length > dstSize - at.written) break;
+        if (length > dstSize - at.written) return false;
         std::copy(bytes, bytes + length, dst + at.written);
         at.written += length;
     }
+    return at.read < srcLen && at.written < dstSize;
+}
+
+bool processorHasSsse3()
+{
+    int info[4];
+    __cpuid(info, 1);
+    return info[2] & (1 << 9);
+}
+
+/// How many elements are converted one by one before blocks are tried again.
+constexpr std::size_t stretch = 64;
+} // namespace
+
+namespace utf8codec
+{
+Progress decode(const std::uint8_t* src, std::size_t srcLen, std::uint16_t* dst, std::size_t dstSize)
+{
+    static const bool blocks = processorHasSsse3();
+    Progress at;
+    while (decodeUntil(std::min(at.read + stretch, srcLen), src, srcLen, dst, dstSize, at))
+        if (blocks) decodeBlocks(src, srcLen, dst, dstSize, at);
+    return at;
+}
+
+Progress encode(const std::uint16_t* src, std::size_t srcLen, char* dst, std::size_t dstSize)
+{
+    static const bool blocks = processorHasSsse3();
+    Progress at;
+    while (encodeUntil(std::min(at.read + stretch, srcLen), src, srcLen, dst, dstSize, at))
+        if (blocks) encodeBlocks(src, srcLen, dst, dstSize, at);
     return at;
 }
 } // namespace utf8codec
