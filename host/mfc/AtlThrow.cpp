@@ -1,0 +1,6 @@
+#include "atlexcept.h"
+
+void AtlThrow(HRESULT hr)
+{
+    throw CAtlException(hr);
+}

@@ -1,0 +1,12 @@
+#include "cstringt.h"
+
+#include "CStringBuffer.inl"
+#include "CStringConvert.inl"
+#include "CStringEdit.inl"
+#include "CStringSearch.inl"
+#include "CStringTrim.inl"
+
+CNilString atlNilString = {{{CStringData::immortal}, 0, 0}, 0};
+
+template class CStringT<wchar_t>;
+template class CStringT<char>;

@@ -1,0 +1,5 @@
+#pragma once
+
+/// CString, CStringW and CStringA.
+
+#include "cstringt.h"
