@@ -1,0 +1,7 @@
+#include "libloaderapi.h"
+
+HMODULE WINAPI GetModuleHandleW(LPCWSTR)
+{
+    static HINSTANCE__ program;
+    return &program;
+}
