@@ -4,6 +4,8 @@
 
 #include "windef.h"
 
+#include <cstdarg>
+
 // Files
 
 #define MOVEFILE_REPLACE_EXISTING 0x00000001
@@ -178,6 +180,7 @@ inline PVOID InterlockedCompareExchangePointer(PVOID volatile* value, PVOID now,
 /// Returns the number of characters without the NUL. With FORMAT_MESSAGE_ALLOCATE_BUFFER `buffer` is the
 /// address of a pointer to memory for LocalFree, and `size` the least size. 0 on failure, with no buffer:
 /// ERROR_MR_MID_NOT_FOUND (no text for the code), ERROR_INSUFFICIENT_BUFFER, ERROR_INVALID_PARAMETER.
-/// A maximal width breaks lines only by dropping those of the text (FORMAT_MESSAGE_MAX_WIDTH_MASK).
+/// FORMAT_MESSAGE_MAX_WIDTH_MASK turns the line breaks of the text into blanks; other widths are not
+/// supported.
 DWORD WINAPI FormatMessageW(DWORD flags, LPCVOID source, DWORD messageId, DWORD language, LPWSTR buffer,
-                            DWORD size, void* arguments);
+                            DWORD size, va_list* arguments);
