@@ -6,6 +6,7 @@
 #include "AnsiCodePage.h"
 #include "winnls.h"
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -93,19 +94,24 @@ void fillBytes(CodePage& page, UConverter* converter)
     const UChar* from = characters.data();
     ucnv_fromUnicode(converter, &to, to + bytes.size(), &from, from + characters.size(), origins.data(), true,
                      &status);
+    page.bytes.fill(CodePage::noBytes);
+    for (std::uint16_t c = 0; c < 0x80; ++c)
+        page.bytes[c] = c;
     for (std::size_t i = 0; bytes.data() + i != to; ++i) {
         std::uint16_t& code = page.bytes[characters[static_cast<std::size_t>(origins[i])]];
-        code = static_cast<std::uint16_t>(code << 8 | static_cast<unsigned char>(bytes[i]));
+        const std::uint16_t before = code == CodePage::noBytes ? 0 : code;
+        code = static_cast<std::uint16_t>(before << 8 | static_cast<unsigned char>(bytes[i]));
     }
 }
 
 /// A character is direct when its bytes stand for it and not for a similar one.
 void fillDirect(CodePage& page)
 {
+    page.direct = page.bytes;
     for (std::size_t c = 0x80; c < 0x10000; ++c) {
         const std::uint16_t code = page.bytes[c];
         const std::uint16_t back = code > 0xFF ? page.pair[code] : page.single[code];
-        page.direct[c] = back == c ? code : 0;
+        if (back != c) page.direct[c] = CodePage::noBytes;
     }
 }
 
@@ -142,40 +148,113 @@ Converted decode(const CodePage& page, const unsigned char* at, const unsigned c
     return {sink.length(), Outcome::done};
 }
 
-template <class Sink>
-bool putBytes(Sink& sink, std::uint16_t code)
+bool isSupplementary(char32_t c)
 {
-    if (code > 0xFF) return sink.put(static_cast<char>(code >> 8), static_cast<char>(code));
-    return sink.put(static_cast<char>(code));
+    return c - 0x10000 < 0x100000;
 }
 
-template <class Sink>
-bool putDefault(Sink& sink, char32_t c, std::uint16_t code)
+constexpr std::size_t charactersInBlock = 16;
+
+bool isAsciiBlock(const wchar_t* at)
 {
-    const bool isSupplementary = c > 0xFFFF && c <= 0x10FFFF;
-    return putBytes(sink, code) && (!isSupplementary || putBytes(sink, code));
+    std::uint32_t all = 0;
+    for (std::size_t i = 0; i < charactersInBlock; ++i)
+        all |= static_cast<std::uint32_t>(at[i]);
+    return all < 0x80;
 }
 
-template <class Sink>
-Converted encode(const std::uint16_t* table, const wchar_t* at, const wchar_t* end, Sink sink,
-                 std::uint16_t defaultBytes)
+std::uint16_t bytesOf(const std::uint16_t* table, wchar_t wide)
+{
+    const auto c = static_cast<std::uint32_t>(wide);
+    return table[c < 0xFFFF ? c : 0xFFFF]; // U+FFFF is in no page
+}
+
+std::size_t sizeOf(std::uint16_t code)
+{
+    return code > 0xFF ? 2 : 1;
+}
+
+/// What text takes. The loop has no branch that depends on the text: mixed text would mispredict it.
+Converted measure(const std::uint16_t* table, const wchar_t* at, const wchar_t* end,
+                  std::uint16_t defaultBytes)
+{
+    std::size_t length = 0, missing = 0, supplementary = 0;
+    const auto add = [&](wchar_t c) {
+        const std::uint16_t code = bytesOf(table, c);
+        length += sizeOf(code);
+        missing += code == CodePage::noBytes;
+        supplementary += isSupplementary(static_cast<char32_t>(c));
+    };
+    for (; static_cast<std::size_t>(end - at) >= charactersInBlock; at += charactersInBlock) {
+        if (isAsciiBlock(at))
+            length += charactersInBlock;
+        else
+            std::for_each(at, at + charactersInBlock, add);
+    }
+    std::for_each(at, end, add);
+    // A missing character was counted with two bytes.
+    length += (missing + supplementary) * sizeOf(defaultBytes) - missing * 2;
+    return {length, Outcome::done, missing > 0};
+}
+
+/// Writes a block for which there is room whatever it holds. Returns the end of what was written; null when
+/// a character is missing, with anything in the room.
+char* encodeBlock(const std::uint16_t* table, const wchar_t* at, char* to)
+{
+    if (isAsciiBlock(at))
+        return std::transform(at, at + charactersInBlock, to, [](wchar_t c) { return char(c); });
+    bool isMissing = false;
+    for (std::size_t i = 0; i < charactersInBlock; ++i) {
+        const std::uint16_t code = bytesOf(table, at[i]);
+        const std::uint32_t isPair = (0xFFu - code) >> 31; // arithmetic, lest it become a branch
+        to[0] = static_cast<char>(code >> 8);
+        to[isPair] = static_cast<char>(code);
+        to += 1 + isPair;
+        isMissing |= code == CodePage::noBytes;
+    }
+    return isMissing ? nullptr : to;
+}
+
+/// Writes one character or its replacement. Returns the end of what was written; null when there is no room.
+char* encodeOne(std::uint16_t code, std::size_t times, char* to, const char* toEnd)
+{
+    if (static_cast<std::size_t>(toEnd - to) < sizeOf(code) * times) return nullptr;
+    for (; times > 0; --times) {
+        if (code > 0xFF) *to++ = static_cast<char>(code >> 8);
+        *to++ = static_cast<char>(code);
+    }
+    return to;
+}
+
+Converted encode(const std::uint16_t* table, const wchar_t* at, const wchar_t* end, char* start,
+                 std::size_t capacity, std::uint16_t defaultBytes)
 {
     bool usedDefault = false;
+    char* to = start;
+    const char* const toEnd = start + capacity;
+    const auto result = [&](Outcome outcome) {
+        return Converted{static_cast<std::size_t>(to - start), outcome, usedDefault};
+    };
     while (at != end) {
-        const char32_t c = static_cast<char32_t>(*at);
-        if (c < 0x80) {
-            const std::size_t run = asciiRun(at, end);
-            if (!sink.putRun(at, run)) return {sink.length(), Outcome::full, usedDefault};
-            at += run;
+        const bool isRoomy = static_cast<std::size_t>(end - at) >= charactersInBlock &&
+                             static_cast<std::size_t>(toEnd - to) >= 2 * charactersInBlock;
+        if (char* const next = isRoomy ? encodeBlock(table, at, to) : nullptr) {
+            to = next;
+            at += charactersInBlock;
             continue;
         }
-        const std::uint16_t code = c < 0x10000 ? table[c] : 0;
-        if (!(code ? putBytes(sink, code) : putDefault(sink, c, defaultBytes)))
-            return {sink.length(), Outcome::full, usedDefault};
-        usedDefault |= code == 0;
-        ++at;
+        const wchar_t* const stop = isRoomy ? at + charactersInBlock : at + 1;
+        for (; at != stop; ++at) {
+            const std::uint16_t code = bytesOf(table, *at);
+            const bool isMissing = code == CodePage::noBytes;
+            const std::size_t times = isSupplementary(static_cast<char32_t>(*at)) ? 2 : 1;
+            char* const next = encodeOne(isMissing ? defaultBytes : code, times, to, toEnd);
+            if (!next) return result(Outcome::full);
+            usedDefault |= isMissing;
+            to = next;
+        }
     }
-    return {sink.length(), Outcome::done, usedDefault};
+    return result(Outcome::done);
 }
 } // namespace
 
@@ -217,7 +296,7 @@ Converted wideToPage(const CodePage& page, std::wstring_view text, char* to, std
 {
     const std::uint16_t* table = rules.bestFit ? page.bytes.data() : page.direct.data();
     const wchar_t* start = text.data();
-    if (!to) return encode(table, start, start + text.size(), CountingSink<char>(), rules.defaultBytes);
-    return encode(table, start, start + text.size(), BufferSink<char>(to, capacity), rules.defaultBytes);
+    if (!to) return measure(table, start, start + text.size(), rules.defaultBytes);
+    return encode(table, start, start + text.size(), to, capacity, rules.defaultBytes);
 }
 } // namespace win32

@@ -14,8 +14,10 @@ struct CodePage {
     std::array<bool, 256> isTrail;
     std::array<std::uint16_t, 256> single;   ///< character of a single byte
     std::array<std::uint16_t, 65536> pair;   ///< character of lead << 8 | trail; 0: none
-    std::array<std::uint16_t, 65536> bytes;  ///< byte or lead << 8 | trail of a character; 0: none
+    std::array<std::uint16_t, 65536> bytes;  ///< byte or lead << 8 | trail of a character, or noBytes
     std::array<std::uint16_t, 65536> direct; ///< the same without best-fit characters
+
+    static constexpr std::uint16_t noBytes = 0xFFFF; // no page has the lead byte 0xFF
 
     bool hasPairs() const { return isLead[0x81]; }
 };

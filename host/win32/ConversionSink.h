@@ -35,6 +35,7 @@ public:
         _length += count;
         return true;
     }
+    void took(std::size_t count) { _length += count; }
     std::size_t length() const { return _length; }
 
 private:
@@ -74,6 +75,9 @@ public:
         _at += fitting;
         return fitting == count;
     }
+    /// The place of the next `count` units, null when there is no room; took() tells how many were used.
+    Unit* reserve(std::size_t count) { return room() < count ? nullptr : _at; }
+    void took(std::size_t count) { _at += count; }
     std::size_t length() const { return static_cast<std::size_t>(_at - _start); }
 
 private:

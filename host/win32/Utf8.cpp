@@ -1,5 +1,9 @@
 #include "Utf8.h"
 
+#include "Utf8Block.h"
+
+#include <algorithm>
+
 namespace
 {
 using namespace win32;
@@ -51,32 +55,56 @@ Sequence readSequence(const unsigned char* at, const unsigned char* end)
     return {code, rule.trails + 1, true};
 }
 
-/// True at a three-byte sequence whose trails need no closer look: most Chinese text.
-bool isPlainTriple(const unsigned char* at, const unsigned char* end)
+/// Takes plain blocks as long as they come, for measuring and for writing.
+const unsigned char* takeBlocks(const unsigned char* at, const unsigned char* end,
+                                CountingSink<wchar_t>& sink)
 {
-    return *at > 0xE0 && *at < 0xED && end - at >= 3 && isTrail(at[1]) && isTrail(at[2]);
+    while (static_cast<std::size_t>(end - at) >= Utf8Block::readable) {
+        const Utf8Block block = readUtf8Block(at);
+        if (!block.isPlain) break;
+        sink.took(countUtf8Block(block));
+        at += block.bytes;
+    }
+    return at;
+}
+
+const unsigned char* takeBlocks(const unsigned char* at, const unsigned char* end, BufferSink<wchar_t>& sink)
+{
+    while (static_cast<std::size_t>(end - at) >= Utf8Block::readable) {
+        wchar_t* const to = sink.reserve(Utf8Block::size);
+        if (!to) break;
+        const Utf8Block block = readUtf8Block(at);
+        if (!block.isPlain) break;
+        sink.took(decodeUtf8Block(block, at, to));
+        at += block.bytes;
+    }
+    return at;
+}
+
+/// Takes characters one by one up to a place, or beyond it by part of a character.
+template <class Sink>
+Outcome takeCharacters(const unsigned char*& at, const unsigned char* until, const unsigned char* end,
+                       Sink& sink, bool strict)
+{
+    while (at < until) {
+        const Sequence sequence = *at < 0x80 ? Sequence{*at, 1, true} : readSequence(at, end);
+        if (!sequence.valid && strict) return Outcome::invalid;
+        if (!sink.put(static_cast<wchar_t>(sequence.code))) return Outcome::full;
+        at += sequence.bytes;
+    }
+    return Outcome::done;
 }
 
 template <class Sink>
 Converted decode(const unsigned char* at, const unsigned char* end, Sink sink, bool strict)
 {
-    while (at != end) {
-        if (isPlainTriple(at, end)) {
-            if (!sink.put(static_cast<wchar_t>((at[0] & 0x0F) << 12 | (at[1] & 0x3F) << 6 | (at[2] & 0x3F))))
-                return {sink.length(), Outcome::full};
-            at += 3;
-        } else if (*at < 0x80) {
-            const std::size_t run = asciiRun(at, end);
-            if (!sink.putRun(at, run)) return {sink.length(), Outcome::full};
-            at += run;
-        } else {
-            const Sequence sequence = readSequence(at, end);
-            if (!sequence.valid && strict) return {sink.length(), Outcome::invalid};
-            if (!sink.put(static_cast<wchar_t>(sequence.code))) return {sink.length(), Outcome::full};
-            at += sequence.bytes;
-        }
+    Outcome outcome = Outcome::done;
+    while (at != end && outcome == Outcome::done) {
+        at = takeBlocks(at, end, sink);
+        const auto left = static_cast<std::size_t>(end - at);
+        outcome = takeCharacters(at, at + std::min(left, Utf8Block::size), end, sink, strict);
     }
-    return {sink.length(), Outcome::done};
+    return {sink.length(), outcome};
 }
 
 template <class Sink>

@@ -272,6 +272,50 @@ TEST(WideCharToMultiByte, RefusesBadArguments)
     EXPECT_EQ(used, -1);
 }
 
+// Long texts are converted in blocks. Their pieces, put together in every order and at every offset, must
+// give what they give alone.
+TEST(CodePage, MixedTextGivesWhatItsPiecesGive)
+{
+    const struct {
+        std::string utf8, gbk;
+        std::wstring wide;
+        bool isValid;
+    } pieces[] = {
+        {"a", "a", L"a", true},
+        {"plain ascii of some length, ", "plain ascii of some length, ", L"plain ascii of some length, ",
+         true},
+        {"\xC3\xA9", "\xA8\xA6", L"\u00E9", true},
+        {"\xE4\xB8\xAD\xE6\x96\x87", "\xD6\xD0\xCE\xC4", L"\u4E2D\u6587", true},
+        {"\xE4\xB8\xAD", "\xD6\xD0", L"\u4E2D", true},
+        {"\xE2\x82\xAC", "\x80", L"\u20AC", true},
+        {"\xE0\xB8\x81", "?", L"\u0E01", true},
+        {"\xF0\xA0\x80\x80", "??", L"\U00020000", true},
+        {"\xE4\xB8|", "?|", L"\uFFFD|", false},
+        {"\xC0\xAF", "??", L"\uFFFD\uFFFD", false},
+        {"\xED\xA0\x80", "???", L"\uFFFD\uFFFD\uFFFD", false},
+        {"\x80", "?", L"\uFFFD", false},
+    };
+    unsigned random = 1;
+    for (int round = 0; round < 3000; ++round) {
+        const unsigned usable = round % 3 == 0   ? 6
+                                : round % 3 == 1 ? 8
+                                                 : 12; // without odd ones, with some, all
+        std::string utf8, gbk;
+        std::wstring wide;
+        bool isValid = true;
+        while (utf8.size() < 200) {
+            random = random * 1103515245 + 12345;
+            const auto& piece = pieces[(random >> 16) % usable];
+            utf8 += piece.utf8, gbk += piece.gbk, wide += piece.wide, isValid &= piece.isValid;
+        }
+        ASSERT_EQ(decode(CP_UTF8, utf8), (Wide{wide, NO_ERROR})) << round;
+        ASSERT_EQ(decode(CP_UTF8, utf8, MB_ERR_INVALID_CHARS).error == NO_ERROR, isValid) << round;
+        const Narrow bytes = encode(936, wide);
+        ASSERT_EQ(bytes.text, gbk) << round;
+        ASSERT_EQ(bytes.usedDefault, gbk.find('?') != std::string::npos) << round;
+    }
+}
+
 TEST(CodePage, SixtyFourMebibytesSurviveTheWayThroughEveryPage)
 {
     std::string text;
