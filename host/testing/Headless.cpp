@@ -1,6 +1,7 @@
 #include "Headless.h"
 
 #include "AnsiCodePage.h"
+#include "GuidSource.h"
 #include "Keyboard.h"
 #include "MessageQueue.h"
 #include "ScreenSize.h"
@@ -49,5 +50,15 @@ std::size_t dropMessageBoxAnswers()
 std::vector<MSG> takePostedMessages(HWND window)
 {
     return win32::takePostedMessages(window);
+}
+
+void failNextGuid()
+{
+    win32::setNextGuid(win32::NextGuid::failure);
+}
+
+void giveNullGuidNext()
+{
+    win32::setNextGuid(win32::NextGuid::null);
 }
 } // namespace headless

@@ -44,4 +44,8 @@ std::size_t dropMessageBoxAnswers();
 /// Takes the posted messages of a window out of its queue, oldest first; null: those of all windows and
 /// threads.
 std::vector<MSG> takePostedMessages(HWND window);
+
+/// Makes the next CoCreateGuid fail with E_FAIL, or succeed with GUID_NULL.
+void failNextGuid();
+void giveNullGuidNext();
 } // namespace headless
