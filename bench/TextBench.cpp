@@ -4,6 +4,7 @@
 #include "QmCADLib.h"
 
 #include <benchmark/benchmark.h>
+#include <iconv.h>
 #include <random>
 #include <vector>
 
@@ -103,8 +104,48 @@ void encodeIcu(benchmark::State& state)
     }
     setThroughput(state, bytes64().size());
 }
+
+/// The beginning of the mixed text, as far as it is in GBK: the block from 4E00 to 9FA5 is.
+std::string gbkText(std::size_t bytes)
+{
+    auto units = mixedUnits(bytes);
+    for (auto& unit : units)
+        if (unit > 0x9fa5) unit = static_cast<std::uint16_t>(unit - 0x1000);
+    std::vector<char> text(3 * units.size() + 1);
+    text.resize(CEncoding::Unicode16ToUTF8(units.data(), static_cast<std::uint32_t>(units.size()),
+                                           text.data(), static_cast<std::uint32_t>(text.size())) -
+                1);
+    return std::string(text.begin(), text.end());
+}
+
+void gbkOurs(benchmark::State& state)
+{
+    const std::string source = gbkText(16 * megabyte);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(CEncoding::UTF8ToGBK(source));
+    setThroughput(state, source.size());
+    state.counters["goal"] = 1;
+}
+
+void gbkIconv(benchmark::State& state)
+{
+    std::string source = gbkText(16 * megabyte);
+    const iconv_t converter = iconv_open("GBK", "UTF-8");
+    for (auto _ : state) {
+        std::string target(source.size(), '\0');
+        char *from = source.data(), *to = target.data();
+        std::size_t fromLeft = source.size(), toLeft = target.size();
+        if (iconv(converter, &from, &fromLeft, &to, &toLeft) != 0) state.SkipWithError("not converted whole");
+        target.resize(target.size() - toLeft);
+        benchmark::DoNotOptimize(target);
+    }
+    iconv_close(converter);
+    setThroughput(state, source.size());
+}
 } // namespace
 
+BENCHMARK(gbkOurs)->Name("UTF8ToGBK_16MiB/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(gbkIconv)->Name("UTF8ToGBK_16MiB/iconv")->Unit(benchmark::kMillisecond);
 BENCHMARK(decodeOurs)->Name("UTF8ToUnicode16_64MiB/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(decodeIcu)->Name("UTF8ToUnicode16_64MiB/icu")->Unit(benchmark::kMillisecond);
 BENCHMARK(encodeOurs)->Name("Unicode16ToUTF8_64MiB/ours")->Unit(benchmark::kMillisecond);

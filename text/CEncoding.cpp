@@ -6,9 +6,116 @@
 #include <cctype>
 #include <cstdio>
 #include <limits>
+#include <memory>
+#include <new>
 
 namespace
 {
+constexpr UINT simplifiedChinese = 936, traditionalChinese = 950;
+constexpr LCID simplifiedLocale = 0x0804, traditionalLocale = 0x20804;
+
+/// Runs a conversion; without memory for its result it throws what the strings of the system throw.
+template <class Conversion>
+auto withinMemory(Conversion convert)
+{
+    try {
+        return convert();
+    } catch (const std::bad_alloc&) {
+        AtlThrow(E_OUTOFMEMORY);
+    }
+}
+
+int checkedLength(std::size_t length)
+{
+    if (length > static_cast<std::size_t>(std::numeric_limits<int>::max())) AtlThrow(E_INVALIDARG);
+    return static_cast<int>(length);
+}
+
+int widen(UINT codePage, const char* text, int length, wchar_t* to, int capacity)
+{
+    return MultiByteToWideChar(codePage, 0, text, length, to, capacity);
+}
+
+int narrow(UINT codePage, const wchar_t* text, int length, char* to, int capacity)
+{
+    return WideCharToMultiByte(codePage, 0, text, length, to, capacity, nullptr, nullptr);
+}
+
+std::wstring wideString(UINT codePage, const char* text, std::size_t size)
+{
+    const int length = checkedLength(size);
+    return withinMemory([&] {
+        std::wstring wide(widen(codePage, text, length, nullptr, 0), L'\0');
+        widen(codePage, text, length, wide.data(), static_cast<int>(wide.size()));
+        return wide;
+    });
+}
+
+std::string narrowString(UINT codePage, const wchar_t* text, std::size_t size)
+{
+    const int length = checkedLength(size);
+    return withinMemory([&] {
+        std::string bytes(narrow(codePage, text, length, nullptr, 0), '\0');
+        narrow(codePage, text, length, bytes.data(), static_cast<int>(bytes.size()));
+        return bytes;
+    });
+}
+
+/// A text as an array of its own. `convert(to, capacity)` is called to measure and again to convert.
+template <class Char, class Convert>
+std::unique_ptr<Char[]> newText(Convert convert)
+{
+    const int size = convert(nullptr, 0);
+    return withinMemory([&] {
+        std::unique_ptr<Char[]> text(new Char[static_cast<std::size_t>(size) + 1]());
+        convert(text.get(), size);
+        return text;
+    });
+}
+
+std::unique_ptr<wchar_t[]> wideText(UINT codePage, const char* text)
+{
+    return newText<wchar_t>(
+        [&](wchar_t* to, int capacity) { return widen(codePage, text ? text : "", -1, to, capacity); });
+}
+
+std::unique_ptr<char[]> narrowText(UINT codePage, const wchar_t* text)
+{
+    return newText<char>(
+        [&](char* to, int capacity) { return narrow(codePage, text ? text : L"", -1, to, capacity); });
+}
+
+char* mappedText(const char* text, DWORD mapping, LCID measuringLocale, LCID mappingLocale)
+{
+    return newText<char>([&](char* to, int capacity) {
+               return LCMapStringA(to ? mappingLocale : measuringLocale, mapping, text ? text : "", -1, to,
+                                   capacity);
+           })
+        .release();
+}
+
+/// Converts into `result` when the second of the two calls agrees with the first.
+template <class String, class Convert>
+bool convertInto(String& result, Convert convert)
+{
+    const int size = convert(nullptr, 0);
+    String converted;
+    if (convert(converted.GetBuffer(size), size) != size) return false;
+    converted.ReleaseBuffer(size);
+    result = converted;
+    return true;
+}
+
+/// Whether the first two bytes of the text in the ANSI code page lie in the two ranges.
+bool startsWithin(const CString& text, int firstLeast, int firstMost, int secondLeast, int secondMost)
+{
+    const CString start = text.Left(2);
+    const std::string bytes = narrowString(CP_ACP, start, static_cast<std::size_t>(start.GetLength()));
+    if (bytes.size() < 2) return false;
+    const auto first = static_cast<unsigned char>(bytes[0]), second = static_cast<unsigned char>(bytes[1]);
+    return first >= firstLeast && first <= firstMost && second >= secondLeast && second <= secondMost;
+}
+
 /// Prints a diagnostic `count` times. A target of millions of cells can ask for as many diagnostics, so
 /// they leave in large pieces.
 void printDiagnostics(const char* diagnostic, std::size_t count)
@@ -49,6 +156,112 @@ void readHexDigit(char digit, unsigned& value)
     if (code >= 'a' && code <= 'z') value = code - 87u;
 }
 } // namespace
+
+std::string CEncoding::ANSIToUTF8(const wchar_t* text, int length)
+{
+    if (!text) return {};
+    const std::size_t whole = std::wcslen(text);
+    const int measured = length < 0
+                             ? checkedLength(whole)
+                             : static_cast<int>(std::min<std::size_t>(whole, static_cast<unsigned>(length)));
+    const int size = narrow(CP_UTF8, text, measured, nullptr, 0);
+    if (size == 0) return {};
+    return withinMemory([&] {
+        const std::unique_ptr<char[]> bytes(new char[static_cast<std::size_t>(size) + 1]());
+        narrow(CP_UTF8, text, -1, bytes.get(), size);
+        return std::string(bytes.get());
+    });
+}
+
+std::wstring CEncoding::ANSIToUnicode(const std::string& text)
+{
+    return wideString(CP_ACP, text.data(), text.size());
+}
+
+std::string CEncoding::UnicodeToANSI(const wchar_t* text)
+{
+    return text ? narrowString(CP_ACP, text, std::wcslen(text)) : std::string();
+}
+
+std::wstring CEncoding::UTF8ToUnicode(const std::string& text)
+{
+    return wideString(CP_UTF8, text.data(), text.size());
+}
+
+bool CEncoding::UTF8ToUnicode(const CStringA& text, CString& result)
+{
+    return convertInto(result, [&](wchar_t* to, int capacity) {
+        return widen(CP_UTF8, text, text.GetLength(), to, capacity);
+    });
+}
+
+bool CEncoding::UnicodeToUTF8(const CString& text, CStringA& result)
+{
+    return convertInto(result, [&](char* to, int capacity) {
+        return narrow(CP_UTF8, text, text.GetLength(), to, capacity);
+    });
+}
+
+std::string CEncoding::UTF8ToGBK(const std::string& text)
+{
+    const std::wstring wide = UTF8ToUnicode(text);
+    return narrowString(CP_ACP, wide.data(), wide.size());
+}
+
+std::string CEncoding::UTF8ToGBK(const CString& text)
+{
+    return UTF8ToGBK(narrowString(CP_THREAD_ACP, text, static_cast<std::size_t>(text.GetLength())));
+}
+
+char* CEncoding::G2U(const char* text)
+{
+    return narrowText(CP_UTF8, wideText(CP_ACP, text).get()).release();
+}
+
+char* CEncoding::U2G(const char* text)
+{
+    return narrowText(CP_ACP, wideText(CP_UTF8, text).get()).release();
+}
+
+wchar_t* CEncoding::GB2312ToUnicode(const char* text)
+{
+    return wideText(simplifiedChinese, text).release();
+}
+
+wchar_t* CEncoding::BIG5ToUnicode(const char* text)
+{
+    return wideText(traditionalChinese, text).release();
+}
+
+char* CEncoding::UnicodeToGB2312(const wchar_t* text)
+{
+    return narrowText(simplifiedChinese, text).release();
+}
+
+char* CEncoding::UnicodeToBIG5(const wchar_t* text)
+{
+    return narrowText(traditionalChinese, text).release();
+}
+
+char* CEncoding::BIG5ToGB2312(const char* text)
+{
+    return mappedText(text, LCMAP_SIMPLIFIED_CHINESE, traditionalLocale, simplifiedLocale);
+}
+
+char* CEncoding::GB2312ToBIG5(const char* text)
+{
+    return mappedText(text, LCMAP_TRADITIONAL_CHINESE, traditionalLocale, traditionalLocale);
+}
+
+bool CEncoding::isGB2321Code(CString& text)
+{
+    return startsWithin(text, 0xb0, 0xf7, 0xa0, 0xfe);
+}
+
+bool CEncoding::isGBKCode(CString& text)
+{
+    return startsWithin(text, 0x81, 0xfe, 0x40, 0xfe);
+}
 
 std::uint32_t CEncoding::UTF8ToUnicode16(const std::uint8_t* src, std::uint32_t srcLen, std::uint16_t* dst,
                                          std::uint32_t dstSize)
