@@ -61,6 +61,36 @@ std::string narrowString(UINT codePage, const wchar_t* text, std::size_t size)
     });
 }
 
+constexpr std::size_t pieceSize = 8192;
+
+/// How many bytes of UTF-8 from `at` on are converted together: about a piece, cut where no sequence can
+/// go across. A sequence has at most three continuation bytes; behind as many every further one is alone.
+std::size_t pieceLength(const std::string& text, std::size_t at)
+{
+    if (text.size() - at <= pieceSize) return text.size() - at;
+    for (std::size_t length = pieceSize; length >= pieceSize - 3; --length)
+        if ((static_cast<unsigned char>(text[at + length]) & 0xc0) != 0x80) return length;
+    return pieceSize;
+}
+
+/// UTF-8 to the ANSI code page, piece by piece so that the wide text between them stays in the cache. No
+/// byte makes more than one wide character, and none of those more than four bytes: nothing is measured.
+std::string ansiOfUtf8(const std::string& text)
+{
+    const std::unique_ptr<wchar_t[]> wide(new wchar_t[pieceSize]);
+    const std::unique_ptr<char[]> bytes(new char[4 * pieceSize]);
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = pieceLength(text, at);
+        const int units = widen(CP_UTF8, text.data() + at, static_cast<int>(length), wide.get(), pieceSize);
+        const int size = narrow(CP_ACP, wide.get(), units, bytes.get(), 4 * pieceSize);
+        result.append(bytes.get(), static_cast<std::size_t>(size));
+        at += length;
+    }
+    return result;
+}
+
 /// A text as an array of its own. `convert(to, capacity)` is called to measure and again to convert.
 template <class Char, class Convert>
 std::unique_ptr<Char[]> newText(Convert convert)
@@ -204,8 +234,7 @@ bool CEncoding::UnicodeToUTF8(const CString& text, CStringA& result)
 
 std::string CEncoding::UTF8ToGBK(const std::string& text)
 {
-    const std::wstring wide = UTF8ToUnicode(text);
-    return narrowString(CP_ACP, wide.data(), wide.size());
+    return withinMemory([&] { return ansiOfUtf8(text); });
 }
 
 std::string CEncoding::UTF8ToGBK(const CString& text)

@@ -157,6 +157,20 @@ TEST_F(CodePages, LargeTextsComeBackUnchanged)
               CEncoding::UTF8ToUnicode(text));
 }
 
+TEST_F(CodePages, Utf8ToGbkIsTheSameAsByWayOfWideText)
+{
+    // Long enough for several pieces, with strays, cut-off and too long sequences at every distance.
+    const char* parts[] = {"\xe4\xb8\xad", "a",   "\xf0\x9f\x98\x80", "\x80\x80\x80\x80\x80", "\xe4\xb8",
+                           "\xf0\x9f",     "\xc3"};
+    std::string text;
+    for (unsigned seed = 1; text.size() < 100000; seed = seed * 1103515245 + 12345)
+        text += parts[(seed >> 16) % 7];
+    const std::wstring between = CEncoding::UTF8ToUnicode(text);
+    EXPECT_EQ(CEncoding::UTF8ToGBK(text), CEncoding::UnicodeToANSI(between.c_str()));
+    const std::string strays(30000, '\x80');
+    EXPECT_EQ(CEncoding::UTF8ToGBK(strays), std::string(30000, '?'));
+}
+
 TEST(GbCode, LooksAtTheFirstTwoBytesOnly)
 {
     EXPECT_TRUE(isGb2321(L"\x4e2d")); // D6 D0
