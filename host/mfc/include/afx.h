@@ -10,6 +10,7 @@
 #include "afxexcept.h"
 #include "afxfile.h"
 #include "afxobject.h"
+#include "afxstdio.h"
 #include "afxv_dll.h"
 #include "atlstr.h"
 #include "atltime.h"
