@@ -4,6 +4,7 @@
 #include "GuidSource.h"
 #include "Keyboard.h"
 #include "MessageQueue.h"
+#include "ModuleTable.h"
 #include "ScreenSize.h"
 #include "ShownMessageBoxes.h"
 
@@ -60,5 +61,10 @@ void failNextGuid()
 void giveNullGuidNext()
 {
     win32::setNextGuid(win32::NextGuid::null);
+}
+
+void attachLoadedModules()
+{
+    win32::attachLoadedModules();
 }
 } // namespace headless

@@ -48,4 +48,8 @@ std::vector<MSG> takePostedMessages(HWND window);
 /// Makes the next CoCreateGuid fail with E_FAIL, or succeed with GUID_NULL.
 void failNextGuid();
 void giveNullGuidNext();
+
+/// Calls DllMain of the modules that the program is linked with, those they depend on first. A host does this
+/// before anything else; the first LoadLibraryW does it otherwise. Each module is told once.
+void attachLoadedModules();
 } // namespace headless

@@ -185,6 +185,7 @@ const Message messages[] = {
     {ERROR_CLIPBOARD_NOT_OPEN, L"Thread does not have a clipboard open."},
     {ERROR_HOTKEY_NOT_REGISTERED, L"Hot key is not registered."},
     {ERROR_CONTROL_ID_NOT_FOUND, L"Control ID not found."},
+    {ERROR_INVALID_MSGBOX_STYLE, L"Invalid message box style."},
     {ERROR_INVALID_GW_COMMAND, L"Invalid GW_* command."},
     {ERROR_INVALID_THREAD_ID, L"Invalid thread identifier."},
     {ERROR_TIMEOUT, L"This operation returned because the timeout period expired."},

@@ -30,6 +30,7 @@ Classes& classes()
     return all;
 }
 
+// Asked before the windows are locked: DllMain makes windows while the modules are locked.
 HINSTANCE moduleOf(HINSTANCE instance)
 {
     return instance ? instance : GetModuleHandleW(nullptr);
@@ -68,8 +69,8 @@ bool isUsable(const WNDCLASSEXW& asked)
 
 ATOM add(const WNDCLASSEXW& asked)
 {
-    const WindowLock lock;
     const HINSTANCE instance = moduleOf(asked.hInstance);
+    const WindowLock lock;
     if (find(asked.lpszClassName, instance) != classes().end()) return failed(ERROR_CLASS_ALREADY_EXISTS);
     auto made = std::make_shared<WindowClass>();
     made->name = asked.lpszClassName;
@@ -88,7 +89,7 @@ namespace win32
 std::shared_ptr<WindowClass> findClass(LPCWSTR name, HINSTANCE instance)
 {
     if (!name) return nullptr;
-    auto found = find(name, moduleOf(instance));
+    auto found = find(name, instance);
     if (found == classes().end()) found = findGlobal(name);
     return found == classes().end() ? nullptr : *found;
 }
@@ -111,8 +112,9 @@ ATOM WINAPI RegisterClassW(const WNDCLASSW* from)
 
 BOOL WINAPI UnregisterClassW(LPCWSTR className, HINSTANCE instance)
 {
+    const HINSTANCE owner = moduleOf(instance);
     const WindowLock lock;
-    const auto found = className ? find(className, moduleOf(instance)) : classes().end();
+    const auto found = className ? find(className, owner) : classes().end();
     if (found == classes().end()) return failed(ERROR_CLASS_DOES_NOT_EXIST);
     if ((*found)->windows > 0) return failed(ERROR_CLASS_HAS_WINDOWS);
     classes().erase(found);

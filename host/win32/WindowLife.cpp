@@ -3,6 +3,7 @@
 #include "WindowTable.h"
 
 #include "errhandlingapi.h"
+#include "libloaderapi.h"
 #include "processthreadsapi.h"
 #include "winerror.h"
 
@@ -140,6 +141,7 @@ HWND WINAPI CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR windowName
                             int width, int height, HWND parent, HMENU menu, HINSTANCE instance,
                             LPVOID parameter)
 {
+    if (!instance) instance = GetModuleHandleW(nullptr);
     CREATESTRUCTW asked{parameter,  instance,  menu,   parent, height, width, y, x, static_cast<LONG>(style),
                         windowName, className, exStyle};
     HWND handle = nullptr;

@@ -80,7 +80,7 @@ std::vector<HWND> childrenOf(HWND parent);
 std::vector<HWND> descendantsOf(HWND parent);
 std::vector<HWND> ownedBy(HWND owner);
 
-/// The class known to a module under a name or MAKEINTATOM number, or null.
+/// The class known to a module (not null) under a name or MAKEINTATOM number, or null.
 std::shared_ptr<WindowClass> findClass(LPCWSTR name, HINSTANCE instance);
 
 /// Where the client area of a window begins on the screen; (0, 0) for null and the desktop.
