@@ -3,6 +3,7 @@
 #include "CStringBuffer.inl"
 #include "CStringConvert.inl"
 #include "CStringEdit.inl"
+#include "CStringFormat.inl"
 #include "CStringSearch.inl"
 #include "CStringTrim.inl"
 

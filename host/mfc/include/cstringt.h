@@ -215,6 +215,31 @@ public:
     /// piece. A negative start is E_INVALIDARG.
     CStringT Tokenize(PCXSTR separators, int& start) const;
 
+    /// Becomes, or gets appended, the formatted text; crtformat.h has the directives. Strings of either width
+    /// are passed as they are. The arguments may point into this string.
+    template <class... Args>
+    void Format(PCXSTR format, const Args&... args)
+    {
+        const auto list = crt::formatArgs(args...);
+        formatTyped(format, list.begin(), list.size());
+    }
+    template <class... Args>
+    void AppendFormat(PCXSTR format, const Args&... args)
+    {
+        const auto list = crt::formatArgs(args...);
+        appendFormatTyped(format, list.begin(), list.size());
+    }
+    /// For the arguments of a function with `...`: crt::formatV has the limits.
+    void FormatV(PCXSTR format, va_list args);
+    void AppendFormatV(PCXSTR format, va_list args);
+    /// Becomes the message with its inserts %1, %2!d! ...; see crt::formatMessage.
+    template <class... Args>
+    void FormatMessage(PCXSTR format, const Args&... args)
+    {
+        const auto list = crt::formatArgs(args...);
+        formatMessageTyped(format, list.begin(), list.size());
+    }
+
     /// Below 0, 0 or above 0 as this text comes before, equals or comes behind the other by the values of its
     /// characters. Collate is the same order: the host has one language.
     int Compare(PCXSTR text) const noexcept { return compareText(m_text, text ? text : nilText()); }
@@ -371,6 +396,9 @@ private:
     void reserveText(int capacity);
     bool contains(PCXSTR text) const noexcept;
     void appendSlow(PCXSTR text, int length);
+    void formatTyped(PCXSTR format, const crt::FormatArg* args, std::size_t count);
+    void appendFormatTyped(PCXSTR format, const crt::FormatArg* args, std::size_t count);
+    void formatMessageTyped(PCXSTR format, const crt::FormatArg* args, std::size_t count);
     int insertText(int index, PCXSTR text, int length);
     void keep(int first, int count);
     template <class IsUnwanted>

@@ -4,6 +4,8 @@
 
 #include "windef.h"
 
+#include "crtformat.h"
+
 namespace crt
 {
 /// A character in upper or lower case by the simple mapping of Unicode; others as they are.
