@@ -12,7 +12,7 @@ void AFX_CDECL AfxTrace(LPCWSTR format, ...)
     va_start(arguments, format);
     const int length = std::vswprintf(text, sizeof text / sizeof *text, format, arguments);
     va_end(arguments);
-    std::fprintf(stderr, "%ls", length < 0 ? format : text);
+    OutputDebugStringW(length < 0 ? format : text);
 }
 
 void AFXAPI AfxAssertFailedLine(LPCSTR file, int line)

@@ -19,6 +19,10 @@ public:
     /// Describes the error in at most maxError characters, the closing null included; the text is cut to
     /// fit. FALSE, and an empty text, when there is no description.
     virtual BOOL GetErrorMessage(LPTSTR error, UINT maxError, PUINT helpContext = nullptr) const;
+    /// Shows the description in a message box and returns what AfxMessageBox does. An exception without a
+    /// description shows the text of the string resource `messageId`, or a general one.
+    virtual int ReportError(UINT type = MB_OK, UINT messageId = 0);
+
     BOOL m_bAutoDelete;
 
 protected:

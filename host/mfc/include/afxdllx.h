@@ -1,0 +1,5 @@
+#pragma once
+
+/// Included by the one source file of an extension module that holds its DllMain.
+
+#include "afxwin.h"
