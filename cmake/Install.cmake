@@ -26,4 +26,4 @@ configure_package_config_file(cmake/QmCADLibConfig.cmake.in ${CMAKE_BINARY_DIR}/
   INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(${CMAKE_BINARY_DIR}/QmCADLibConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/QmCADLibConfig.cmake ${CMAKE_BINARY_DIR}/QmCADLibConfigVersion.cmake
-  cmake/ArxModule.cmake DESTINATION ${package_dir})
+  cmake/ArxModule.cmake cmake/ModuleVersion.cpp.in DESTINATION ${package_dir})
