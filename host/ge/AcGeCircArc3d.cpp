@@ -159,7 +159,7 @@ AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& startPoint, const AcGePoint
 }
 
 // The circumcentre from the two sides at the start point a and b and their cross product n:
-// (|a|^2 b - |b|^2 a) x n / (2 |n|^2) from it, with b x n turned so that it points inwards.
+// (|a|^2 b - |b|^2 a) x n / (2 |n|^2) from it.
 AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& startPoint, const AcGePoint3d& pnt, const AcGePoint3d& endPoint,
                                   AcGeError& error)
 {
@@ -171,9 +171,9 @@ AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& startPoint, const AcGePoint
             : !(n.length() > 1e-14 * a.length() * b.length()) ? AcGe::kLinearlyDependentArg1Arg2Arg3
                                                           : AcGe::kOk;
     if (error != AcGe::kOk) return *this;
-    const AcGeVector3d inwards = (b * a.lengthSqrd() - a * b.lengthSqrd()).crossProduct(n) / (-2 * n.lengthSqrd());
-    const AcGePoint3d centre = startPoint - inwards;
-    const AcGeVector3d ref = inwards, last = endPoint - centre;
+    const AcGeVector3d spoke = (b * a.lengthSqrd() - a * b.lengthSqrd()).crossProduct(n) / (-2 * n.lengthSqrd());
+    const AcGePoint3d centre = startPoint - spoke;
+    const AcGeVector3d ref = spoke, last = endPoint - centre;
     return set(centre, n, ref, ref.length(), 0, ref.angleTo(last, n));
 }
 
