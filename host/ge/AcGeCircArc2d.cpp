@@ -63,7 +63,7 @@ bool AcGeCircArc2d::tangent(const AcGePoint2d& pnt, AcGeLine2d& line, const AcGe
     double t = 0;
     error = !(mRadius > tol.equalPoint()) ? AcGe::k0This : isOn(pnt, t, tol) ? AcGe::kOk : AcGe::kArg1TooBig;
     if (error != AcGe::kOk) return false;
-    AcGeVector3d d[2];
+    Arrow d[2];
     derivatives(form(), t, 1, d);
     line.set(pnt, toVector2d(d[1]).normal());
     return true;

@@ -266,7 +266,7 @@ AcGePoint2d AcGeCurve2d::evalPoint(double param) const { return toPoint2d(pointA
 
 AcGePoint2d AcGeCurve2d::evalPoint(double param, int numDeriv, AcGeVector2dArray& derivArray) const
 {
-    decltype(lift(AcGeVector2d())) d[4];
+    Arrow d[4];
     const int order = std::clamp(numDeriv, 0, 3);
     derivatives(form(), param, order, d);
     derivArray.setLogicalLength(order);

@@ -312,7 +312,7 @@ AcGePoint3d AcGeCurve3d::evalPoint(double param) const { return toPoint3d(pointA
 
 AcGePoint3d AcGeCurve3d::evalPoint(double param, int numDeriv, AcGeVector3dArray& derivArray) const
 {
-    decltype(lift(AcGeVector3d())) d[4];
+    Arrow d[4];
     const int order = std::clamp(numDeriv, 0, 3);
     derivatives(form(), param, order, d);
     derivArray.setLogicalLength(order);

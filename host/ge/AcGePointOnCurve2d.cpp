@@ -16,7 +16,7 @@ AcGePoint2d AcGePointOnCurve2d::point(const AcGeCurve2d& crv, double param)
 AcGeVector2d AcGePointOnCurve2d::deriv(int order) const
 {
     if (order < 1 || order > 3) return {};
-    decltype(gecore::lift(AcGeVector2d())) d[4];
+    gecore::Arrow d[4];
     gecore::derivatives(mCurve->form(), mParam, order, d);
     return gecore::toVector2d(d[order]);
 }

@@ -16,7 +16,7 @@ AcGePoint3d AcGePointOnCurve3d::point(const AcGeCurve3d& crv, double param)
 AcGeVector3d AcGePointOnCurve3d::deriv(int order) const
 {
     if (order < 1 || order > 3) return {};
-    decltype(gecore::lift(AcGeVector3d())) d[4];
+    gecore::Arrow d[4];
     gecore::derivatives(mCurve->form(), mParam, order, d);
     return gecore::toVector3d(d[order]);
 }

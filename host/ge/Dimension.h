@@ -6,6 +6,10 @@
 
 namespace gecore
 {
+/// Points and vectors of the numeric forms, in sources that exist for both dimensions.
+using Place = AcGePoint3d;
+using Arrow = AcGeVector3d;
+
 inline AcGePoint3d lift(const AcGePoint3d& p) { return p; }
 inline AcGePoint3d lift(const AcGePoint2d& p) { return {p.x, p.y, 0}; }
 inline AcGeVector3d lift(const AcGeVector3d& v) { return v; }
