@@ -18,7 +18,8 @@ Box boxOf(const AcGeBoundBlock2d& block)
 }
 } // namespace
 
-AcGeBoundBlock2d::AcGeBoundBlock2d(const AcGePoint2d& base, const AcGeVector2d& dir1, const AcGeVector2d& dir2)
+AcGeBoundBlock2d::AcGeBoundBlock2d(const AcGePoint2d& base, const AcGeVector2d& dir1,
+                                   const AcGeVector2d& dir2)
     : mBase(base), mEdge{dir1, dir2}
 {
 }
@@ -41,7 +42,10 @@ AcGeBoundBlock2d& AcGeBoundBlock2d::transformBy(const AcGeMatrix2d& xfm)
     return *this;
 }
 
-bool AcGeBoundBlock2d::isOn(const AcGePoint2d& pnt, const AcGeTol&) const { return contains(pnt); }
+bool AcGeBoundBlock2d::isOn(const AcGePoint2d& pnt, const AcGeTol&) const
+{
+    return contains(pnt);
+}
 
 void AcGeBoundBlock2d::getMinMaxPoints(AcGePoint2d& point1, AcGePoint2d& point2) const
 {
@@ -70,7 +74,8 @@ AcGeBoundBlock2d& AcGeBoundBlock2d::set(const AcGePoint2d& point1, const AcGePoi
     return *this;
 }
 
-AcGeBoundBlock2d& AcGeBoundBlock2d::set(const AcGePoint2d& base, const AcGeVector2d& dir1, const AcGeVector2d& dir2)
+AcGeBoundBlock2d& AcGeBoundBlock2d::set(const AcGePoint2d& base, const AcGeVector2d& dir1,
+                                        const AcGeVector2d& dir2)
 {
     return *this = AcGeBoundBlock2d(base, dir1, dir2);
 }

@@ -18,8 +18,8 @@ Box boxOf(const AcGeBoundBlock3d& block)
 }
 } // namespace
 
-AcGeBoundBlock3d::AcGeBoundBlock3d(const AcGePoint3d& base, const AcGeVector3d& dir1, const AcGeVector3d& dir2,
-                                   const AcGeVector3d& dir3)
+AcGeBoundBlock3d::AcGeBoundBlock3d(const AcGePoint3d& base, const AcGeVector3d& dir1,
+                                   const AcGeVector3d& dir2, const AcGeVector3d& dir3)
     : mBase(base), mEdge{dir1, dir2, dir3}
 {
 }
@@ -42,7 +42,10 @@ AcGeBoundBlock3d& AcGeBoundBlock3d::transformBy(const AcGeMatrix3d& xfm)
     return *this;
 }
 
-bool AcGeBoundBlock3d::isOn(const AcGePoint3d& pnt, const AcGeTol&) const { return contains(pnt); }
+bool AcGeBoundBlock3d::isOn(const AcGePoint3d& pnt, const AcGeTol&) const
+{
+    return contains(pnt);
+}
 
 void AcGeBoundBlock3d::getMinMaxPoints(AcGePoint3d& point1, AcGePoint3d& point2) const
 {
@@ -52,7 +55,8 @@ void AcGeBoundBlock3d::getMinMaxPoints(AcGePoint3d& point1, AcGePoint3d& point2)
             (edge[axis] < 0 ? point1 : point2)[axis] += edge[axis];
 }
 
-void AcGeBoundBlock3d::get(AcGePoint3d& base, AcGeVector3d& dir1, AcGeVector3d& dir2, AcGeVector3d& dir3) const
+void AcGeBoundBlock3d::get(AcGePoint3d& base, AcGeVector3d& dir1, AcGeVector3d& dir2,
+                           AcGeVector3d& dir3) const
 {
     base = mBase;
     dir1 = mEdge[0];
@@ -72,8 +76,8 @@ AcGeBoundBlock3d& AcGeBoundBlock3d::set(const AcGePoint3d& point1, const AcGePoi
     return *this;
 }
 
-AcGeBoundBlock3d& AcGeBoundBlock3d::set(const AcGePoint3d& base, const AcGeVector3d& dir1, const AcGeVector3d& dir2,
-                                        const AcGeVector3d& dir3)
+AcGeBoundBlock3d& AcGeBoundBlock3d::set(const AcGePoint3d& base, const AcGeVector3d& dir1,
+                                        const AcGeVector3d& dir2, const AcGeVector3d& dir3)
 {
     return *this = AcGeBoundBlock3d(base, dir1, dir2, dir3);
 }

@@ -62,24 +62,28 @@ bool AcGeBoundedPlane::intersectWith(const AcGePlane& plane, AcGeLineSeg3d& resu
     return segmentOf(on + line.direction() * lo, on + line.direction() * hi, tol, results);
 }
 
-bool AcGeBoundedPlane::intersectWith(const AcGeBoundedPlane& plane, AcGeLineSeg3d& result, const AcGeTol& tol) const
+bool AcGeBoundedPlane::intersectWith(const AcGeBoundedPlane& plane, AcGeLineSeg3d& result,
+                                     const AcGeTol& tol) const
 {
     AcGeLineSeg3d mine, theirs;
     if (!intersectWith(AcGePlane(plane.mOrigin, plane.mU, plane.mV), mine, tol)) return false;
     if (!plane.intersectWith(AcGePlane(mOrigin, mU, mV), theirs, tol)) return false;
     const AcGeVector3d along = mine.direction();
     const AcGePoint3d on = mine.startPoint();
-    const double a = (theirs.startPoint() - on).dotProduct(along), b = (theirs.endPoint() - on).dotProduct(along);
+    const double a = (theirs.startPoint() - on).dotProduct(along),
+                 b = (theirs.endPoint() - on).dotProduct(along);
     const double lo = std::max(0.0, std::min(a, b)), hi = std::min(mine.length(), std::max(a, b));
     return lo <= hi && segmentOf(on + along * lo, on + along * hi, tol, result);
 }
 
-AcGeBoundedPlane& AcGeBoundedPlane::set(const AcGePoint3d& origin, const AcGeVector3d& uVec, const AcGeVector3d& vVec)
+AcGeBoundedPlane& AcGeBoundedPlane::set(const AcGePoint3d& origin, const AcGeVector3d& uVec,
+                                        const AcGeVector3d& vVec)
 {
     return *this = AcGeBoundedPlane(origin, uVec, vVec);
 }
 
-AcGeBoundedPlane& AcGeBoundedPlane::set(const AcGePoint3d& p1, const AcGePoint3d& origin, const AcGePoint3d& p2)
+AcGeBoundedPlane& AcGeBoundedPlane::set(const AcGePoint3d& p1, const AcGePoint3d& origin,
+                                        const AcGePoint3d& p2)
 {
     return *this = AcGeBoundedPlane(p1, origin, p2);
 }

@@ -26,8 +26,8 @@ bool AcGeCircArc2d::isEqualTo(const AcGeEntity2d& entity, const AcGeTol& tol) co
     if (entity.type() != type()) return false;
     const auto& other = static_cast<const AcGeCircArc2d&>(entity);
     return mCenter.isEqualTo(other.mCenter, tol) && mClockWise == other.mClockWise &&
-           std::fabs(mRadius - other.mRadius) <= tol.equalPoint() && startPoint().isEqualTo(other.startPoint(), tol) &&
-           endPoint().isEqualTo(other.endPoint(), tol) &&
+           std::fabs(mRadius - other.mRadius) <= tol.equalPoint() &&
+           startPoint().isEqualTo(other.startPoint(), tol) && endPoint().isEqualTo(other.endPoint(), tol) &&
            evalPoint((mStart + mEnd) / 2).isEqualTo(other.evalPoint((other.mStart + other.mEnd) / 2), tol);
 }
 
@@ -58,7 +58,8 @@ bool AcGeCircArc2d::tangent(const AcGePoint2d& pnt, AcGeLine2d& line, const AcGe
     return tangent(pnt, line, tol, error);
 }
 
-bool AcGeCircArc2d::tangent(const AcGePoint2d& pnt, AcGeLine2d& line, const AcGeTol& tol, AcGeError& error) const
+bool AcGeCircArc2d::tangent(const AcGePoint2d& pnt, AcGeLine2d& line, const AcGeTol& tol,
+                            AcGeError& error) const
 {
     double t = 0;
     error = !(mRadius > tol.equalPoint()) ? AcGe::k0This : isOn(pnt, t, tol) ? AcGe::kOk : AcGe::kArg1TooBig;
@@ -94,7 +95,10 @@ AcGeCircArc2d& AcGeCircArc2d::setAngles(double startAng, double endAng)
     return *this;
 }
 
-AcGeCircArc2d& AcGeCircArc2d::setToComplement() { return setAngles(mEnd, mStart); }
+AcGeCircArc2d& AcGeCircArc2d::setToComplement()
+{
+    return setAngles(mEnd, mStart);
+}
 
 AcGeCircArc2d& AcGeCircArc2d::setRefVec(const AcGeVector2d& vec)
 {
@@ -103,7 +107,10 @@ AcGeCircArc2d& AcGeCircArc2d::setRefVec(const AcGeVector2d& vec)
     return *this;
 }
 
-AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& cent, double radius) { return set(cent, radius, 0, kTwoPi); }
+AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& cent, double radius)
+{
+    return set(cent, radius, 0, kTwoPi);
+}
 
 AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& cent, double radius, double ang1, double ang2,
                                   const AcGeVector2d& refVec, bool isClockWise)
@@ -112,34 +119,36 @@ AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& cent, double radius, double
     return setCenter(cent).setRadius(radius).setRefVec(refVec).setAngles(ang1, ang2);
 }
 
-AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& startPoint, const AcGePoint2d& pnt, const AcGePoint2d& endPoint)
+AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& startPoint, const AcGePoint2d& pnt,
+                                  const AcGePoint2d& endPoint)
 {
     AcGeError error;
     return set(startPoint, pnt, endPoint, error);
 }
 
 // The circumcentre: |a|^2 b turned back less |b|^2 a turned back, over twice a x b, from the start point.
-AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& startPoint, const AcGePoint2d& pnt, const AcGePoint2d& endPoint,
-                                  AcGeError& error)
+AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& startPoint, const AcGePoint2d& pnt,
+                                  const AcGePoint2d& endPoint, AcGeError& error)
 {
     const AcGeVector2d a = pnt - startPoint, b = endPoint - startPoint;
     const double cross = a.crossProduct(b);
     const AcGeTol& tol = AcGeContext::gTol;
-    error = startPoint.isEqualTo(pnt, tol)                     ? AcGe::kEqualArg1Arg2
-            : startPoint.isEqualTo(endPoint, tol)              ? AcGe::kEqualArg1Arg3
-            : pnt.isEqualTo(endPoint, tol)                     ? AcGe::kEqualArg2Arg3
+    error = startPoint.isEqualTo(pnt, tol)                          ? AcGe::kEqualArg1Arg2
+            : startPoint.isEqualTo(endPoint, tol)                   ? AcGe::kEqualArg1Arg3
+            : pnt.isEqualTo(endPoint, tol)                          ? AcGe::kEqualArg2Arg3
             : !(std::fabs(cross) > 1e-14 * a.length() * b.length()) ? AcGe::kLinearlyDependentArg1Arg2Arg3
-                                                               : AcGe::kOk;
+                                                                    : AcGe::kOk;
     if (error != AcGe::kOk) return *this;
-    const AcGeVector2d toCentre = (b.perpVector() * -a.lengthSqrd() + a.perpVector() * b.lengthSqrd()) / (2 * cross);
+    const AcGeVector2d toCentre =
+        (b.perpVector() * -a.lengthSqrd() + a.perpVector() * b.lengthSqrd()) / (2 * cross);
     const AcGePoint2d centre = startPoint + toCentre;
     const AcGeVector2d last = endPoint - centre;
     const double turn = last.angle() - (-toCentre).angle();
     return set(centre, toCentre.length(), 0, cross > 0 ? turn : -turn, -toCentre, cross < 0);
 }
 
-// The centre lies on the chord's bisector, r cos(angle / 2) from the chord; in terms of b, the tangent of a quarter
-// of the angle: chord (1 - b^2) / (4 b) to the left.
+// The centre lies on the chord's bisector, r cos(angle / 2) from the chord; in terms of b, the tangent of a
+// quarter of the angle: chord (1 - b^2) / (4 b) to the left.
 AcGeCircArc2d& AcGeCircArc2d::set(const AcGePoint2d& startPoint, const AcGePoint2d& endPoint, double bulge,
                                   bool bulgeFlag)
 {
@@ -173,4 +182,7 @@ bool AcGeCircArc2d::setBounds(double lo, double hi)
     return true;
 }
 
-void AcGeCircArc2d::resetBounds() { setAngles(0, kTwoPi); }
+void AcGeCircArc2d::resetBounds()
+{
+    setAngles(0, kTwoPi);
+}

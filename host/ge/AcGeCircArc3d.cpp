@@ -26,8 +26,8 @@ bool AcGeCircArc3d::isEqualTo(const AcGeEntity3d& entity, const AcGeTol& tol) co
     if (entity.type() != type()) return false;
     const auto& other = static_cast<const AcGeCircArc3d&>(entity);
     return mCenter.isEqualTo(other.mCenter, tol) && mNormal.isEqualTo(other.mNormal, tol) &&
-           std::fabs(mRadius - other.mRadius) <= tol.equalPoint() && startPoint().isEqualTo(other.startPoint(), tol) &&
-           endPoint().isEqualTo(other.endPoint(), tol) &&
+           std::fabs(mRadius - other.mRadius) <= tol.equalPoint() &&
+           startPoint().isEqualTo(other.startPoint(), tol) && endPoint().isEqualTo(other.endPoint(), tol) &&
            evalPoint((mStart + mEnd) / 2).isEqualTo(other.evalPoint((other.mStart + other.mEnd) / 2), tol);
 }
 
@@ -45,7 +45,8 @@ AcGePoint3d AcGeCircArc3d::closestPointToPlane(const AcGePlanarEnt& plane, AcGeP
     int count;
     AcGePoint3d best, other;
     if (!intersectWith(plane, count, best, other, tol)) {
-        // The height above the plane is a wave along the angle: its least size is at an end or where it turns.
+        // The height above the plane is a wave along the angle: its least size is at an end or where it
+        // turns.
         const AcGeVector3d n = plane.normal();
         const double turn = std::atan2(mNormal.crossProduct(mRef).dotProduct(n), mRef.dotProduct(n));
         best = startPoint();
@@ -71,8 +72,8 @@ bool AcGeCircArc3d::intersectWith(const AcGeCircArc3d& arc, int& intn, AcGePoint
     return firstTwo(meet(form(), arc.form(), tol.equalPoint()), intn, p1, p2);
 }
 
-bool AcGeCircArc3d::intersectWith(const AcGePlanarEnt& plane, int& numOfIntersect, AcGePoint3d& p1, AcGePoint3d& p2,
-                                  const AcGeTol& tol) const
+bool AcGeCircArc3d::intersectWith(const AcGePlanarEnt& plane, int& numOfIntersect, AcGePoint3d& p1,
+                                  AcGePoint3d& p2, const AcGeTol& tol) const
 {
     numOfIntersect = 0;
     AcGePlane mine;
@@ -91,7 +92,8 @@ bool AcGeCircArc3d::tangent(const AcGePoint3d& pnt, AcGeLine3d& line, const AcGe
     return tangent(pnt, line, tol, error);
 }
 
-bool AcGeCircArc3d::tangent(const AcGePoint3d& pnt, AcGeLine3d& line, const AcGeTol& tol, AcGeError& error) const
+bool AcGeCircArc3d::tangent(const AcGePoint3d& pnt, AcGeLine3d& line, const AcGeTol& tol,
+                            AcGeError& error) const
 {
     double t = 0;
     error = !(mRadius > tol.equalPoint()) ? AcGe::k0This : isOn(pnt, t, tol) ? AcGe::kOk : AcGe::kArg1TooBig;
@@ -102,7 +104,10 @@ bool AcGeCircArc3d::tangent(const AcGePoint3d& pnt, AcGeLine3d& line, const AcGe
     return true;
 }
 
-void AcGeCircArc3d::getPlane(AcGePlane& plane) const { plane.set(mCenter, mRef, mNormal.crossProduct(mRef)); }
+void AcGeCircArc3d::getPlane(AcGePlane& plane) const
+{
+    plane.set(mCenter, mRef, mNormal.crossProduct(mRef));
+}
 
 bool AcGeCircArc3d::isInside(const AcGePoint3d& pnt, const AcGeTol& tol) const
 {
@@ -146,13 +151,15 @@ AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& cent, const AcGeVector3d& n
     return set(cent, nrm, nrm.perpVector(), radius, 0, kTwoPi);
 }
 
-AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& cent, const AcGeVector3d& nrm, const AcGeVector3d& refVec,
-                                  double radius, double startAngle, double endAngle)
+AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& cent, const AcGeVector3d& nrm,
+                                  const AcGeVector3d& refVec, double radius, double startAngle,
+                                  double endAngle)
 {
     return setCenter(cent).setAxes(nrm, refVec).setRadius(radius).setAngles(startAngle, endAngle);
 }
 
-AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& startPoint, const AcGePoint3d& pnt, const AcGePoint3d& endPoint)
+AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& startPoint, const AcGePoint3d& pnt,
+                                  const AcGePoint3d& endPoint)
 {
     AcGeError error;
     return set(startPoint, pnt, endPoint, error);
@@ -160,18 +167,19 @@ AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& startPoint, const AcGePoint
 
 // The circumcentre from the two sides at the start point a and b and their cross product n:
 // (|a|^2 b - |b|^2 a) x n / (2 |n|^2) from it.
-AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& startPoint, const AcGePoint3d& pnt, const AcGePoint3d& endPoint,
-                                  AcGeError& error)
+AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& startPoint, const AcGePoint3d& pnt,
+                                  const AcGePoint3d& endPoint, AcGeError& error)
 {
     const AcGeVector3d a = pnt - startPoint, b = endPoint - startPoint, n = a.crossProduct(b);
     const AcGeTol& tol = AcGeContext::gTol;
-    error = startPoint.isEqualTo(pnt, tol)                ? AcGe::kEqualArg1Arg2
-            : startPoint.isEqualTo(endPoint, tol)         ? AcGe::kEqualArg1Arg3
-            : pnt.isEqualTo(endPoint, tol)                ? AcGe::kEqualArg2Arg3
+    error = startPoint.isEqualTo(pnt, tol)                    ? AcGe::kEqualArg1Arg2
+            : startPoint.isEqualTo(endPoint, tol)             ? AcGe::kEqualArg1Arg3
+            : pnt.isEqualTo(endPoint, tol)                    ? AcGe::kEqualArg2Arg3
             : !(n.length() > 1e-14 * a.length() * b.length()) ? AcGe::kLinearlyDependentArg1Arg2Arg3
-                                                          : AcGe::kOk;
+                                                              : AcGe::kOk;
     if (error != AcGe::kOk) return *this;
-    const AcGeVector3d spoke = (b * a.lengthSqrd() - a * b.lengthSqrd()).crossProduct(n) / (-2 * n.lengthSqrd());
+    const AcGeVector3d spoke =
+        (b * a.lengthSqrd() - a * b.lengthSqrd()).crossProduct(n) / (-2 * n.lengthSqrd());
     const AcGePoint3d centre = startPoint - spoke;
     const AcGeVector3d ref = spoke, last = endPoint - centre;
     return set(centre, n, ref, ref.length(), 0, ref.angleTo(last, n));
@@ -198,4 +206,7 @@ bool AcGeCircArc3d::setBounds(double lo, double hi)
     return true;
 }
 
-void AcGeCircArc3d::resetBounds() { setAngles(0, kTwoPi); }
+void AcGeCircArc3d::resetBounds()
+{
+    setAngles(0, kTwoPi);
+}

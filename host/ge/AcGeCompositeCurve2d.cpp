@@ -8,14 +8,21 @@ using namespace gecore;
 
 AcGeCompositeCurve2d::AcGeCompositeCurve2d() = default;
 
-AcGeCompositeCurve2d::AcGeCompositeCurve2d(const AcGeVoidPointerArray& curveList) { setCurveList(curveList); }
+AcGeCompositeCurve2d::AcGeCompositeCurve2d(const AcGeVoidPointerArray& curveList)
+{
+    setCurveList(curveList);
+}
 
-AcGeCompositeCurve2d::AcGeCompositeCurve2d(const AcGeVoidPointerArray& curveList, const AcGeIntArray& isOwnerOfCurves)
+AcGeCompositeCurve2d::AcGeCompositeCurve2d(const AcGeVoidPointerArray& curveList,
+                                           const AcGeIntArray& isOwnerOfCurves)
 {
     setCurveList(curveList, isOwnerOfCurves);
 }
 
-AcGeCompositeCurve2d::AcGeCompositeCurve2d(const AcGeCompositeCurve2d& other) : AcGeCurve2d(other) { *this = other; }
+AcGeCompositeCurve2d::AcGeCompositeCurve2d(const AcGeCompositeCurve2d& other) : AcGeCurve2d(other)
+{
+    *this = other;
+}
 
 AcGeCompositeCurve2d& AcGeCompositeCurve2d::operator=(const AcGeCompositeCurve2d& other)
 {
@@ -89,7 +96,10 @@ double AcGeCompositeCurve2d::localToGlobalParam(double param, int crvNum) const
     return known ? mLinks[static_cast<std::size_t>(crvNum)].outer(param) : 0;
 }
 
-CurveForm AcGeCompositeCurve2d::form() const { return chainForm(mLinks); }
+CurveForm AcGeCompositeCurve2d::form() const
+{
+    return chainForm(mLinks);
+}
 
 void AcGeCompositeCurve2d::turnRound()
 {

@@ -8,14 +8,21 @@ using namespace gecore;
 
 AcGeCompositeCurve3d::AcGeCompositeCurve3d() = default;
 
-AcGeCompositeCurve3d::AcGeCompositeCurve3d(const AcGeVoidPointerArray& curveList) { setCurveList(curveList); }
+AcGeCompositeCurve3d::AcGeCompositeCurve3d(const AcGeVoidPointerArray& curveList)
+{
+    setCurveList(curveList);
+}
 
-AcGeCompositeCurve3d::AcGeCompositeCurve3d(const AcGeVoidPointerArray& curveList, const AcGeIntArray& isOwnerOfCurves)
+AcGeCompositeCurve3d::AcGeCompositeCurve3d(const AcGeVoidPointerArray& curveList,
+                                           const AcGeIntArray& isOwnerOfCurves)
 {
     setCurveList(curveList, isOwnerOfCurves);
 }
 
-AcGeCompositeCurve3d::AcGeCompositeCurve3d(const AcGeCompositeCurve3d& other) : AcGeCurve3d(other) { *this = other; }
+AcGeCompositeCurve3d::AcGeCompositeCurve3d(const AcGeCompositeCurve3d& other) : AcGeCurve3d(other)
+{
+    *this = other;
+}
 
 AcGeCompositeCurve3d& AcGeCompositeCurve3d::operator=(const AcGeCompositeCurve3d& other)
 {
@@ -89,7 +96,10 @@ double AcGeCompositeCurve3d::localToGlobalParam(double param, int crvNum) const
     return known ? mLinks[static_cast<std::size_t>(crvNum)].outer(param) : 0;
 }
 
-CurveForm AcGeCompositeCurve3d::form() const { return chainForm(mLinks); }
+CurveForm AcGeCompositeCurve3d::form() const
+{
+    return chainForm(mLinks);
+}
 
 void AcGeCompositeCurve3d::turnRound()
 {

@@ -25,8 +25,14 @@ AcGeInterval intervalOf(const CurveForm& form)
     return interval;
 }
 
-double lowerOf(const AcGeInterval& i) { return i.isBoundedBelow() ? i.lowerBound() : -kInfinity; }
-double upperOf(const AcGeInterval& i) { return i.isBoundedAbove() ? i.upperBound() : kInfinity; }
+double lowerOf(const AcGeInterval& i)
+{
+    return i.isBoundedBelow() ? i.lowerBound() : -kInfinity;
+}
+double upperOf(const AcGeInterval& i)
+{
+    return i.isBoundedAbove() ? i.upperBound() : kInfinity;
+}
 
 AcGeBoundBlock2d blockOf(const CurveForm& form)
 {
@@ -50,7 +56,10 @@ bool AcGeCurve2d::isKindOf(AcGe::EntityId entType) const
     return entType == AcGe::kCurve2d || AcGeEntity2d::isKindOf(entType);
 }
 
-void AcGeCurve2d::getInterval(AcGeInterval& interval) const { interval = intervalOf(form()); }
+void AcGeCurve2d::getInterval(AcGeInterval& interval) const
+{
+    interval = intervalOf(form());
+}
 
 void AcGeCurve2d::getInterval(AcGeInterval& interval, AcGePoint2d& start, AcGePoint2d& end) const
 {
@@ -92,14 +101,16 @@ AcGePoint2d AcGeCurve2d::closestPointTo(const AcGePoint2d& pnt, const AcGeTol&) 
     return toPoint2d(closestTo(form(), lift(pnt)).point);
 }
 
-AcGePoint2d AcGeCurve2d::closestPointTo(const AcGeCurve2d& curve2d, AcGePoint2d& pntOnOtherCrv, const AcGeTol&) const
+AcGePoint2d AcGeCurve2d::closestPointTo(const AcGeCurve2d& curve2d, AcGePoint2d& pntOnOtherCrv,
+                                        const AcGeTol&) const
 {
     const FootPair pair = closestBetween(form(), curve2d.form());
     pntOnOtherCrv = toPoint2d(pair.onSecond);
     return toPoint2d(pair.onFirst);
 }
 
-void AcGeCurve2d::getClosestPointTo(const AcGePoint2d& pnt, AcGePointOnCurve2d& pntOnCrv, const AcGeTol& tol) const
+void AcGeCurve2d::getClosestPointTo(const AcGePoint2d& pnt, AcGePointOnCurve2d& pntOnCrv,
+                                    const AcGeTol& tol) const
 {
     pntOnCrv.setCurve(*this).setParameter(paramOf(pnt, tol));
 }
@@ -112,12 +123,14 @@ void AcGeCurve2d::getClosestPointTo(const AcGeCurve2d& curve2d, AcGePointOnCurve
     pntOnOtherCrv.setCurve(curve2d).setParameter(pair.t);
 }
 
-bool AcGeCurve2d::getNormalPoint(const AcGePoint2d& pnt, AcGePointOnCurve2d& pntOnCrv, const AcGeTol& tol) const
+bool AcGeCurve2d::getNormalPoint(const AcGePoint2d& pnt, AcGePointOnCurve2d& pntOnCrv,
+                                 const AcGeTol& tol) const
 {
     const Foot foot = closestTo(form(), lift(pnt));
     const AcGeVector2d along = AcGePointOnCurve2d(*this, foot.t).deriv(1);
     const AcGeVector2d towards = pnt - toPoint2d(foot.point);
-    if (!(foot.distance <= tol.equalPoint()) && !(std::fabs(towards.normal().dotProduct(along.normal())) <= 1e-7))
+    if (!(foot.distance <= tol.equalPoint()) &&
+        !(std::fabs(towards.normal().dotProduct(along.normal())) <= 1e-7))
         return false;
     pntOnCrv.setCurve(*this).setParameter(foot.t);
     return true;
@@ -127,14 +140,19 @@ void AcGeCurve2d::getLocalClosestPoints(const AcGePoint2d& point, AcGePointOnCur
                                         const AcGeInterval* nbhd, const AcGeTol&) const
 {
     const CurveForm f = form();
-    const double lo = nbhd ? std::max(f.lo, lowerOf(*nbhd)) : f.lo, hi = nbhd ? std::min(f.hi, upperOf(*nbhd)) : f.hi;
+    const double lo = nbhd ? std::max(f.lo, lowerOf(*nbhd)) : f.lo,
+                 hi = nbhd ? std::min(f.hi, upperOf(*nbhd)) : f.hi;
     if (!(lo <= hi)) return;
-    const Foot foot = f.isBounded() || std::isfinite(hi - lo) ? closestNear(f, lift(point), approxPnt.parameter(), lo, hi)
-                                                              : closestTo(trimmed(f, lo, hi), lift(point));
+    const Foot foot = f.isBounded() || std::isfinite(hi - lo)
+                          ? closestNear(f, lift(point), approxPnt.parameter(), lo, hi)
+                          : closestTo(trimmed(f, lo, hi), lift(point));
     approxPnt.setCurve(*this).setParameter(foot.t);
 }
 
-AcGeBoundBlock2d AcGeCurve2d::boundBlock() const { return blockOf(form()); }
+AcGeBoundBlock2d AcGeCurve2d::boundBlock() const
+{
+    return blockOf(form());
+}
 
 AcGeBoundBlock2d AcGeCurve2d::boundBlock(const AcGeInterval& range) const
 {
@@ -142,9 +160,15 @@ AcGeBoundBlock2d AcGeCurve2d::boundBlock(const AcGeInterval& range) const
     return part->boundBlock();
 }
 
-AcGeBoundBlock2d AcGeCurve2d::orthoBoundBlock() const { return boundBlock(); }
+AcGeBoundBlock2d AcGeCurve2d::orthoBoundBlock() const
+{
+    return boundBlock();
+}
 
-AcGeBoundBlock2d AcGeCurve2d::orthoBoundBlock(const AcGeInterval& range) const { return boundBlock(range); }
+AcGeBoundBlock2d AcGeCurve2d::orthoBoundBlock(const AcGeInterval& range) const
+{
+    return boundBlock(range);
+}
 
 bool AcGeCurve2d::isOn(const AcGePoint2d& pnt, const AcGeTol& tol) const
 {
@@ -165,16 +189,22 @@ bool AcGeCurve2d::isOn(double param, const AcGeTol& tol) const
     return param >= f.lo - tol.equalPoint() && param <= f.hi + tol.equalPoint();
 }
 
-double AcGeCurve2d::paramOf(const AcGePoint2d& pnt, const AcGeTol&) const { return closestTo(form(), lift(pnt)).t; }
+double AcGeCurve2d::paramOf(const AcGePoint2d& pnt, const AcGeTol&) const
+{
+    return closestTo(form(), lift(pnt)).t;
+}
 
-void AcGeCurve2d::getTrimmedOffset(double distance,
-                                   AcGeVoidPointerArray& offsetCurveList, AcGe::OffsetCrvExtType, const AcGeTol& tol) const
+void AcGeCurve2d::getTrimmedOffset(double distance, AcGeVoidPointerArray& offsetCurveList,
+                                   AcGe::OffsetCrvExtType, const AcGeTol& tol) const
 {
     AcGeCurve2d* offset = offsetOf(*this, distance, tol);
     if (offset) offsetCurveList.append(offset);
 }
 
-bool AcGeCurve2d::isClosed(const AcGeTol& tol) const { return gecore::isClosed(form(), tol.equalPoint()); }
+bool AcGeCurve2d::isClosed(const AcGeTol& tol) const
+{
+    return gecore::isClosed(form(), tol.equalPoint());
+}
 
 bool AcGeCurve2d::isLinear(AcGeLine2d& line, const AcGeTol& tol) const
 {
@@ -207,7 +237,8 @@ bool AcGeCurve2d::area(double startParam, double endParam, double& value, const 
 {
     const CurveForm f = form();
     const FlatFit fit = fitFlat(shapePoints(f), tol.equalPoint());
-    if (fit.kind == Flatness::kSpatial || !std::isfinite(startParam) || !std::isfinite(endParam)) return false;
+    if (fit.kind == Flatness::kSpatial || !std::isfinite(startParam) || !std::isfinite(endParam))
+        return false;
     value = fit.kind == Flatness::kPlanar ? std::fabs(areaBetween(f, startParam, endParam, fit.normal)) : 0;
     return true;
 }
@@ -262,7 +293,10 @@ bool AcGeCurve2d::hasEndPoint(AcGePoint2d& endPoint) const
     return true;
 }
 
-AcGePoint2d AcGeCurve2d::evalPoint(double param) const { return toPoint2d(pointAt(form(), param)); }
+AcGePoint2d AcGeCurve2d::evalPoint(double param) const
+{
+    return toPoint2d(pointAt(form(), param));
+}
 
 AcGePoint2d AcGeCurve2d::evalPoint(double param, int numDeriv, AcGeVector2dArray& derivArray) const
 {
@@ -275,8 +309,8 @@ AcGePoint2d AcGeCurve2d::evalPoint(double param, int numDeriv, AcGeVector2dArray
     return AcGePoint2d::kOrigin + toVector2d(d[0]);
 }
 
-void AcGeCurve2d::getSamplePoints(double fromParam, double toParam, double approxEps, AcGePoint2dArray& pointArray,
-                                  AcGeDoubleArray& paramArray, bool) const
+void AcGeCurve2d::getSamplePoints(double fromParam, double toParam, double approxEps,
+                                  AcGePoint2dArray& pointArray, AcGeDoubleArray& paramArray, bool) const
 {
     const CurveForm f = form();
     pointArray.removeAll();
@@ -293,7 +327,8 @@ void AcGeCurve2d::getSamplePoints(int numSample, AcGePoint2dArray& pointArray) c
     getSamplePoints(numSample, pointArray, params);
 }
 
-void AcGeCurve2d::getSamplePoints(int numSample, AcGePoint2dArray& pointArray, AcGeDoubleArray& paramArray) const
+void AcGeCurve2d::getSamplePoints(int numSample, AcGePoint2dArray& pointArray,
+                                  AcGeDoubleArray& paramArray) const
 {
     const CurveForm f = form();
     pointArray.removeAll();

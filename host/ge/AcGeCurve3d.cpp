@@ -26,8 +26,14 @@ AcGeInterval intervalOf(const CurveForm& form)
     return interval;
 }
 
-double lowerOf(const AcGeInterval& i) { return i.isBoundedBelow() ? i.lowerBound() : -kInfinity; }
-double upperOf(const AcGeInterval& i) { return i.isBoundedAbove() ? i.upperBound() : kInfinity; }
+double lowerOf(const AcGeInterval& i)
+{
+    return i.isBoundedBelow() ? i.lowerBound() : -kInfinity;
+}
+double upperOf(const AcGeInterval& i)
+{
+    return i.isBoundedAbove() ? i.upperBound() : kInfinity;
+}
 
 AcGeBoundBlock3d blockOf(const CurveForm& form)
 {
@@ -51,7 +57,10 @@ bool AcGeCurve3d::isKindOf(AcGe::EntityId entType) const
     return entType == AcGe::kCurve3d || AcGeEntity3d::isKindOf(entType);
 }
 
-void AcGeCurve3d::getInterval(AcGeInterval& interval) const { interval = intervalOf(form()); }
+void AcGeCurve3d::getInterval(AcGeInterval& interval) const
+{
+    interval = intervalOf(form());
+}
 
 void AcGeCurve3d::getInterval(AcGeInterval& interval, AcGePoint3d& start, AcGePoint3d& end) const
 {
@@ -93,14 +102,16 @@ AcGePoint3d AcGeCurve3d::closestPointTo(const AcGePoint3d& pnt, const AcGeTol&) 
     return toPoint3d(closestTo(form(), lift(pnt)).point);
 }
 
-AcGePoint3d AcGeCurve3d::closestPointTo(const AcGeCurve3d& curve3d, AcGePoint3d& pntOnOtherCrv, const AcGeTol&) const
+AcGePoint3d AcGeCurve3d::closestPointTo(const AcGeCurve3d& curve3d, AcGePoint3d& pntOnOtherCrv,
+                                        const AcGeTol&) const
 {
     const FootPair pair = closestBetween(form(), curve3d.form());
     pntOnOtherCrv = toPoint3d(pair.onSecond);
     return toPoint3d(pair.onFirst);
 }
 
-void AcGeCurve3d::getClosestPointTo(const AcGePoint3d& pnt, AcGePointOnCurve3d& pntOnCrv, const AcGeTol& tol) const
+void AcGeCurve3d::getClosestPointTo(const AcGePoint3d& pnt, AcGePointOnCurve3d& pntOnCrv,
+                                    const AcGeTol& tol) const
 {
     pntOnCrv.setCurve(*this).setParameter(paramOf(pnt, tol));
 }
@@ -122,18 +133,21 @@ AcGePoint3d AcGeCurve3d::projClosestPointTo(const AcGePoint3d& pnt, const AcGeVe
     const double t = image->paramOf(pnt, tol);
     const AcGePoint3d seen = image->evalPoint(t);
     delete image;
-    // The image of an ellipse may have other parameters: the point is where the ray through it meets the curve.
+    // The image of an ellipse may have other parameters: the point is where the ray through it meets the
+    // curve.
     AcGePoint3d onCurve;
     closestPointTo(AcGeLine3d(seen, projectDirection), onCurve, tol);
     return closestPointTo(onCurve, tol);
 }
 
-bool AcGeCurve3d::getNormalPoint(const AcGePoint3d& pnt, AcGePointOnCurve3d& pntOnCrv, const AcGeTol& tol) const
+bool AcGeCurve3d::getNormalPoint(const AcGePoint3d& pnt, AcGePointOnCurve3d& pntOnCrv,
+                                 const AcGeTol& tol) const
 {
     const Foot foot = closestTo(form(), lift(pnt));
     const AcGeVector3d along = AcGePointOnCurve3d(*this, foot.t).deriv(1);
     const AcGeVector3d towards = pnt - toPoint3d(foot.point);
-    if (!(foot.distance <= tol.equalPoint()) && !(std::fabs(towards.normal().dotProduct(along.normal())) <= 1e-7))
+    if (!(foot.distance <= tol.equalPoint()) &&
+        !(std::fabs(towards.normal().dotProduct(along.normal())) <= 1e-7))
         return false;
     pntOnCrv.setCurve(*this).setParameter(foot.t);
     return true;
@@ -143,14 +157,19 @@ void AcGeCurve3d::getLocalClosestPoints(const AcGePoint3d& point, AcGePointOnCur
                                         const AcGeInterval* nbhd, const AcGeTol&) const
 {
     const CurveForm f = form();
-    const double lo = nbhd ? std::max(f.lo, lowerOf(*nbhd)) : f.lo, hi = nbhd ? std::min(f.hi, upperOf(*nbhd)) : f.hi;
+    const double lo = nbhd ? std::max(f.lo, lowerOf(*nbhd)) : f.lo,
+                 hi = nbhd ? std::min(f.hi, upperOf(*nbhd)) : f.hi;
     if (!(lo <= hi)) return;
-    const Foot foot = f.isBounded() || std::isfinite(hi - lo) ? closestNear(f, lift(point), approxPnt.parameter(), lo, hi)
-                                                              : closestTo(trimmed(f, lo, hi), lift(point));
+    const Foot foot = f.isBounded() || std::isfinite(hi - lo)
+                          ? closestNear(f, lift(point), approxPnt.parameter(), lo, hi)
+                          : closestTo(trimmed(f, lo, hi), lift(point));
     approxPnt.setCurve(*this).setParameter(foot.t);
 }
 
-AcGeBoundBlock3d AcGeCurve3d::boundBlock() const { return blockOf(form()); }
+AcGeBoundBlock3d AcGeCurve3d::boundBlock() const
+{
+    return blockOf(form());
+}
 
 AcGeBoundBlock3d AcGeCurve3d::boundBlock(const AcGeInterval& range) const
 {
@@ -158,9 +177,15 @@ AcGeBoundBlock3d AcGeCurve3d::boundBlock(const AcGeInterval& range) const
     return part->boundBlock();
 }
 
-AcGeBoundBlock3d AcGeCurve3d::orthoBoundBlock() const { return boundBlock(); }
+AcGeBoundBlock3d AcGeCurve3d::orthoBoundBlock() const
+{
+    return boundBlock();
+}
 
-AcGeBoundBlock3d AcGeCurve3d::orthoBoundBlock(const AcGeInterval& range) const { return boundBlock(range); }
+AcGeBoundBlock3d AcGeCurve3d::orthoBoundBlock(const AcGeInterval& range) const
+{
+    return boundBlock(range);
+}
 
 AcGeEntity3d* AcGeCurve3d::project(const AcGePlane& projectionPlane, const AcGeVector3d& projectDirection,
                                    const AcGeTol& tol) const
@@ -192,16 +217,23 @@ bool AcGeCurve3d::isOn(double param, const AcGeTol& tol) const
     return param >= f.lo - tol.equalPoint() && param <= f.hi + tol.equalPoint();
 }
 
-double AcGeCurve3d::paramOf(const AcGePoint3d& pnt, const AcGeTol&) const { return closestTo(form(), lift(pnt)).t; }
+double AcGeCurve3d::paramOf(const AcGePoint3d& pnt, const AcGeTol&) const
+{
+    return closestTo(form(), lift(pnt)).t;
+}
 
 void AcGeCurve3d::getTrimmedOffset(double distance, const AcGeVector3d& planeNormal,
-                                   AcGeVoidPointerArray& offsetCurveList, AcGe::OffsetCrvExtType, const AcGeTol& tol) const
+                                   AcGeVoidPointerArray& offsetCurveList, AcGe::OffsetCrvExtType,
+                                   const AcGeTol& tol) const
 {
     AcGeCurve3d* offset = offsetOf(*this, distance, planeNormal, tol);
     if (offset) offsetCurveList.append(offset);
 }
 
-bool AcGeCurve3d::isClosed(const AcGeTol& tol) const { return gecore::isClosed(form(), tol.equalPoint()); }
+bool AcGeCurve3d::isClosed(const AcGeTol& tol) const
+{
+    return gecore::isClosed(form(), tol.equalPoint());
+}
 
 bool AcGeCurve3d::isPlanar(AcGePlane& plane, const AcGeTol& tol) const
 {
@@ -253,7 +285,8 @@ bool AcGeCurve3d::area(double startParam, double endParam, double& value, const 
 {
     const CurveForm f = form();
     const FlatFit fit = fitFlat(shapePoints(f), tol.equalPoint());
-    if (fit.kind == Flatness::kSpatial || !std::isfinite(startParam) || !std::isfinite(endParam)) return false;
+    if (fit.kind == Flatness::kSpatial || !std::isfinite(startParam) || !std::isfinite(endParam))
+        return false;
     value = fit.kind == Flatness::kPlanar ? std::fabs(areaBetween(f, startParam, endParam, fit.normal)) : 0;
     return true;
 }
@@ -308,7 +341,10 @@ bool AcGeCurve3d::hasEndPoint(AcGePoint3d& endPoint) const
     return true;
 }
 
-AcGePoint3d AcGeCurve3d::evalPoint(double param) const { return toPoint3d(pointAt(form(), param)); }
+AcGePoint3d AcGeCurve3d::evalPoint(double param) const
+{
+    return toPoint3d(pointAt(form(), param));
+}
 
 AcGePoint3d AcGeCurve3d::evalPoint(double param, int numDeriv, AcGeVector3dArray& derivArray) const
 {
@@ -321,8 +357,8 @@ AcGePoint3d AcGeCurve3d::evalPoint(double param, int numDeriv, AcGeVector3dArray
     return AcGePoint3d::kOrigin + toVector3d(d[0]);
 }
 
-void AcGeCurve3d::getSamplePoints(double fromParam, double toParam, double approxEps, AcGePoint3dArray& pointArray,
-                                  AcGeDoubleArray& paramArray, bool) const
+void AcGeCurve3d::getSamplePoints(double fromParam, double toParam, double approxEps,
+                                  AcGePoint3dArray& pointArray, AcGeDoubleArray& paramArray, bool) const
 {
     const CurveForm f = form();
     pointArray.removeAll();
@@ -339,7 +375,8 @@ void AcGeCurve3d::getSamplePoints(int numSample, AcGePoint3dArray& pointArray) c
     getSamplePoints(numSample, pointArray, params);
 }
 
-void AcGeCurve3d::getSamplePoints(int numSample, AcGePoint3dArray& pointArray, AcGeDoubleArray& paramArray) const
+void AcGeCurve3d::getSamplePoints(int numSample, AcGePoint3dArray& pointArray,
+                                  AcGeDoubleArray& paramArray) const
 {
     const CurveForm f = form();
     pointArray.removeAll();

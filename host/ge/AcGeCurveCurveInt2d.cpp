@@ -17,8 +17,14 @@ struct AcGeCurveCurveInt2d::Result {
 
 namespace
 {
-double lowerOf(const AcGeInterval& i) { return i.isBoundedBelow() ? i.lowerBound() : -kInfinity; }
-double upperOf(const AcGeInterval& i) { return i.isBoundedAbove() ? i.upperBound() : kInfinity; }
+double lowerOf(const AcGeInterval& i)
+{
+    return i.isBoundedBelow() ? i.lowerBound() : -kInfinity;
+}
+double upperOf(const AcGeInterval& i)
+{
+    return i.isBoundedAbove() ? i.upperBound() : kInfinity;
+}
 
 /// A form cut to a range; chains stay whole, and their meetings are sifted.
 CurveForm within(const CurveForm& form, const AcGeInterval& range)
@@ -28,7 +34,8 @@ CurveForm within(const CurveForm& form, const AcGeInterval& range)
 }
 
 /// On which side of a curve another one is, a little before or after they meet: 1 left, -1 right, 0 unknown.
-int sideOf(const CurveForm& curve, double s, const CurveForm& other, double t, double step, const Arrow& normal)
+int sideOf(const CurveForm& curve, double s, const CurveForm& other, double t, double step,
+           const Arrow& normal)
 {
     const double at = t + step;
     if (at < other.lo || at > other.hi) return 0;
@@ -41,12 +48,14 @@ int sideOf(const CurveForm& curve, double s, const CurveForm& other, double t, d
     return side > 0 ? 1 : side < 0 ? -1 : 0;
 }
 
-AcGe::AcGeXConfig configOf(const CurveForm& curve, double s, const CurveForm& other, double t, const Arrow& normal)
+AcGe::AcGeXConfig configOf(const CurveForm& curve, double s, const CurveForm& other, double t,
+                           const Arrow& normal)
 {
     Arrow d[2];
     derivatives(other, t, 1, d);
     const double reach = std::isfinite(other.hi - other.lo) ? (other.hi - other.lo) * 1e-4 : 1e-4;
-    const int before = sideOf(curve, s, other, t, -reach, normal), after = sideOf(curve, s, other, t, reach, normal);
+    const int before = sideOf(curve, s, other, t, -reach, normal),
+              after = sideOf(curve, s, other, t, reach, normal);
     if (before == 0 && after == 0) return AcGe::kUnknown;
     if (before == 0) return after > 0 ? AcGe::kPointLeft : AcGe::kPointRight;
     if (after == 0) return before > 0 ? AcGe::kPointLeft : AcGe::kPointRight;
@@ -98,7 +107,8 @@ AcGeCurveCurveInt2d& AcGeCurveCurveInt2d::set(const AcGeCurve2d& curve1, const A
                                configOf(b, m.t, a, m.s, normal)});
         }
         for (std::size_t i = 0; i < found.overlaps.size(); ++i)
-            for (const double value : {found.overlaps[i].s0, found.overlaps[i].s1, found.overlaps[i].t0, found.overlaps[i].t1})
+            for (const double value :
+                 {found.overlaps[i].s0, found.overlaps[i].s1, found.overlaps[i].t0, found.overlaps[i].t1})
                 mOverlaps.append(value);
     }
     mResults = std::make_shared<const std::vector<Result>>(std::move(results));
@@ -133,7 +143,10 @@ void AcGeCurveCurveInt2d::getIntRanges(AcGeInterval& range1, AcGeInterval& range
     range2 = mRange2;
 }
 
-int AcGeCurveCurveInt2d::numIntPoints() const { return static_cast<int>(mResults->size()); }
+int AcGeCurveCurveInt2d::numIntPoints() const
+{
+    return static_cast<int>(mResults->size());
+}
 
 int AcGeCurveCurveInt2d::numIntPoints(AcGeIntersectError& err) const
 {
@@ -160,7 +173,8 @@ void AcGeCurveCurveInt2d::getIntParams(int intNum, double& param1, double& param
     getIntParams(intNum, param1, param2, err);
 }
 
-void AcGeCurveCurveInt2d::getIntParams(int intNum, double& param1, double& param2, AcGeIntersectError& err) const
+void AcGeCurveCurveInt2d::getIntParams(int intNum, double& param1, double& param2,
+                                       AcGeIntersectError& err) const
 {
     const Result* result = resultAt(intNum);
     err = result ? AcGe::kXXOk : AcGe::kXXIndexOutOfRange;
@@ -178,7 +192,8 @@ void AcGeCurveCurveInt2d::getPointOnCurve2(int intNum, AcGePointOnCurve2d& pnt) 
     if (const Result* result = resultAt(intNum)) pnt.setCurve(*mCurve2).setParameter(result->meeting.t);
 }
 
-void AcGeCurveCurveInt2d::getIntConfigs(int intNum, AcGe::AcGeXConfig& config1wrt2, AcGe::AcGeXConfig& config2wrt1) const
+void AcGeCurveCurveInt2d::getIntConfigs(int intNum, AcGe::AcGeXConfig& config1wrt2,
+                                        AcGe::AcGeXConfig& config2wrt1) const
 {
     const Result* result = resultAt(intNum);
     config1wrt2 = result ? result->config2 : AcGe::kNotDefined;
@@ -203,9 +218,15 @@ double AcGeCurveCurveInt2d::intPointTol(int intNum) const
     return result ? result->gap : 0;
 }
 
-int AcGeCurveCurveInt2d::overlapCount() const { return mOverlaps.length() / 4; }
+int AcGeCurveCurveInt2d::overlapCount() const
+{
+    return mOverlaps.length() / 4;
+}
 
-bool AcGeCurveCurveInt2d::overlapDirection() const { return overlapCount() > 0 && mOverlaps[2] <= mOverlaps[3]; }
+bool AcGeCurveCurveInt2d::overlapDirection() const
+{
+    return overlapCount() > 0 && mOverlaps[2] <= mOverlaps[3];
+}
 
 void AcGeCurveCurveInt2d::getOverlapRanges(int overlapNum, AcGeInterval& range1, AcGeInterval& range2) const
 {
@@ -218,7 +239,8 @@ void AcGeCurveCurveInt2d::getOverlapRanges(int overlapNum, AcGeInterval& range1,
 AcGeCurveCurveInt2d& AcGeCurveCurveInt2d::orderWrt1()
 {
     std::vector<Result> sorted = *mResults;
-    std::sort(sorted.begin(), sorted.end(), [](const Result& a, const Result& b) { return a.meeting.s < b.meeting.s; });
+    std::sort(sorted.begin(), sorted.end(),
+              [](const Result& a, const Result& b) { return a.meeting.s < b.meeting.s; });
     mResults = std::make_shared<const std::vector<Result>>(std::move(sorted));
     return *this;
 }
@@ -226,7 +248,8 @@ AcGeCurveCurveInt2d& AcGeCurveCurveInt2d::orderWrt1()
 AcGeCurveCurveInt2d& AcGeCurveCurveInt2d::orderWrt2()
 {
     std::vector<Result> sorted = *mResults;
-    std::sort(sorted.begin(), sorted.end(), [](const Result& a, const Result& b) { return a.meeting.t < b.meeting.t; });
+    std::sort(sorted.begin(), sorted.end(),
+              [](const Result& a, const Result& b) { return a.meeting.t < b.meeting.t; });
     mResults = std::make_shared<const std::vector<Result>>(std::move(sorted));
     return *this;
 }

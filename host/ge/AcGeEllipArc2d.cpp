@@ -28,7 +28,8 @@ bool AcGeEllipArc2d::isEqualTo(const AcGeEntity2d& entity, const AcGeTol& tol) c
            std::fabs(mEnd - other.mEnd) <= tol.equalVector();
 }
 
-// Conjugate half axes p and q become perpendicular when the parameter is shifted by half of atan2(2 p.q, p^2 - q^2).
+// Conjugate half axes p and q become perpendicular when the parameter is shifted by half of atan2(2 p.q, p^2
+// - q^2).
 AcGeEllipArc2d& AcGeEllipArc2d::transformBy(const AcGeMatrix2d& xfm)
 {
     const AcGeVector2d p = xfm * mMajor, q = xfm * mMinor;
@@ -71,9 +72,15 @@ bool AcGeEllipArc2d::isInside(const AcGePoint2d& pnt, const AcGeTol& tol) const
     return whole.isOn(pnt, tol);
 }
 
-AcGeVector2d AcGeEllipArc2d::majorAxis() const { return unit(mMajor); }
+AcGeVector2d AcGeEllipArc2d::majorAxis() const
+{
+    return unit(mMajor);
+}
 
-AcGeVector2d AcGeEllipArc2d::minorAxis() const { return unit(mMinor); }
+AcGeVector2d AcGeEllipArc2d::minorAxis() const
+{
+    return unit(mMinor);
+}
 
 AcGeEllipArc2d& AcGeEllipArc2d::setCenter(const AcGePoint2d& cent)
 {
@@ -137,7 +144,10 @@ AcGeEllipArc2d& AcGeEllipArc2d::set(const AcGeCircArc2d& arc)
     return *this;
 }
 
-CurveForm AcGeEllipArc2d::form() const { return conicForm(lift(mCenter), lift(mMajor), lift(mMinor), mStart, mEnd); }
+CurveForm AcGeEllipArc2d::form() const
+{
+    return conicForm(lift(mCenter), lift(mMajor), lift(mMinor), mStart, mEnd);
+}
 
 void AcGeEllipArc2d::turnRound()
 {
@@ -155,4 +165,7 @@ bool AcGeEllipArc2d::setBounds(double lo, double hi)
     return true;
 }
 
-void AcGeEllipArc2d::resetBounds() { setAngles(0, kTwoPi); }
+void AcGeEllipArc2d::resetBounds()
+{
+    setAngles(0, kTwoPi);
+}

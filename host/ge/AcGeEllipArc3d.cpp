@@ -29,7 +29,8 @@ bool AcGeEllipArc3d::isEqualTo(const AcGeEntity3d& entity, const AcGeTol& tol) c
            std::fabs(mEnd - other.mEnd) <= tol.equalVector();
 }
 
-// Conjugate half axes p and q become perpendicular when the parameter is shifted by half of atan2(2 p.q, p^2 - q^2).
+// Conjugate half axes p and q become perpendicular when the parameter is shifted by half of atan2(2 p.q, p^2
+// - q^2).
 AcGeEllipArc3d& AcGeEllipArc3d::transformBy(const AcGeMatrix3d& xfm)
 {
     const AcGeVector3d p = xfm * mMajor, q = xfm * mMinor;
@@ -56,8 +57,8 @@ bool AcGeEllipArc3d::intersectWith(const AcGeLinearEnt3d& line, int& intn, AcGeP
     return intn > 0;
 }
 
-bool AcGeEllipArc3d::intersectWith(const AcGePlanarEnt& plane, int& numOfIntersect, AcGePoint3d& p1, AcGePoint3d& p2,
-                                   const AcGeTol& tol) const
+bool AcGeEllipArc3d::intersectWith(const AcGePlanarEnt& plane, int& numOfIntersect, AcGePoint3d& p1,
+                                   AcGePoint3d& p2, const AcGeTol& tol) const
 {
     numOfIntersect = 0;
     AcGePlane mine;
@@ -70,7 +71,10 @@ bool AcGeEllipArc3d::intersectWith(const AcGePlanarEnt& plane, int& numOfInterse
     return numOfIntersect > 0;
 }
 
-void AcGeEllipArc3d::getPlane(AcGePlane& plane) const { plane.set(mCenter, majorAxis(), minorAxis()); }
+void AcGeEllipArc3d::getPlane(AcGePlane& plane) const
+{
+    plane.set(mCenter, majorAxis(), minorAxis());
+}
 
 bool AcGeEllipArc3d::isCircular(const AcGeTol& tol) const
 {
@@ -88,11 +92,20 @@ bool AcGeEllipArc3d::isInside(const AcGePoint3d& pnt, const AcGeTol& tol) const
     return whole.isOn(pnt, tol);
 }
 
-AcGeVector3d AcGeEllipArc3d::majorAxis() const { return unit(mMajor); }
+AcGeVector3d AcGeEllipArc3d::majorAxis() const
+{
+    return unit(mMajor);
+}
 
-AcGeVector3d AcGeEllipArc3d::minorAxis() const { return unit(mMinor); }
+AcGeVector3d AcGeEllipArc3d::minorAxis() const
+{
+    return unit(mMinor);
+}
 
-AcGeVector3d AcGeEllipArc3d::normal() const { return unit(mMajor.crossProduct(mMinor)); }
+AcGeVector3d AcGeEllipArc3d::normal() const
+{
+    return unit(mMajor.crossProduct(mMinor));
+}
 
 AcGeEllipArc3d& AcGeEllipArc3d::setCenter(const AcGePoint3d& cent)
 {
@@ -156,7 +169,10 @@ AcGeEllipArc3d& AcGeEllipArc3d::set(const AcGeCircArc3d& arc)
     return *this;
 }
 
-CurveForm AcGeEllipArc3d::form() const { return conicForm(lift(mCenter), lift(mMajor), lift(mMinor), mStart, mEnd); }
+CurveForm AcGeEllipArc3d::form() const
+{
+    return conicForm(lift(mCenter), lift(mMajor), lift(mMinor), mStart, mEnd);
+}
 
 void AcGeEllipArc3d::turnRound()
 {
@@ -174,4 +190,7 @@ bool AcGeEllipArc3d::setBounds(double lo, double hi)
     return true;
 }
 
-void AcGeEllipArc3d::resetBounds() { setAngles(0, kTwoPi); }
+void AcGeEllipArc3d::resetBounds()
+{
+    setAngles(0, kTwoPi);
+}

@@ -3,9 +3,15 @@
 #include <algorithm>
 #include <cmath>
 
-AcGeInterval::AcGeInterval(double lower, double upper, double tol) : mTol(tol) { set(lower, upper); }
+AcGeInterval::AcGeInterval(double lower, double upper, double tol) : mTol(tol)
+{
+    set(lower, upper);
+}
 
-AcGeInterval::AcGeInterval(bool boundedBelow, double bound, double tol) : mTol(tol) { set(boundedBelow, bound); }
+AcGeInterval::AcGeInterval(bool boundedBelow, double bound, double tol) : mTol(tol)
+{
+    set(boundedBelow, bound);
+}
 
 double AcGeInterval::element() const
 {
@@ -19,7 +25,10 @@ void AcGeInterval::getBounds(double& lower, double& upper) const
     upper = upperBound();
 }
 
-AcGeInterval& AcGeInterval::set(double lower, double upper) { return setLower(lower).setUpper(upper); }
+AcGeInterval& AcGeInterval::set(double lower, double upper)
+{
+    return setLower(lower).setUpper(upper);
+}
 
 AcGeInterval& AcGeInterval::set(bool boundedBelow, double bound)
 {
@@ -106,6 +115,12 @@ bool AcGeInterval::operator==(const AcGeInterval& other) const
     return (!mHasLower || isEqualAtLower(other.mLower)) && (!mHasUpper || isEqualAtUpper(other.mUpper));
 }
 
-bool AcGeInterval::isEqualAtUpper(double value) const { return mHasUpper && std::fabs(value - mUpper) <= mTol; }
+bool AcGeInterval::isEqualAtUpper(double value) const
+{
+    return mHasUpper && std::fabs(value - mUpper) <= mTol;
+}
 
-bool AcGeInterval::isEqualAtLower(double value) const { return mHasLower && std::fabs(value - mLower) <= mTol; }
+bool AcGeInterval::isEqualAtLower(double value) const
+{
+    return mHasLower && std::fabs(value - mLower) <= mTol;
+}

@@ -17,4 +17,7 @@ AcGeLine2d::AcGeLine2d(const AcGePoint2d& pnt, const AcGeVector2d& vec)
 {
 }
 
-bool AcGeLine2d::setBounds(double lo, double hi) { return lo == -kInfinity && hi == kInfinity; }
+bool AcGeLine2d::setBounds(double lo, double hi)
+{
+    return lo == -kInfinity && hi == kInfinity;
+}

@@ -18,4 +18,7 @@ AcGeLine3d::AcGeLine3d(const AcGePoint3d& pnt, const AcGeVector3d& vec)
 {
 }
 
-bool AcGeLine3d::setBounds(double lo, double hi) { return lo == -kInfinity && hi == kInfinity; }
+bool AcGeLine3d::setBounds(double lo, double hi)
+{
+    return lo == -kInfinity && hi == kInfinity;
+}

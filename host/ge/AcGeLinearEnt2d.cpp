@@ -42,7 +42,8 @@ bool AcGeLinearEnt2d::intersectWith(const AcGeLinearEnt2d& line, AcGePoint2d& in
     return true;
 }
 
-bool AcGeLinearEnt2d::overlap(const AcGeLinearEnt2d& line, AcGeLinearEnt2d*& overlap, const AcGeTol& tol) const
+bool AcGeLinearEnt2d::overlap(const AcGeLinearEnt2d& line, AcGeLinearEnt2d*& overlap,
+                              const AcGeTol& tol) const
 {
     const Meetings found = meet(form(), line.form(), tol.equalPoint());
     if (found.overlaps.size() != 1) return false;
@@ -85,9 +86,15 @@ AcGeVector2d AcGeLinearEnt2d::direction() const
     return size > 0 ? mVector / size : AcGeVector2d();
 }
 
-void AcGeLinearEnt2d::getLine(AcGeLine2d& line) const { line.set(mOrigin, mVector); }
+void AcGeLinearEnt2d::getLine(AcGeLine2d& line) const
+{
+    line.set(mOrigin, mVector);
+}
 
-CurveForm AcGeLinearEnt2d::form() const { return lineForm(lift(mOrigin), lift(mVector), mLo, mHi); }
+CurveForm AcGeLinearEnt2d::form() const
+{
+    return lineForm(lift(mOrigin), lift(mVector), mLo, mHi);
+}
 
 // The bounded parameters stay the same ones: start and end exchange their places.
 void AcGeLinearEnt2d::turnRound()

@@ -62,7 +62,8 @@ bool AcGeLinearEnt3d::projIntersectWith(const AcGeLinearEnt3d& line, const AcGeV
     return true;
 }
 
-bool AcGeLinearEnt3d::overlap(const AcGeLinearEnt3d& line, AcGeLinearEnt3d*& overlap, const AcGeTol& tol) const
+bool AcGeLinearEnt3d::overlap(const AcGeLinearEnt3d& line, AcGeLinearEnt3d*& overlap,
+                              const AcGeTol& tol) const
 {
     const Meetings found = meet(form(), line.form(), tol.equalPoint());
     if (found.overlaps.size() != 1) return false;
@@ -111,7 +112,10 @@ bool AcGeLinearEnt3d::isColinearTo(const AcGeLinearEnt3d& line, const AcGeTol& t
     return isParallelTo(line, tol) && AcGeLine3d(mOrigin, mVector).isOn(line.mOrigin, tol);
 }
 
-void AcGeLinearEnt3d::getPerpPlane(const AcGePoint3d& pnt, AcGePlane& plane) const { plane.set(pnt, direction()); }
+void AcGeLinearEnt3d::getPerpPlane(const AcGePoint3d& pnt, AcGePlane& plane) const
+{
+    plane.set(pnt, direction());
+}
 
 AcGeVector3d AcGeLinearEnt3d::direction() const
 {
@@ -119,9 +123,15 @@ AcGeVector3d AcGeLinearEnt3d::direction() const
     return size > 0 ? mVector / size : AcGeVector3d();
 }
 
-void AcGeLinearEnt3d::getLine(AcGeLine3d& line) const { line.set(mOrigin, mVector); }
+void AcGeLinearEnt3d::getLine(AcGeLine3d& line) const
+{
+    line.set(mOrigin, mVector);
+}
 
-CurveForm AcGeLinearEnt3d::form() const { return lineForm(lift(mOrigin), lift(mVector), mLo, mHi); }
+CurveForm AcGeLinearEnt3d::form() const
+{
+    return lineForm(lift(mOrigin), lift(mVector), mLo, mHi);
+}
 
 // The bounded parameters stay the same ones: start and end exchange their places.
 void AcGeLinearEnt3d::turnRound()

@@ -100,7 +100,8 @@ bool AcGeMatrix2d::isConformal(double& scaleFactor, double& angle, bool& isMirro
     return true;
 }
 
-AcGeMatrix2d& AcGeMatrix2d::setCoordSystem(const AcGePoint2d& origin, const AcGeVector2d& e0, const AcGeVector2d& e1)
+AcGeMatrix2d& AcGeMatrix2d::setCoordSystem(const AcGePoint2d& origin, const AcGeVector2d& e0,
+                                           const AcGeVector2d& e1)
 {
     setToIdentity();
     const AcGeVector2d columns[] = {e0, e1, origin.asVector()};
@@ -118,7 +119,10 @@ void AcGeMatrix2d::getCoordSystem(AcGePoint2d& origin, AcGeVector2d& e0, AcGeVec
     origin.set(entry[0][2], entry[1][2]);
 }
 
-AcGeMatrix2d& AcGeMatrix2d::setToTranslation(const AcGeVector2d& vec) { return setToIdentity().setTranslation(vec); }
+AcGeMatrix2d& AcGeMatrix2d::setToTranslation(const AcGeVector2d& vec)
+{
+    return setToIdentity().setTranslation(vec);
+}
 
 AcGeMatrix2d& AcGeMatrix2d::setToRotation(double angle, const AcGePoint2d& center)
 {
@@ -131,7 +135,10 @@ AcGeMatrix2d& AcGeMatrix2d::setToScaling(double factor, const AcGePoint2d& cente
     return setCoordSystem(center * (1 - factor), {factor, 0}, {0, factor});
 }
 
-AcGeMatrix2d& AcGeMatrix2d::setToMirroring(const AcGePoint2d& pnt) { return setToScaling(-1, pnt); }
+AcGeMatrix2d& AcGeMatrix2d::setToMirroring(const AcGePoint2d& pnt)
+{
+    return setToScaling(-1, pnt);
+}
 
 AcGeMatrix2d& AcGeMatrix2d::setToMirroring(const AcGeLine2d& line)
 {
@@ -153,7 +160,10 @@ AcGeMatrix2d& AcGeMatrix2d::setToAlignCoordSys(const AcGePoint2d& fromOrigin, co
     return *this = to * from.inverse();
 }
 
-AcGeMatrix2d AcGeMatrix2d::translation(const AcGeVector2d& vec) { return AcGeMatrix2d().setToTranslation(vec); }
+AcGeMatrix2d AcGeMatrix2d::translation(const AcGeVector2d& vec)
+{
+    return AcGeMatrix2d().setToTranslation(vec);
+}
 
 AcGeMatrix2d AcGeMatrix2d::rotation(double angle, const AcGePoint2d& center)
 {
@@ -165,9 +175,15 @@ AcGeMatrix2d AcGeMatrix2d::scaling(double factor, const AcGePoint2d& center)
     return AcGeMatrix2d().setToScaling(factor, center);
 }
 
-AcGeMatrix2d AcGeMatrix2d::mirroring(const AcGePoint2d& pnt) { return AcGeMatrix2d().setToMirroring(pnt); }
+AcGeMatrix2d AcGeMatrix2d::mirroring(const AcGePoint2d& pnt)
+{
+    return AcGeMatrix2d().setToMirroring(pnt);
+}
 
-AcGeMatrix2d AcGeMatrix2d::mirroring(const AcGeLine2d& line) { return AcGeMatrix2d().setToMirroring(line); }
+AcGeMatrix2d AcGeMatrix2d::mirroring(const AcGeLine2d& line)
+{
+    return AcGeMatrix2d().setToMirroring(line);
+}
 
 AcGeMatrix2d AcGeMatrix2d::alignCoordSys(const AcGePoint2d& fromOrigin, const AcGeVector2d& fromE0,
                                          const AcGeVector2d& fromE1, const AcGePoint2d& toOrigin,

@@ -108,13 +108,15 @@ bool AcGeMatrix3d::isUniScaledOrtho(const AcGeTol& tol) const
 {
     const Axes a = axesOf(*this);
     const double x = a.x.length(), y = a.y.length(), z = a.z.length();
-    return isScaledOrtho(tol) && std::max({x, y, z}) - std::min({x, y, z}) <= tol.equalVector() * std::max({x, y, z});
+    return isScaledOrtho(tol) &&
+           std::max({x, y, z}) - std::min({x, y, z}) <= tol.equalVector() * std::max({x, y, z});
 }
 
 bool AcGeMatrix3d::isScaledOrtho(const AcGeTol& tol) const
 {
     const Axes a = axesOf(*this);
-    return a.x.isPerpendicularTo(a.y, tol) && a.y.isPerpendicularTo(a.z, tol) && a.z.isPerpendicularTo(a.x, tol);
+    return a.x.isPerpendicularTo(a.y, tol) && a.y.isPerpendicularTo(a.z, tol) &&
+           a.z.isPerpendicularTo(a.x, tol);
 }
 
 double AcGeMatrix3d::det() const
@@ -167,7 +169,10 @@ void AcGeMatrix3d::getCoordSystem(AcGePoint3d& origin, AcGeVector3d& xAxis, AcGe
     origin.set(entry[0][3], entry[1][3], entry[2][3]);
 }
 
-AcGeMatrix3d& AcGeMatrix3d::setToTranslation(const AcGeVector3d& vec) { return setToIdentity().setTranslation(vec); }
+AcGeMatrix3d& AcGeMatrix3d::setToTranslation(const AcGeVector3d& vec)
+{
+    return setToIdentity().setTranslation(vec);
+}
 
 AcGeMatrix3d& AcGeMatrix3d::setToRotation(double angle, const AcGeVector3d& axis, const AcGePoint3d& center)
 {
@@ -190,7 +195,10 @@ AcGeMatrix3d& AcGeMatrix3d::setToMirroring(const AcGePlane& plane)
     return setCoordSystem(plane.pointOnPlane() - moved, x, y, z);
 }
 
-AcGeMatrix3d& AcGeMatrix3d::setToMirroring(const AcGePoint3d& pnt) { return setToScaling(-1, pnt); }
+AcGeMatrix3d& AcGeMatrix3d::setToMirroring(const AcGePoint3d& pnt)
+{
+    return setToScaling(-1, pnt);
+}
 
 AcGeMatrix3d& AcGeMatrix3d::setToMirroring(const AcGeLine3d& line)
 {
@@ -204,7 +212,8 @@ AcGeMatrix3d& AcGeMatrix3d::setToProjection(const AcGePlane& plane, const AcGeVe
 {
     const AcGeVector3d normal = plane.normal(), moved = plane.pointOnPlane().asVector();
     const auto foot = [&](const AcGeVector3d& v) { return v.project(normal, projectDir); };
-    return setCoordSystem(plane.pointOnPlane() - foot(moved), foot({1, 0, 0}), foot({0, 1, 0}), foot({0, 0, 1}));
+    return setCoordSystem(plane.pointOnPlane() - foot(moved), foot({1, 0, 0}), foot({0, 1, 0}),
+                          foot({0, 0, 1}));
 }
 
 AcGeMatrix3d& AcGeMatrix3d::setToAlignCoordSys(const AcGePoint3d& fromOrigin, const AcGeVector3d& fromXAxis,
@@ -228,7 +237,10 @@ AcGeMatrix3d& AcGeMatrix3d::setToWorldToPlane(const AcGePlane& plane)
     return setToPlaneToWorld(plane).invert();
 }
 
-AcGeMatrix3d& AcGeMatrix3d::setToPlaneToWorld(const AcGeVector3d& normal) { return *this = systemOfNormal(normal); }
+AcGeMatrix3d& AcGeMatrix3d::setToPlaneToWorld(const AcGeVector3d& normal)
+{
+    return *this = systemOfNormal(normal);
+}
 
 AcGeMatrix3d& AcGeMatrix3d::setToPlaneToWorld(const AcGePlane& plane)
 {
@@ -238,7 +250,10 @@ AcGeMatrix3d& AcGeMatrix3d::setToPlaneToWorld(const AcGePlane& plane)
     return setCoordSystem(origin, u, v, plane.normal());
 }
 
-AcGeMatrix3d AcGeMatrix3d::translation(const AcGeVector3d& vec) { return AcGeMatrix3d().setToTranslation(vec); }
+AcGeMatrix3d AcGeMatrix3d::translation(const AcGeVector3d& vec)
+{
+    return AcGeMatrix3d().setToTranslation(vec);
+}
 
 AcGeMatrix3d AcGeMatrix3d::rotation(double angle, const AcGeVector3d& axis, const AcGePoint3d& center)
 {
@@ -250,11 +265,20 @@ AcGeMatrix3d AcGeMatrix3d::scaling(double factor, const AcGePoint3d& center)
     return AcGeMatrix3d().setToScaling(factor, center);
 }
 
-AcGeMatrix3d AcGeMatrix3d::mirroring(const AcGePlane& plane) { return AcGeMatrix3d().setToMirroring(plane); }
+AcGeMatrix3d AcGeMatrix3d::mirroring(const AcGePlane& plane)
+{
+    return AcGeMatrix3d().setToMirroring(plane);
+}
 
-AcGeMatrix3d AcGeMatrix3d::mirroring(const AcGePoint3d& pnt) { return AcGeMatrix3d().setToMirroring(pnt); }
+AcGeMatrix3d AcGeMatrix3d::mirroring(const AcGePoint3d& pnt)
+{
+    return AcGeMatrix3d().setToMirroring(pnt);
+}
 
-AcGeMatrix3d AcGeMatrix3d::mirroring(const AcGeLine3d& line) { return AcGeMatrix3d().setToMirroring(line); }
+AcGeMatrix3d AcGeMatrix3d::mirroring(const AcGeLine3d& line)
+{
+    return AcGeMatrix3d().setToMirroring(line);
+}
 
 AcGeMatrix3d AcGeMatrix3d::projection(const AcGePlane& plane, const AcGeVector3d& projectDir)
 {
@@ -270,13 +294,25 @@ AcGeMatrix3d AcGeMatrix3d::alignCoordSys(const AcGePoint3d& fromOrigin, const Ac
                                              toYAxis, toZAxis);
 }
 
-AcGeMatrix3d AcGeMatrix3d::worldToPlane(const AcGeVector3d& normal) { return AcGeMatrix3d().setToWorldToPlane(normal); }
+AcGeMatrix3d AcGeMatrix3d::worldToPlane(const AcGeVector3d& normal)
+{
+    return AcGeMatrix3d().setToWorldToPlane(normal);
+}
 
-AcGeMatrix3d AcGeMatrix3d::worldToPlane(const AcGePlane& plane) { return AcGeMatrix3d().setToWorldToPlane(plane); }
+AcGeMatrix3d AcGeMatrix3d::worldToPlane(const AcGePlane& plane)
+{
+    return AcGeMatrix3d().setToWorldToPlane(plane);
+}
 
-AcGeMatrix3d AcGeMatrix3d::planeToWorld(const AcGeVector3d& normal) { return AcGeMatrix3d().setToPlaneToWorld(normal); }
+AcGeMatrix3d AcGeMatrix3d::planeToWorld(const AcGeVector3d& normal)
+{
+    return AcGeMatrix3d().setToPlaneToWorld(normal);
+}
 
-AcGeMatrix3d AcGeMatrix3d::planeToWorld(const AcGePlane& plane) { return AcGeMatrix3d().setToPlaneToWorld(plane); }
+AcGeMatrix3d AcGeMatrix3d::planeToWorld(const AcGePlane& plane)
+{
+    return AcGeMatrix3d().setToPlaneToWorld(plane);
+}
 
 AcGeMatrix2d AcGeMatrix3d::convertToLocal(AcGeVector3d& normal, double& elev) const
 {
@@ -286,5 +322,6 @@ AcGeMatrix2d AcGeMatrix3d::convertToLocal(AcGeVector3d& normal, double& elev) co
     const AcGePoint3d origin = local * AcGePoint3d(0, 0, elev);
     normal = image;
     elev = origin.z;
-    return AcGeMatrix2d().setCoordSystem({origin.x, origin.y}, {local(0, 0), local(1, 0)}, {local(0, 1), local(1, 1)});
+    return AcGeMatrix2d().setCoordSystem({origin.x, origin.y}, {local(0, 0), local(1, 0)},
+                                         {local(0, 1), local(1, 1)});
 }

@@ -28,12 +28,13 @@ std::vector<Place> liftAll(const AcGePoint2dArray& points)
     return lifted;
 }
 
-Spline splineOf(int degree, const AcGeKnotVector& knots, const AcGePoint2dArray& points, const AcGeDoubleArray& weights,
-                bool periodic)
+Spline splineOf(int degree, const AcGeKnotVector& knots, const AcGePoint2dArray& points,
+                const AcGeDoubleArray& weights, bool periodic)
 {
     const std::vector<double> k(knots.asArrayPtr(), knots.asArrayPtr() + knots.length());
     const std::vector<double> w(weights.begin(), weights.end());
-    if (periodic && knots.length() == points.length() + 1) return wrappedPeriod(degree, k, liftAll(points), w);
+    if (periodic && knots.length() == points.length() + 1)
+        return wrappedPeriod(degree, k, liftAll(points), w);
     Spline spline;
     spline.degree = degree;
     spline.periodic = periodic;
@@ -48,8 +49,10 @@ Arrow oneSided(const Spline& spline, double lo, double knot, double hi, int side
 {
     Spline part = spline;
     Arrow d[2];
-    if (side < 0) part.trim(lo, knot);
-    else part.trim(knot, hi);
+    if (side < 0)
+        part.trim(lo, knot);
+    else
+        part.trim(knot, hi);
     part.derivatives(knot, 1, d);
     return d[1];
 }
@@ -60,7 +63,9 @@ bool discontinuities(const Spline& spline, bool byDirection, double tol, AcGeDou
     for (std::size_t i = 0; i < spline.knots.size(); ++i) {
         const double knot = spline.knots[i];
         const bool inner = knot > spline.lower() && knot < spline.upper();
-        if (!inner || (!params.isEmpty() && params.last() == knot) || spline.multiplicity(knot) < spline.degree) continue;
+        if (!inner || (!params.isEmpty() && params.last() == knot) ||
+            spline.multiplicity(knot) < spline.degree)
+            continue;
         Arrow before = oneSided(spline, spline.lower(), knot, spline.upper(), -1);
         Arrow after = oneSided(spline, spline.lower(), knot, spline.upper(), 1);
         if (byDirection) before.normalize(), after.normalize();
@@ -84,11 +89,12 @@ AcGeNurbCurve2d::AcGeNurbCurve2d(int degree, const AcGeKnotVector& knots, const 
 }
 
 AcGeNurbCurve2d::AcGeNurbCurve2d(const AcGePoint2dArray& fitPnts, const AcGeVector2d& startTangent,
-                                 const AcGeVector2d& endTangent, bool startTangentDefined, bool endTangentDefined,
-                                 const AcGeTol& fitTolerance, AcGe::KnotParameterization knotParam)
+                                 const AcGeVector2d& endTangent, bool startTangentDefined,
+                                 bool endTangentDefined, const AcGeTol& fitTolerance,
+                                 AcGe::KnotParameterization knotParam)
 {
-    fit(fitPnts, startTangentDefined ? &startTangent : nullptr, endTangentDefined ? &endTangent : nullptr, fitTolerance,
-        knotParam, false);
+    fit(fitPnts, startTangentDefined ? &startTangent : nullptr, endTangentDefined ? &endTangent : nullptr,
+        fitTolerance, knotParam, false);
 }
 
 AcGeNurbCurve2d::AcGeNurbCurve2d(const AcGePoint2dArray& fitPnts, const AcGeTol& fitTolerance,
@@ -104,11 +110,13 @@ AcGeNurbCurve2d::AcGeNurbCurve2d(const AcGePoint2dArray& fitPnts, const AcGeVect
     std::vector<Place> points;
     std::vector<Arrow> tangents;
     for (int i = 0; i < std::min(fitPnts.length(), fitTangents.length()); ++i) {
-        if (!points.empty() && !(points.back().distanceTo(lift(fitPnts[i])) > fitTolerance.equalPoint())) continue;
+        if (!points.empty() && !(points.back().distanceTo(lift(fitPnts[i])) > fitTolerance.equalPoint()))
+            continue;
         points.push_back(lift(fitPnts[i]));
         tangents.push_back(lift(fitTangents[i]));
     }
-    if (isPeriodic && points.size() > 1 && points.front().distanceTo(points.back()) > fitTolerance.equalPoint()) {
+    if (isPeriodic && points.size() > 1 &&
+        points.front().distanceTo(points.back()) > fitTolerance.equalPoint()) {
         points.push_back(points.front());
         tangents.push_back(tangents.front());
     }
@@ -142,13 +150,17 @@ void AcGeNurbCurve2d::fit(const AcGePoint2dArray& points, const AcGeVector2d* st
     if (n < 2) return;
     const std::vector<double> params = fitParams(places, knotParam);
     const auto scaled = [&](const AcGeVector2d* direction, std::size_t i) {
-        return direction ? scaledTangent(lift(*direction), places[i], places[i + 1], params[i + 1] - params[i]) : Arrow();
+        return direction
+                   ? scaledTangent(lift(*direction), places[i], places[i + 1], params[i + 1] - params[i])
+                   : Arrow();
     };
     const Arrow first = scaled(start, 0), last = scaled(end, n - 2);
     const bool hasFirst = first.length() > 0, hasLast = last.length() > 0;
-    Spline spline = interpolate(places, params, hasFirst ? &first : nullptr, hasLast ? &last : nullptr, closed);
+    Spline spline =
+        interpolate(places, params, hasFirst ? &first : nullptr, hasLast ? &last : nullptr, closed);
     AcGeSplineEnt2d::setSpline(std::move(spline));
-    mFit = std::make_shared<const Fit>(Fit{points, start ? *start : AcGeVector2d(), end ? *end : AcGeVector2d(), tol, knotParam});
+    mFit = std::make_shared<const Fit>(
+        Fit{points, start ? *start : AcGeVector2d(), end ? *end : AcGeVector2d(), tol, knotParam});
 }
 
 AcGeNurbCurve2d& AcGeNurbCurve2d::transformBy(const AcGeMatrix2d& xfm)
@@ -164,7 +176,10 @@ AcGeNurbCurve2d& AcGeNurbCurve2d::transformBy(const AcGeMatrix2d& xfm)
     return *this;
 }
 
-int AcGeNurbCurve2d::numFitPoints() const { return mFit ? mFit->points.length() : 0; }
+int AcGeNurbCurve2d::numFitPoints() const
+{
+    return mFit ? mFit->points.length() : 0;
+}
 
 bool AcGeNurbCurve2d::getFitPointAt(int index, AcGePoint2d& point) const
 {
@@ -219,8 +234,9 @@ bool AcGeNurbCurve2d::purgeFitData()
     return had;
 }
 
-void AcGeNurbCurve2d::getDefinitionData(int& degreeOut, bool& rational, bool& periodic, AcGeKnotVector& knotsOut,
-                                        AcGePoint2dArray& controlPoints, AcGeDoubleArray& weights) const
+void AcGeNurbCurve2d::getDefinitionData(int& degreeOut, bool& rational, bool& periodic,
+                                        AcGeKnotVector& knotsOut, AcGePoint2dArray& controlPoints,
+                                        AcGeDoubleArray& weights) const
 {
     degreeOut = degree();
     rational = isRational();
@@ -234,7 +250,10 @@ void AcGeNurbCurve2d::getDefinitionData(int& degreeOut, bool& rational, bool& pe
         weights.append(w);
 }
 
-int AcGeNurbCurve2d::numWeights() const { return static_cast<int>(spline().weights.size()); }
+int AcGeNurbCurve2d::numWeights() const
+{
+    return static_cast<int>(spline().weights.size());
+}
 
 double AcGeNurbCurve2d::weightAt(int idx) const
 {
@@ -283,10 +302,10 @@ bool AcGeNurbCurve2d::hardTrimByParams(double newStartParam, double newEndParam)
 
 AcGeNurbCurve2d& AcGeNurbCurve2d::joinWith(const AcGeNurbCurve2d& curve, AcGeError& error)
 {
-    error = numControlPoints() == 0                        ? AcGe::k0This
-            : curve.numControlPoints() == 0                ? AcGe::k0Arg1
+    error = numControlPoints() == 0                         ? AcGe::k0This
+            : curve.numControlPoints() == 0                 ? AcGe::k0Arg1
             : !endPoint().isEqualTo(curve.startPoint(), {}) ? AcGe::kArg1TooBig
-                                                           : AcGe::kOk;
+                                                            : AcGe::kOk;
     if (error == AcGe::kOk) setSpline(joined(spline(), curve.spline()));
     return *this;
 }
@@ -301,7 +320,10 @@ bool AcGeNurbCurve2d::getParamsOfG1Discontinuity(AcGeDoubleArray& params, const 
     return discontinuities(spline(), true, tol.equalVector(), params);
 }
 
-CurveForm AcGeNurbCurve2d::form() const { return splineForm(spline()); }
+CurveForm AcGeNurbCurve2d::form() const
+{
+    return splineForm(spline());
+}
 
 void AcGeNurbCurve2d::setSpline(Spline changed)
 {

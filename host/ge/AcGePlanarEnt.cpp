@@ -11,7 +11,8 @@ bool AcGePlanarEnt::isEqualTo(const AcGeEntity3d& entity, const AcGeTol& tol) co
 {
     if (entity.type() != type()) return false;
     const auto& other = static_cast<const AcGePlanarEnt&>(entity);
-    return mOrigin.isEqualTo(other.mOrigin, tol) && mU.isEqualTo(other.mU, tol) && mV.isEqualTo(other.mV, tol);
+    return mOrigin.isEqualTo(other.mOrigin, tol) && mU.isEqualTo(other.mU, tol) &&
+           mV.isEqualTo(other.mV, tol);
 }
 
 AcGePlanarEnt& AcGePlanarEnt::transformBy(const AcGeMatrix3d& xfm)
@@ -32,7 +33,10 @@ AcGePoint2d AcGePlanarEnt::paramOf(const AcGePoint3d& pnt, const AcGeTol&) const
     return {(pu * vv - pv * uv) / det, (pv * uu - pu * uv) / det};
 }
 
-AcGePoint3d AcGePlanarEnt::evalPoint(const AcGePoint2d& param) const { return mOrigin + mU * param.x + mV * param.y; }
+AcGePoint3d AcGePlanarEnt::evalPoint(const AcGePoint2d& param) const
+{
+    return mOrigin + mU * param.x + mV * param.y;
+}
 
 bool AcGePlanarEnt::intersectWith(const AcGeLinearEnt3d& linEnt, AcGePoint3d& pnt, const AcGeTol& tol) const
 {

@@ -20,7 +20,8 @@ bool AcGePlane::intersectWith(const AcGePlane& otherPln, AcGeLine3d& resultLine,
     return true;
 }
 
-bool AcGePlane::intersectWith(const AcGeBoundedPlane& bndPln, AcGeLineSeg3d& resultLineSeg, const AcGeTol& tol) const
+bool AcGePlane::intersectWith(const AcGeBoundedPlane& bndPln, AcGeLineSeg3d& resultLineSeg,
+                              const AcGeTol& tol) const
 {
     return bndPln.intersectWith(*this, resultLineSeg, tol);
 }

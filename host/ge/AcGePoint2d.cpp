@@ -15,11 +15,17 @@ AcGePoint2d& AcGePoint2d::setToProduct(const AcGeMatrix2d& matrix, const AcGePoi
     return *this = matrix * pnt;
 }
 
-AcGePoint2d& AcGePoint2d::transformBy(const AcGeMatrix2d& matrix) { return *this = matrix * *this; }
+AcGePoint2d& AcGePoint2d::transformBy(const AcGeMatrix2d& matrix)
+{
+    return *this = matrix * *this;
+}
 
 AcGePoint2d& AcGePoint2d::rotateBy(double angle, const AcGePoint2d& wrtPoint)
 {
     return *this = wrtPoint + (*this - wrtPoint).rotateBy(angle);
 }
 
-AcGePoint2d& AcGePoint2d::mirror(const AcGeLine2d& line) { return transformBy(AcGeMatrix2d::mirroring(line)); }
+AcGePoint2d& AcGePoint2d::mirror(const AcGeLine2d& line)
+{
+    return transformBy(AcGeMatrix2d::mirroring(line));
+}

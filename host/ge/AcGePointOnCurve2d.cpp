@@ -6,7 +6,10 @@
 
 AcGePointOnCurve2d::AcGePointOnCurve2d() : AcGePointOnCurve2d(AcGeLine2d::kXAxis) {}
 
-AcGePoint2d AcGePointOnCurve2d::point(double param) { return setParameter(param).point(); }
+AcGePoint2d AcGePointOnCurve2d::point(double param)
+{
+    return setParameter(param).point();
+}
 
 AcGePoint2d AcGePointOnCurve2d::point(const AcGeCurve2d& crv, double param)
 {
@@ -21,14 +24,20 @@ AcGeVector2d AcGePointOnCurve2d::deriv(int order) const
     return gecore::toVector2d(d[order]);
 }
 
-AcGeVector2d AcGePointOnCurve2d::deriv(int order, double param) { return setParameter(param).deriv(order); }
+AcGeVector2d AcGePointOnCurve2d::deriv(int order, double param)
+{
+    return setParameter(param).deriv(order);
+}
 
 AcGeVector2d AcGePointOnCurve2d::deriv(int order, const AcGeCurve2d& crv, double param)
 {
     return setCurve(crv).setParameter(param).deriv(order);
 }
 
-bool AcGePointOnCurve2d::isSingular(const AcGeTol& tol) const { return deriv(1).isZeroLength(tol); }
+bool AcGePointOnCurve2d::isSingular(const AcGeTol& tol) const
+{
+    return deriv(1).isZeroLength(tol);
+}
 
 bool AcGePointOnCurve2d::curvature(double& res)
 {
@@ -39,7 +48,10 @@ bool AcGePointOnCurve2d::curvature(double& res)
     return true;
 }
 
-bool AcGePointOnCurve2d::curvature(double param, double& res) { return setParameter(param).curvature(res); }
+bool AcGePointOnCurve2d::curvature(double param, double& res)
+{
+    return setParameter(param).curvature(res);
+}
 
 AcGePointOnCurve2d& AcGePointOnCurve2d::setCurve(const AcGeCurve2d& crv)
 {

@@ -6,7 +6,10 @@
 
 AcGePointOnCurve3d::AcGePointOnCurve3d() : AcGePointOnCurve3d(AcGeLine3d::kXAxis) {}
 
-AcGePoint3d AcGePointOnCurve3d::point(double param) { return setParameter(param).point(); }
+AcGePoint3d AcGePointOnCurve3d::point(double param)
+{
+    return setParameter(param).point();
+}
 
 AcGePoint3d AcGePointOnCurve3d::point(const AcGeCurve3d& crv, double param)
 {
@@ -21,14 +24,20 @@ AcGeVector3d AcGePointOnCurve3d::deriv(int order) const
     return gecore::toVector3d(d[order]);
 }
 
-AcGeVector3d AcGePointOnCurve3d::deriv(int order, double param) { return setParameter(param).deriv(order); }
+AcGeVector3d AcGePointOnCurve3d::deriv(int order, double param)
+{
+    return setParameter(param).deriv(order);
+}
 
 AcGeVector3d AcGePointOnCurve3d::deriv(int order, const AcGeCurve3d& crv, double param)
 {
     return setCurve(crv).setParameter(param).deriv(order);
 }
 
-bool AcGePointOnCurve3d::isSingular(const AcGeTol& tol) const { return deriv(1).isZeroLength(tol); }
+bool AcGePointOnCurve3d::isSingular(const AcGeTol& tol) const
+{
+    return deriv(1).isZeroLength(tol);
+}
 
 bool AcGePointOnCurve3d::curvature(double& res)
 {
@@ -39,7 +48,10 @@ bool AcGePointOnCurve3d::curvature(double& res)
     return true;
 }
 
-bool AcGePointOnCurve3d::curvature(double param, double& res) { return setParameter(param).curvature(res); }
+bool AcGePointOnCurve3d::curvature(double param, double& res)
+{
+    return setParameter(param).curvature(res);
+}
 
 AcGePointOnCurve3d& AcGePointOnCurve3d::setCurve(const AcGeCurve3d& crv)
 {

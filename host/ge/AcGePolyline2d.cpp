@@ -22,7 +22,10 @@ std::vector<ChainLink> linksOf(const Spline& spline)
 
 AcGePolyline2d::AcGePolyline2d() : mLinks(std::make_shared<std::vector<ChainLink>>()) {}
 
-AcGePolyline2d::AcGePolyline2d(const AcGePoint2dArray& points) : AcGePolyline2d() { setPoints(points, nullptr); }
+AcGePolyline2d::AcGePolyline2d(const AcGePoint2dArray& points) : AcGePolyline2d()
+{
+    setPoints(points, nullptr);
+}
 
 AcGePolyline2d::AcGePolyline2d(const AcGeKnotVector& knots, const AcGePoint2dArray& points) : AcGePolyline2d()
 {
@@ -56,7 +59,10 @@ void AcGePolyline2d::setPoints(const AcGePoint2dArray& points, const double* kno
     AcGePolyline2d::setSpline(std::move(spline));
 }
 
-CurveForm AcGePolyline2d::form() const { return chainForm(*mLinks); }
+CurveForm AcGePolyline2d::form() const
+{
+    return chainForm(*mLinks);
+}
 
 void AcGePolyline2d::setSpline(Spline changed)
 {

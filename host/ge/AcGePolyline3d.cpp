@@ -22,7 +22,10 @@ std::vector<ChainLink> linksOf(const Spline& spline)
 
 AcGePolyline3d::AcGePolyline3d() : mLinks(std::make_shared<std::vector<ChainLink>>()) {}
 
-AcGePolyline3d::AcGePolyline3d(const AcGePoint3dArray& points) : AcGePolyline3d() { setPoints(points, nullptr); }
+AcGePolyline3d::AcGePolyline3d(const AcGePoint3dArray& points) : AcGePolyline3d()
+{
+    setPoints(points, nullptr);
+}
 
 AcGePolyline3d::AcGePolyline3d(const AcGeKnotVector& knots, const AcGePoint3dArray& points) : AcGePolyline3d()
 {
@@ -56,7 +59,10 @@ void AcGePolyline3d::setPoints(const AcGePoint3dArray& points, const double* kno
     AcGePolyline3d::setSpline(std::move(spline));
 }
 
-CurveForm AcGePolyline3d::form() const { return chainForm(*mLinks); }
+CurveForm AcGePolyline3d::form() const
+{
+    return chainForm(*mLinks);
+}
 
 void AcGePolyline3d::setSpline(Spline changed)
 {

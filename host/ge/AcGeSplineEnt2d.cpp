@@ -8,7 +8,10 @@ using namespace gecore;
 
 namespace
 {
-std::size_t asSize(int n) { return static_cast<std::size_t>(n); }
+std::size_t asSize(int n)
+{
+    return static_cast<std::size_t>(n);
+}
 } // namespace
 
 AcGeSplineEnt2d::AcGeSplineEnt2d() : mSpline(std::make_shared<Spline>()) {}
@@ -25,7 +28,8 @@ bool AcGeSplineEnt2d::isEqualTo(const AcGeEntity2d& entity, const AcGeTol& tol) 
     if (degree() != other.degree() || numControlPoints() != other.numControlPoints()) return false;
     for (int i = 0; i < numControlPoints(); ++i) {
         if (!controlPointAt(i).isEqualTo(other.controlPointAt(i), tol)) return false;
-        if (!(std::fabs(spline().weight(asSize(i)) - other.spline().weight(asSize(i))) <= tol.equalVector())) return false;
+        if (!(std::fabs(spline().weight(asSize(i)) - other.spline().weight(asSize(i))) <= tol.equalVector()))
+            return false;
     }
     return knots().isEqualTo(other.knots());
 }
@@ -39,15 +43,30 @@ AcGeSplineEnt2d& AcGeSplineEnt2d::transformBy(const AcGeMatrix2d& xfm)
     return *this;
 }
 
-bool AcGeSplineEnt2d::isRational() const { return spline().isRational(); }
+bool AcGeSplineEnt2d::isRational() const
+{
+    return spline().isRational();
+}
 
-int AcGeSplineEnt2d::degree() const { return spline().degree; }
+int AcGeSplineEnt2d::degree() const
+{
+    return spline().degree;
+}
 
-int AcGeSplineEnt2d::numKnots() const { return static_cast<int>(spline().knots.size()); }
+int AcGeSplineEnt2d::numKnots() const
+{
+    return static_cast<int>(spline().knots.size());
+}
 
-const AcGeKnotVector AcGeSplineEnt2d::knots() const { return {numKnots(), spline().knots.data()}; }
+const AcGeKnotVector AcGeSplineEnt2d::knots() const
+{
+    return {numKnots(), spline().knots.data()};
+}
 
-int AcGeSplineEnt2d::numControlPoints() const { return static_cast<int>(spline().points.size()); }
+int AcGeSplineEnt2d::numControlPoints() const
+{
+    return static_cast<int>(spline().points.size());
+}
 
 int AcGeSplineEnt2d::continuityAtKnot(int idx, const AcGeTol&) const
 {
@@ -56,13 +75,25 @@ int AcGeSplineEnt2d::continuityAtKnot(int idx, const AcGeTol&) const
     return left > 0 ? left : 0;
 }
 
-double AcGeSplineEnt2d::startParam() const { return spline().lower(); }
+double AcGeSplineEnt2d::startParam() const
+{
+    return spline().lower();
+}
 
-double AcGeSplineEnt2d::endParam() const { return spline().upper(); }
+double AcGeSplineEnt2d::endParam() const
+{
+    return spline().upper();
+}
 
-AcGePoint2d AcGeSplineEnt2d::startPoint() const { return evalPoint(startParam()); }
+AcGePoint2d AcGeSplineEnt2d::startPoint() const
+{
+    return evalPoint(startParam());
+}
 
-AcGePoint2d AcGeSplineEnt2d::endPoint() const { return evalPoint(endParam()); }
+AcGePoint2d AcGeSplineEnt2d::endPoint() const
+{
+    return evalPoint(endParam());
+}
 
 double AcGeSplineEnt2d::knotAt(int idx) const
 {
@@ -80,7 +111,8 @@ AcGeSplineEnt2d& AcGeSplineEnt2d::setKnotAt(int idx, double val)
 
 AcGePoint2d AcGeSplineEnt2d::controlPointAt(int idx) const
 {
-    return idx >= 0 && idx < numControlPoints() ? toPoint2d(spline().points[asSize(idx)]) : AcGePoint2d::kOrigin;
+    return idx >= 0 && idx < numControlPoints() ? toPoint2d(spline().points[asSize(idx)])
+                                                : AcGePoint2d::kOrigin;
 }
 
 AcGeSplineEnt2d& AcGeSplineEnt2d::setControlPointAt(int idx, const AcGePoint2d& pnt)

@@ -8,7 +8,10 @@ using namespace gecore;
 
 namespace
 {
-std::size_t asSize(int n) { return static_cast<std::size_t>(n); }
+std::size_t asSize(int n)
+{
+    return static_cast<std::size_t>(n);
+}
 } // namespace
 
 AcGeSplineEnt3d::AcGeSplineEnt3d() : mSpline(std::make_shared<Spline>()) {}
@@ -25,7 +28,8 @@ bool AcGeSplineEnt3d::isEqualTo(const AcGeEntity3d& entity, const AcGeTol& tol) 
     if (degree() != other.degree() || numControlPoints() != other.numControlPoints()) return false;
     for (int i = 0; i < numControlPoints(); ++i) {
         if (!controlPointAt(i).isEqualTo(other.controlPointAt(i), tol)) return false;
-        if (!(std::fabs(spline().weight(asSize(i)) - other.spline().weight(asSize(i))) <= tol.equalVector())) return false;
+        if (!(std::fabs(spline().weight(asSize(i)) - other.spline().weight(asSize(i))) <= tol.equalVector()))
+            return false;
     }
     return knots().isEqualTo(other.knots());
 }
@@ -39,15 +43,30 @@ AcGeSplineEnt3d& AcGeSplineEnt3d::transformBy(const AcGeMatrix3d& xfm)
     return *this;
 }
 
-bool AcGeSplineEnt3d::isRational() const { return spline().isRational(); }
+bool AcGeSplineEnt3d::isRational() const
+{
+    return spline().isRational();
+}
 
-int AcGeSplineEnt3d::degree() const { return spline().degree; }
+int AcGeSplineEnt3d::degree() const
+{
+    return spline().degree;
+}
 
-int AcGeSplineEnt3d::numKnots() const { return static_cast<int>(spline().knots.size()); }
+int AcGeSplineEnt3d::numKnots() const
+{
+    return static_cast<int>(spline().knots.size());
+}
 
-const AcGeKnotVector AcGeSplineEnt3d::knots() const { return {numKnots(), spline().knots.data()}; }
+const AcGeKnotVector AcGeSplineEnt3d::knots() const
+{
+    return {numKnots(), spline().knots.data()};
+}
 
-int AcGeSplineEnt3d::numControlPoints() const { return static_cast<int>(spline().points.size()); }
+int AcGeSplineEnt3d::numControlPoints() const
+{
+    return static_cast<int>(spline().points.size());
+}
 
 int AcGeSplineEnt3d::continuityAtKnot(int idx, const AcGeTol&) const
 {
@@ -56,13 +75,25 @@ int AcGeSplineEnt3d::continuityAtKnot(int idx, const AcGeTol&) const
     return left > 0 ? left : 0;
 }
 
-double AcGeSplineEnt3d::startParam() const { return spline().lower(); }
+double AcGeSplineEnt3d::startParam() const
+{
+    return spline().lower();
+}
 
-double AcGeSplineEnt3d::endParam() const { return spline().upper(); }
+double AcGeSplineEnt3d::endParam() const
+{
+    return spline().upper();
+}
 
-AcGePoint3d AcGeSplineEnt3d::startPoint() const { return evalPoint(startParam()); }
+AcGePoint3d AcGeSplineEnt3d::startPoint() const
+{
+    return evalPoint(startParam());
+}
 
-AcGePoint3d AcGeSplineEnt3d::endPoint() const { return evalPoint(endParam()); }
+AcGePoint3d AcGeSplineEnt3d::endPoint() const
+{
+    return evalPoint(endParam());
+}
 
 double AcGeSplineEnt3d::knotAt(int idx) const
 {
@@ -80,7 +111,8 @@ AcGeSplineEnt3d& AcGeSplineEnt3d::setKnotAt(int idx, double val)
 
 AcGePoint3d AcGeSplineEnt3d::controlPointAt(int idx) const
 {
-    return idx >= 0 && idx < numControlPoints() ? toPoint3d(spline().points[asSize(idx)]) : AcGePoint3d::kOrigin;
+    return idx >= 0 && idx < numControlPoints() ? toPoint3d(spline().points[asSize(idx)])
+                                                : AcGePoint3d::kOrigin;
 }
 
 AcGeSplineEnt3d& AcGeSplineEnt3d::setControlPointAt(int idx, const AcGePoint3d& pnt)

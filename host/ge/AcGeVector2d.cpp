@@ -18,7 +18,9 @@ struct Directions {
 
 Directions directionsOf(const AcGeVector2d& a, const AcGeVector2d& b, const AcGeTol& tol)
 {
-    const AcGeError flag = a.isZeroLength(tol) ? AcGe::k0This : b.isZeroLength(tol) ? AcGe::k0Arg1 : AcGe::kOk;
+    const AcGeError flag = a.isZeroLength(tol)   ? AcGe::k0This
+                           : b.isZeroLength(tol) ? AcGe::k0Arg1
+                                                 : AcGe::kOk;
     return {a.normal(tol), b.normal(tol), flag};
 }
 } // namespace
@@ -33,7 +35,10 @@ AcGeVector2d& AcGeVector2d::setToProduct(const AcGeMatrix2d& matrix, const AcGeV
     return *this = matrix * vec;
 }
 
-AcGeVector2d& AcGeVector2d::transformBy(const AcGeMatrix2d& matrix) { return *this = matrix * *this; }
+AcGeVector2d& AcGeVector2d::transformBy(const AcGeMatrix2d& matrix)
+{
+    return *this = matrix * *this;
+}
 
 AcGeVector2d& AcGeVector2d::rotateBy(double angle)
 {
@@ -112,4 +117,7 @@ bool AcGeVector2d::isPerpendicularTo(const AcGeVector2d& vec, const AcGeTol& tol
     return flag == AcGe::kOk && std::fabs(d.a.dotProduct(d.b)) <= tol.equalVector();
 }
 
-AcGeVector2d::operator AcGeMatrix2d() const { return AcGeMatrix2d::translation(*this); }
+AcGeVector2d::operator AcGeMatrix2d() const
+{
+    return AcGeMatrix2d::translation(*this);
+}

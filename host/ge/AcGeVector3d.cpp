@@ -20,19 +20,27 @@ struct Directions {
 
 Directions directionsOf(const AcGeVector3d& a, const AcGeVector3d& b, const AcGeTol& tol)
 {
-    const AcGeError flag = a.isZeroLength(tol) ? AcGe::k0This : b.isZeroLength(tol) ? AcGe::k0Arg1 : AcGe::kOk;
+    const AcGeError flag = a.isZeroLength(tol)   ? AcGe::k0This
+                           : b.isZeroLength(tol) ? AcGe::k0Arg1
+                                                 : AcGe::kOk;
     return {a.normal(tol), b.normal(tol), flag};
 }
 } // namespace
 
-AcGeVector3d::AcGeVector3d(const AcGePlanarEnt& plane, const AcGeVector2d& v) { set(plane, v); }
+AcGeVector3d::AcGeVector3d(const AcGePlanarEnt& plane, const AcGeVector2d& v)
+{
+    set(plane, v);
+}
 
 AcGeVector3d& AcGeVector3d::setToProduct(const AcGeMatrix3d& matrix, const AcGeVector3d& vec)
 {
     return *this = matrix * vec;
 }
 
-AcGeVector3d& AcGeVector3d::transformBy(const AcGeMatrix3d& matrix) { return *this = matrix * *this; }
+AcGeVector3d& AcGeVector3d::transformBy(const AcGeMatrix3d& matrix)
+{
+    return *this = matrix * *this;
+}
 
 // Rodrigues' rotation formula.
 AcGeVector3d& AcGeVector3d::rotateBy(double angle, const AcGeVector3d& axis)
@@ -142,7 +150,8 @@ AcGeMatrix3d AcGeVector3d::rotateTo(const AcGeVector3d& vec, const AcGeVector3d&
     return AcGeMatrix3d::rotation(angleTo(vec), about);
 }
 
-AcGeVector3d AcGeVector3d::project(const AcGeVector3d& planeNormal, const AcGeVector3d& projectDirection) const
+AcGeVector3d AcGeVector3d::project(const AcGeVector3d& planeNormal,
+                                   const AcGeVector3d& projectDirection) const
 {
     AcGeError flag;
     return project(planeNormal, projectDirection, AcGeContext::gTol, flag);
@@ -151,10 +160,10 @@ AcGeVector3d AcGeVector3d::project(const AcGeVector3d& planeNormal, const AcGeVe
 AcGeVector3d AcGeVector3d::project(const AcGeVector3d& planeNormal, const AcGeVector3d& projectDirection,
                                    const AcGeTol& tol, AcGeError& flag) const
 {
-    flag = planeNormal.isZeroLength(tol)                         ? AcGe::k0Arg1
-           : projectDirection.isZeroLength(tol)                  ? AcGe::k0Arg2
+    flag = planeNormal.isZeroLength(tol)                          ? AcGe::k0Arg1
+           : projectDirection.isZeroLength(tol)                   ? AcGe::k0Arg2
            : planeNormal.isPerpendicularTo(projectDirection, tol) ? AcGe::kPerpendicularArg1Arg2
-                                                                 : AcGe::kOk;
+                                                                  : AcGe::kOk;
     if (flag != AcGe::kOk) return *this;
     return *this - projectDirection * (dotProduct(planeNormal) / projectDirection.dotProduct(planeNormal));
 }
@@ -165,7 +174,8 @@ AcGeVector3d AcGeVector3d::orthoProject(const AcGeVector3d& planeNormal) const
     return orthoProject(planeNormal, AcGeContext::gTol, flag);
 }
 
-AcGeVector3d AcGeVector3d::orthoProject(const AcGeVector3d& planeNormal, const AcGeTol& tol, AcGeError& flag) const
+AcGeVector3d AcGeVector3d::orthoProject(const AcGeVector3d& planeNormal, const AcGeTol& tol,
+                                        AcGeError& flag) const
 {
     return project(planeNormal, planeNormal, tol, flag);
 }
@@ -181,4 +191,7 @@ AcGeVector3d& AcGeVector3d::set(const AcGePlanarEnt& plane, const AcGeVector2d& 
     return *this = plane.evalPoint({v.x, v.y}) - plane.pointOnPlane();
 }
 
-AcGeVector3d::operator AcGeMatrix3d() const { return AcGeMatrix3d::translation(*this); }
+AcGeVector3d::operator AcGeMatrix3d() const
+{
+    return AcGeMatrix3d::translation(*this);
+}

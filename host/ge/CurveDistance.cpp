@@ -24,7 +24,10 @@ Foot footAt(const CurveForm& form, double t, const AcGePoint3d& p)
     return foot;
 }
 
-const Foot& nearer(const Foot& a, const Foot& b) { return b.distance < a.distance ? b : a; }
+const Foot& nearer(const Foot& a, const Foot& b)
+{
+    return b.distance < a.distance ? b : a;
+}
 
 Foot closestOnLine(const CurveForm& form, const AcGePoint3d& p)
 {
@@ -42,7 +45,10 @@ Foot closestOnCircle(const CurveForm& form, const AcGePoint3d& p)
     return nearer(footAt(form, form.lo, p), footAt(form, form.hi, p));
 }
 
-double sizeOf(const AcGePoint3d& p) { return std::max({std::fabs(p.x), std::fabs(p.y), std::fabs(p.z)}); }
+double sizeOf(const AcGePoint3d& p)
+{
+    return std::max({std::fabs(p.x), std::fabs(p.y), std::fabs(p.z)});
+}
 
 /// Searches spans for the closest point; keeps the best found so far.
 class FootSearch
@@ -108,7 +114,10 @@ FootPair pairAt(const CurveForm& first, double s, const CurveForm& second, doubl
     return pair;
 }
 
-const FootPair& nearer(const FootPair& a, const FootPair& b) { return b.distance < a.distance ? b : a; }
+const FootPair& nearer(const FootPair& a, const FootPair& b)
+{
+    return b.distance < a.distance ? b : a;
+}
 
 FootPair swapped(const FootPair& pair)
 {
@@ -126,7 +135,8 @@ FootPair closestLines(const CurveForm& first, const CurveForm& second)
     // The foot of a clamped point may be clamped itself, so the first point is put right once more.
     const double onSecond = closestOnLine(second, pointAt(first, first.clamped(s))).t;
     const double onFirst = closestOnLine(first, pointAt(second, onSecond)).t;
-    best = nearer(pairAt(first, first.clamped(s), second, onSecond), pairAt(first, onFirst, second, onSecond));
+    best =
+        nearer(pairAt(first, first.clamped(s), second, onSecond), pairAt(first, onFirst, second, onSecond));
     for (const double end : {first.lo, first.hi})
         if (std::isfinite(end))
             best = nearer(best, pairAt(first, end, second, closestOnLine(second, pointAt(first, end)).t));
@@ -184,7 +194,8 @@ private:
                 t = closestNear(mSecond, pointAt(mFirst, s), t, b.lo, b.hi).t;
                 s = closestNear(mFirst, pointAt(mSecond, t), s, a.lo, a.hi).t;
             }
-            if (std::fabs(s - s0) <= 1e-15 * (1 + std::fabs(s)) && std::fabs(t - t0) <= 1e-15 * (1 + std::fabs(t)) && i % 4 == 3)
+            if (std::fabs(s - s0) <= 1e-15 * (1 + std::fabs(s)) &&
+                std::fabs(t - t0) <= 1e-15 * (1 + std::fabs(t)) && i % 4 == 3)
                 break;
         }
         mBest = nearer(mBest, pairAt(mFirst, s, mSecond, t));
@@ -253,7 +264,8 @@ Foot closestNear(const CurveForm& form, const AcGePoint3d& p, double guess, doub
 
 Foot closestTo(const CurveForm& form, const AcGePoint3d& p)
 {
-    if (form.kind == FormKind::kChain) return closestOnChain(form, [&](const CurveForm& f) { return closestTo(f, p); });
+    if (form.kind == FormKind::kChain)
+        return closestOnChain(form, [&](const CurveForm& f) { return closestTo(f, p); });
     if (form.kind == FormKind::kLine) return closestOnLine(form, p);
     if (isCircle(form)) return closestOnCircle(form, p);
     if (!isFinite(form)) return {};

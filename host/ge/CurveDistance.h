@@ -13,9 +13,9 @@ struct Foot {
     double distance = kInfinity;
 };
 
-/// The closest point: closed for lines and circles; for ellipses and splines by bounds on halved spans, so that it
-/// is the closest of all, refined by Newton's method. When several are as close the one found first counts (for
-/// the centre of a circle its start).
+/// The closest point: closed for lines and circles; for ellipses and splines by bounds on halved spans, so
+/// that it is the closest of all, refined by Newton's method. When several are as close the one found first
+/// counts (for the centre of a circle its start).
 Foot closestTo(const CurveForm& form, const AcGePoint3d& p);
 
 /// The closest point near a parameter, within lo..hi: Newton's method with bisection for safety.
@@ -32,8 +32,8 @@ struct FootPair {
     double distance = kInfinity;
 };
 
-/// Closed for two lines; else by bounds on halved spans. For unbounded lines that come closest at infinity only
-/// (parallel ones) any pair at the right distance.
+/// Closed for two lines; else by bounds on halved spans. For unbounded lines that come closest at infinity
+/// only (parallel ones) any pair at the right distance.
 FootPair closestBetween(const CurveForm& first, const CurveForm& second);
 
 /// A line without bounds cut to what can matter for the distance from a bounded curve; other forms unchanged.

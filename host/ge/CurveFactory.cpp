@@ -136,10 +136,14 @@ bool moveAside(CurveForm& form, double distance, const AcGeVector3d& normal)
 AcGeCurve3d* curve3dOf(const CurveForm& form)
 {
     switch (form.kind) {
-    case FormKind::kLine: return line3dOf(form);
-    case FormKind::kConic: return conic3dOf(form);
-    case FormKind::kChain: return chain3dOf(form);
-    case FormKind::kSpline: break;
+    case FormKind::kLine:
+        return line3dOf(form);
+    case FormKind::kConic:
+        return conic3dOf(form);
+    case FormKind::kChain:
+        return chain3dOf(form);
+    case FormKind::kSpline:
+        break;
     }
     AcGeKnotVector knots;
     AcGePoint3dArray points;
@@ -153,10 +157,14 @@ AcGeCurve3d* curve3dOf(const CurveForm& form)
 AcGeCurve2d* curve2dOf(const CurveForm& form)
 {
     switch (form.kind) {
-    case FormKind::kLine: return line2dOf(form);
-    case FormKind::kConic: return conic2dOf(form);
-    case FormKind::kChain: return chain2dOf(form);
-    case FormKind::kSpline: break;
+    case FormKind::kLine:
+        return line2dOf(form);
+    case FormKind::kConic:
+        return conic2dOf(form);
+    case FormKind::kChain:
+        return chain2dOf(form);
+    case FormKind::kSpline:
+        break;
     }
     AcGeKnotVector knots;
     AcGePoint2dArray points;
@@ -174,7 +182,8 @@ AcGeCurve3d* imageOf(const AcGeCurve3d& curve, const AcGeMatrix3d& map, const Ac
         AcGeEllipArc3d image(form.origin, form.u, form.v, form.u.length(), form.v.length());
         image.setInterval(AcGeInterval(form.lo, form.hi));
         image.transformBy(map);
-        if (!(image.minorRadius() > tol.equalPoint()) || !(image.majorRadius() > tol.equalPoint())) return nullptr;
+        if (!(image.minorRadius() > tol.equalPoint()) || !(image.majorRadius() > tol.equalPoint()))
+            return nullptr;
         return curve3dOf(image.form());
     }
     std::unique_ptr<AcGeCurve3d> image(static_cast<AcGeCurve3d*>(curve.copy()));
@@ -184,7 +193,8 @@ AcGeCurve3d* imageOf(const AcGeCurve3d& curve, const AcGeMatrix3d& map, const Ac
     return image->isDegenerate(kind, tol) ? nullptr : image.release();
 }
 
-AcGeCurve3d* offsetOf(const AcGeCurve3d& curve, double distance, const AcGeVector3d& planeNormal, const AcGeTol&)
+AcGeCurve3d* offsetOf(const AcGeCurve3d& curve, double distance, const AcGeVector3d& planeNormal,
+                      const AcGeTol&)
 {
     CurveForm form = curve.form();
     return moveAside(form, distance, planeNormal) ? curve3dOf(form) : nullptr;
@@ -196,5 +206,8 @@ AcGeCurve2d* offsetOf(const AcGeCurve2d& curve, double distance, const AcGeTol&)
     return moveAside(form, distance, AcGeVector3d::kZAxis) ? curve2dOf(form) : nullptr;
 }
 
-bool isPeriodicSpline(const CurveForm& form) { return form.spline->periodic; }
+bool isPeriodicSpline(const CurveForm& form)
+{
+    return form.spline->periodic;
+}
 } // namespace gecore

@@ -39,7 +39,10 @@ void chainDerivatives(const CurveForm& form, double t, int order, AcGeVector3d* 
         out[k] *= factor;
 }
 
-bool isFinite(const AcGeVector3d& v) { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); }
+bool isFinite(const AcGeVector3d& v)
+{
+    return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
+}
 } // namespace
 
 CurveForm splineForm(const Spline& spline)
@@ -65,11 +68,13 @@ CurveForm chainForm(const std::vector<ChainLink>& links)
 bool isFinite(const CurveForm& form)
 {
     if (form.kind == FormKind::kChain)
-        return std::all_of(form.chain->begin(), form.chain->end(), [](const ChainLink& l) { return isFinite(l.form); });
+        return std::all_of(form.chain->begin(), form.chain->end(),
+                           [](const ChainLink& l) { return isFinite(l.form); });
     if (form.kind == FormKind::kSpline)
         return std::all_of(form.spline->points.begin(), form.spline->points.end(),
                            [](const AcGePoint3d& p) { return isFinite(p.asVector()); });
-    const bool bounds = form.kind == FormKind::kLine ? form.lo <= form.hi : std::isfinite(form.lo) && std::isfinite(form.hi);
+    const bool bounds =
+        form.kind == FormKind::kLine ? form.lo <= form.hi : std::isfinite(form.lo) && std::isfinite(form.hi);
     return bounds && isFinite(form.origin.asVector()) && isFinite(form.u) && isFinite(form.v);
 }
 
@@ -82,10 +87,14 @@ bool isCircle(const CurveForm& form)
 void derivatives(const CurveForm& form, double t, int order, AcGeVector3d* out)
 {
     switch (form.kind) {
-    case FormKind::kLine: return lineDerivatives(form, t, order, out);
-    case FormKind::kConic: return conicDerivatives(form, t, order, out);
-    case FormKind::kSpline: return form.spline->derivatives(t, order, out);
-    case FormKind::kChain: return chainDerivatives(form, t, order, out);
+    case FormKind::kLine:
+        return lineDerivatives(form, t, order, out);
+    case FormKind::kConic:
+        return conicDerivatives(form, t, order, out);
+    case FormKind::kSpline:
+        return form.spline->derivatives(t, order, out);
+    case FormKind::kChain:
+        return chainDerivatives(form, t, order, out);
     }
 }
 
@@ -98,8 +107,9 @@ AcGePoint3d pointAt(const CurveForm& form, double t)
 
 const ChainLink& linkAt(const std::vector<ChainLink>& links, double t)
 {
-    const auto after = std::upper_bound(links.begin(), links.end(), t,
-                                        [](double value, const ChainLink& link) { return value < link.start; });
+    const auto after =
+        std::upper_bound(links.begin(), links.end(), t,
+                         [](double value, const ChainLink& link) { return value < link.start; });
     return after == links.begin() ? links.front() : *(after - 1);
 }
 

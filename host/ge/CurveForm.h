@@ -1,7 +1,7 @@
 #pragma once
 
-/// Curves as the numeric functions of this folder see them: plain values, three-dimensional (z = 0 for curves of
-/// the plane). The entity classes describe themselves in this form and leave lengths, closest points and
+/// Curves as the numeric functions of this folder see them: plain values, three-dimensional (z = 0 for curves
+/// of the plane). The entity classes describe themselves in this form and leave lengths, closest points and
 /// intersections to the free functions on it, which are also what a stronger engine would replace.
 
 #include "gemat3d.h"
@@ -18,8 +18,7 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 struct Spline;
 struct ChainLink;
 
-enum class FormKind : char
-{
+enum class FormKind : char {
     kLine,   ///< origin + t u
     kConic,  ///< origin + cos t u + sin t v, with u and v perpendicular
     kSpline, ///< *spline at t
@@ -55,7 +54,8 @@ inline CurveForm lineForm(const AcGePoint3d& origin, const AcGeVector3d& u, doub
     return {FormKind::kLine, origin, u, {}, lo, hi, nullptr, nullptr};
 }
 
-inline CurveForm conicForm(const AcGePoint3d& center, const AcGeVector3d& u, const AcGeVector3d& v, double lo, double hi)
+inline CurveForm conicForm(const AcGePoint3d& center, const AcGeVector3d& u, const AcGeVector3d& v, double lo,
+                           double hi)
 {
     return {FormKind::kConic, center, u, v, lo, hi, nullptr, nullptr};
 }
@@ -72,8 +72,14 @@ bool isCircle(const CurveForm& form);
 void derivatives(const CurveForm& form, double t, int order, AcGeVector3d* out);
 
 AcGePoint3d pointAt(const CurveForm& form, double t);
-inline AcGePoint3d startOf(const CurveForm& form) { return pointAt(form, form.lo); }
-inline AcGePoint3d endOf(const CurveForm& form) { return pointAt(form, form.hi); }
+inline AcGePoint3d startOf(const CurveForm& form)
+{
+    return pointAt(form, form.lo);
+}
+inline AcGePoint3d endOf(const CurveForm& form)
+{
+    return pointAt(form, form.hi);
+}
 
 /// The link of a chain that holds parameter t.
 const ChainLink& linkAt(const std::vector<ChainLink>& links, double t);

@@ -122,7 +122,8 @@ void addSplineExtremes(const CurveForm& form, Box& box)
             for (int i = 1; i <= cuts; ++i, before[1] = after[1]) {
                 const double a = from + (to - from) * (i - 1) / cuts, b = from + (to - from) * i / cuts;
                 derivatives(form, b, 1, after);
-                if (before[1][axis] * after[1][axis] < 0) box.add(pointAt(form, extremeBetween(form, axis, a, b)));
+                if (before[1][axis] * after[1][axis] < 0)
+                    box.add(pointAt(form, extremeBetween(form, axis, a, b)));
                 box.add(pointAt(form, b));
             }
         }
@@ -168,7 +169,8 @@ double paramAtLength(const CurveForm& form, double from, double length)
         (miss > 0 ? hi : lo) = t;
         const double pace = speed(form, t), step = t - miss / pace;
         const double next = pace > 0 && step > lo && step < hi ? step : (lo + hi) / 2;
-        if (std::fabs(miss) <= 1e-14 * std::fabs(total) || !(std::fabs(next - t) > 1e-16 * std::fabs(t))) break;
+        if (std::fabs(miss) <= 1e-14 * std::fabs(total) || !(std::fabs(next - t) > 1e-16 * std::fabs(t)))
+            break;
         t = next;
     }
     return t;
@@ -215,10 +217,15 @@ std::vector<AcGePoint3d> shapePoints(const CurveForm& form)
     switch (form.kind) {
     case FormKind::kLine:
         return {pointAt(form, std::isfinite(form.lo) ? form.lo : 0),
-                pointAt(form, std::isfinite(form.hi) ? form.hi : std::isfinite(form.lo) ? form.lo + 1 : 1)};
-    case FormKind::kConic: return {form.origin, form.origin + form.u, form.origin + form.v};
-    case FormKind::kSpline: return form.spline->points;
-    case FormKind::kChain: break;
+                pointAt(form, std::isfinite(form.hi)   ? form.hi
+                              : std::isfinite(form.lo) ? form.lo + 1
+                                                       : 1)};
+    case FormKind::kConic:
+        return {form.origin, form.origin + form.u, form.origin + form.v};
+    case FormKind::kSpline:
+        return form.spline->points;
+    case FormKind::kChain:
+        break;
     }
     std::vector<AcGePoint3d> points;
     for (const ChainLink& link : *form.chain)

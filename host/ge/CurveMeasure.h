@@ -33,13 +33,7 @@ Box boxOf(const CurveForm& form);
 /// Points whose plane, line or place is that of the curve: ends of lines, axes of conics, control points.
 std::vector<AcGePoint3d> shapePoints(const CurveForm& form);
 
-enum class Flatness
-{
-    kPoint,
-    kLinear,
-    kPlanar,
-    kSpatial
-};
+enum class Flatness { kPoint, kLinear, kPlanar, kSpatial };
 
 /// A fit through points: how flat they are within tol, with a point, a direction (kLinear) and a unit normal
 /// (kPlanar; also one that suits a line).

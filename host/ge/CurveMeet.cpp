@@ -9,7 +9,10 @@ namespace gecore
 {
 namespace
 {
-bool isBareAnalytic(const CurveForm& form) { return form.kind == FormKind::kLine || isCircle(form); }
+bool isBareAnalytic(const CurveForm& form)
+{
+    return form.kind == FormKind::kLine || isCircle(form);
+}
 
 Meetings swapped(const Meetings& found, const CurveForm& first, double tol, const CurveForm& second)
 {
@@ -29,8 +32,8 @@ Meetings swapped(const Meetings& found, const CurveForm& first, double tol, cons
 
 bool boxesApart(const Box& a, const Box& b, double tol)
 {
-    return a.min.x > b.max.x + tol || b.min.x > a.max.x + tol || a.min.y > b.max.y + tol || b.min.y > a.max.y + tol ||
-           a.min.z > b.max.z + tol || b.min.z > a.max.z + tol;
+    return a.min.x > b.max.x + tol || b.min.x > a.max.x + tol || a.min.y > b.max.y + tol ||
+           b.min.y > a.max.y + tol || a.min.z > b.max.z + tol || b.min.z > a.max.z + tol;
 }
 
 Meetings meetChain(const CurveForm& chain, const CurveForm& other, double tol)
@@ -55,7 +58,8 @@ Meetings meetChain(const CurveForm& chain, const CurveForm& other, double tol)
 }
 
 /// True when the curves stay together between two meetings that are neighbours.
-bool sameContact(const CurveForm& first, const CurveForm& second, const Meeting& a, const Meeting& b, double tol)
+bool sameContact(const CurveForm& first, const CurveForm& second, const Meeting& a, const Meeting& b,
+                 double tol)
 {
     const double near = 4 * tol;
     if (a.point.distanceTo(b.point) > 1e-2 * (1 + a.point.asVector().length())) return false;
@@ -80,7 +84,8 @@ bool isInside(const Overlap& o, const CurveForm& first, const Meeting& m, double
 {
     if (m.s >= o.s0 && m.s <= o.s1) return true;
     const double near = 4 * tol;
-    return m.point.distanceTo(pointAt(first, o.s0)) <= near || m.point.distanceTo(pointAt(first, o.s1)) <= near;
+    return m.point.distanceTo(pointAt(first, o.s0)) <= near ||
+           m.point.distanceTo(pointAt(first, o.s1)) <= near;
 }
 
 void tidyOverlaps(const CurveForm& first, const CurveForm& second, double tol, Meetings& meetings)
@@ -90,10 +95,12 @@ void tidyOverlaps(const CurveForm& first, const CurveForm& second, double tol, M
         sorted.push_back(meetings.overlaps[i]);
     std::sort(sorted.begin(), sorted.end(), [](const Overlap& a, const Overlap& b) { return a.s0 < b.s0; });
     const auto touch = [&](const CurveForm& f, double a, double b) {
-        return std::fabs(a - b) <= 1e-9 * (1 + std::fabs(a)) || lengthBetween(f, std::min(a, b), std::max(a, b)) <= 4 * tol;
+        return std::fabs(a - b) <= 1e-9 * (1 + std::fabs(a)) ||
+               lengthBetween(f, std::min(a, b), std::max(a, b)) <= 4 * tol;
     };
     for (const Overlap& o : sorted) {
-        const bool goesOn = !merged.empty() && touch(first, merged.back().s1, o.s0) && touch(second, merged.back().t1, o.t0) &&
+        const bool goesOn = !merged.empty() && touch(first, merged.back().s1, o.s0) &&
+                            touch(second, merged.back().t1, o.t0) &&
                             (merged.back().t0 < merged.back().t1) == (o.t0 < o.t1);
         if (goesOn) {
             merged.back().s1 = o.s1;

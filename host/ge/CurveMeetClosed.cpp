@@ -49,17 +49,23 @@ void addEnds(const CurveForm& first, const CurveForm& second, double tol, Meetin
         }
 }
 
-/// The stretch that two lines share within tol: the second's ends seen on the first. False when there is none.
+/// The stretch that two lines share within tol: the second's ends seen on the first. False when there is
+/// none.
 bool shareStretch(const CurveForm& first, const CurveForm& second, double tol, Meetings& out)
 {
     const double uu = first.u.lengthSqrd(), vv = second.u.lengthSqrd(), uv = first.u.dotProduct(second.u);
     if (first.u.crossProduct(second.u).length() > 1e-4 * std::sqrt(uu * vv)) return false;
     const double rate = uv / uu, base = (second.origin - first.origin).dotProduct(first.u) / uu;
-    const double a = base + rate * (uv > 0 ? second.lo : second.hi), b = base + rate * (uv > 0 ? second.hi : second.lo);
+    const double a = base + rate * (uv > 0 ? second.lo : second.hi),
+                 b = base + rate * (uv > 0 ? second.hi : second.lo);
     const double s0 = std::max(first.lo, a), s1 = std::min(first.hi, b);
     if (!((s1 - s0) * std::sqrt(uu) > tol)) return false;
-    const auto onSecond = [&](double s) { return ((first.origin - second.origin).dotProduct(second.u) + s * uv) / vv; };
-    const auto apart = [&](double s) { return pointAt(first, s).distanceTo(pointAt(second, onSecond(s))) > tol; };
+    const auto onSecond = [&](double s) {
+        return ((first.origin - second.origin).dotProduct(second.u) + s * uv) / vv;
+    };
+    const auto apart = [&](double s) {
+        return pointAt(first, s).distanceTo(pointAt(second, onSecond(s))) > tol;
+    };
     const double from = std::isfinite(s0) ? s0 : std::isfinite(s1) ? s1 - 1 : 0;
     const double to = std::isfinite(s1) ? s1 : from + 1;
     const bool endless = !std::isfinite(s0) || !std::isfinite(s1);
@@ -144,10 +150,15 @@ void shareArcs(const CurveForm& first, const CurveForm& second, double tol, Meet
     const double a = shift + sign * (against ? second.hi : second.lo), width = second.hi - second.lo;
     const double firstTurn = std::floor((first.lo - slack - a - width) / kTwoPi);
     for (int k = 0; k <= 3; ++k) {
-        const double lo = a + kTwoPi * (firstTurn + k), s0 = std::max(first.lo, lo), s1 = std::min(first.hi, lo + width);
-        const auto onSecond = [&](double s) { return second.clamped(sign > 0 ? second.lo + (s - lo) : second.hi - (s - lo)); };
-        if (s1 - s0 > slack) out.overlaps.add({s0, s1, onSecond(s0), onSecond(s1)});
-        else if (s1 - s0 >= -slack) addNear(first, s0, second, onSecond(s0), tol, out);
+        const double lo = a + kTwoPi * (firstTurn + k), s0 = std::max(first.lo, lo),
+                     s1 = std::min(first.hi, lo + width);
+        const auto onSecond = [&](double s) {
+            return second.clamped(sign > 0 ? second.lo + (s - lo) : second.hi - (s - lo));
+        };
+        if (s1 - s0 > slack)
+            out.overlaps.add({s0, s1, onSecond(s0), onSecond(s1)});
+        else if (s1 - s0 >= -slack)
+            addNear(first, s0, second, onSecond(s0), tol, out);
     }
 }
 } // namespace
@@ -158,8 +169,8 @@ Meetings meetLines(const CurveForm& first, const CurveForm& second, double tol)
     const double uu = first.u.lengthSqrd(), vv = second.u.lengthSqrd();
     const bool parallel = first.u.crossProduct(second.u).lengthSqrd() <= 1e-28 * uu * vv;
     if (uu > 0 && vv > 0 && shareStretch(first, second, tol, out)) return out;
-    if (parallel && !(first.isBounded() && second.isBounded()) && first.lo == -kInfinity && second.lo == -kInfinity &&
-        first.hi == kInfinity && second.hi == kInfinity)
+    if (parallel && !(first.isBounded() && second.isBounded()) && first.lo == -kInfinity &&
+        second.lo == -kInfinity && first.hi == kInfinity && second.hi == kInfinity)
         return out;
     const FootPair pair = closestBetween(first, second);
     if (pair.distance <= tol)
@@ -205,7 +216,8 @@ Meetings meetCircles(const CurveForm& first, const CurveForm& second, double tol
             // Both planes' common line, through the point of the first plane closest to the second centre.
             const AcGeVector3d towards = axis.crossProduct(n);
             const AcGePoint3d on = first.origin + towards * (between.dotProduct(m) / towards.dotProduct(m));
-            const Meetings crossed = meetLineCircle(lineForm(on, axis / axis.length(), -kInfinity, kInfinity), first, tol);
+            const Meetings crossed =
+                meetLineCircle(lineForm(on, axis / axis.length(), -kInfinity, kInfinity), first, tol);
             for (std::size_t i = 0; i < crossed.points.size(); ++i) {
                 double t = angleOn(second, crossed.points[i].point);
                 if (fitTurn(second, t, tol / q)) addNear(first, crossed.points[i].t, second, t, tol, out);

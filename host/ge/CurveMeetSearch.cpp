@@ -22,7 +22,10 @@ double undirectedAngle(const AcGeVector3d& a, const AcGeVector3d& b)
 class MeetSearch
 {
 public:
-    MeetSearch(const CurveForm& first, const CurveForm& second, double tol) : mFirst(first), mSecond(second), mTol(tol) {}
+    MeetSearch(const CurveForm& first, const CurveForm& second, double tol)
+        : mFirst(first), mSecond(second), mTol(tol)
+    {
+    }
 
     Meetings run()
     {
@@ -85,7 +88,8 @@ private:
         if (form.kind == FormKind::kLine || isCircle(form)) return closestTo(form, p);
         Foot best;
         for (int i = 0; i < 4; ++i) {
-            const double lo = span.lo + (span.hi - span.lo) * i / 4, hi = i == 3 ? span.hi : span.lo + (span.hi - span.lo) * (i + 1) / 4;
+            const double lo = span.lo + (span.hi - span.lo) * i / 4,
+                         hi = i == 3 ? span.hi : span.lo + (span.hi - span.lo) * (i + 1) / 4;
             const Foot foot = closestNear(form, p, (lo + hi) / 2, lo, hi);
             if (foot.distance < best.distance) best = foot;
         }
@@ -98,7 +102,8 @@ private:
         const double angle = undirectedAngle(a.b - a.a, b.b - b.a);
         const bool crossesOnce = a.cone + b.cone < kPi / 4 && angle > a.cone + b.cone + 1e-9;
         const bool straight = a.sag <= mTol / 2 && b.sag <= mTol / 2;
-        const bool splitFirst = a.canSplit() && (a.sag > b.sag || (a.sag == b.sag && a.chord() >= b.chord()) || !b.canSplit());
+        const bool splitFirst =
+            a.canSplit() && (a.sag > b.sag || (a.sag == b.sag && a.chord() >= b.chord()) || !b.canSplit());
         if (crossesOnce || straight || (!splitFirst && !b.canSplit())) return refine(a, b);
         Span left, right;
         (splitFirst ? a : b).split(left, right);
@@ -127,7 +132,8 @@ private:
         return size > 0 ? p[1].crossProduct(q[1]).length() / size : 1;
     }
 
-    /// Gauss-Newton on A(s) - B(t), kept within bounds, then feet to and fro when that does not close the gap.
+    /// Gauss-Newton on A(s) - B(t), kept within bounds, then feet to and fro when that does not close the
+    /// gap.
     void approach(double sLo, double sHi, double tLo, double tHi, double& s, double& t) const
     {
         for (int i = 0; i < kSteps; ++i) {
@@ -140,7 +146,8 @@ private:
             if (!(det > 1e-24 * ss * tt)) break;
             const double s1 = std::clamp(s + (fs * tt - ft * st) / det, sLo, sHi);
             const double t1 = std::clamp(t + (fs * st - ft * ss) / det, tLo, tHi);
-            const bool still = std::fabs(s1 - s) <= 1e-16 * std::fabs(s) && std::fabs(t1 - t) <= 1e-16 * std::fabs(t);
+            const bool still =
+                std::fabs(s1 - s) <= 1e-16 * std::fabs(s) && std::fabs(t1 - t) <= 1e-16 * std::fabs(t);
             s = s1;
             t = t1;
             if (still || (s1 == s && t1 == t && r.length() == 0)) break;
@@ -153,9 +160,9 @@ private:
         }
     }
 
-    /// Moves a contact to where the directions are parallel, the middle of a touch: least squares over the gap and
-    /// the sine of the angle, by Gauss-Newton with differences. False, and nothing changed, when the curves are
-    /// apart there: then they cross at a small angle.
+    /// Moves a contact to where the directions are parallel, the middle of a touch: least squares over the
+    /// gap and the sine of the angle, by Gauss-Newton with differences. False, and nothing changed, when the
+    /// curves are apart there: then they cross at a small angle.
     bool sharpen(double& s, double& t) const
     {
         double a = s, b = t;
@@ -166,21 +173,27 @@ private:
             const double pp = p[1].length(), qq = q[1].length();
             if (!(pp > 0 && qq > 0)) return false;
             const AcGeVector3d u = p[1] / pp, v = q[1] / qq, turn = u.crossProduct(v), r = p[0] - q[0];
-            const AcGeVector3d du = (p[2] - u * u.dotProduct(p[2])) / pp, dv = (q[2] - v * v.dotProduct(q[2])) / qq;
+            const AcGeVector3d du = (p[2] - u * u.dotProduct(p[2])) / pp,
+                               dv = (q[2] - v * v.dotProduct(q[2])) / qq;
             const AcGeVector3d ts = du.crossProduct(v), tt = u.crossProduct(dv);
-            // The foot condition (A - B) . v = 0 and parallel directions, projected on the change of direction.
+            // The foot condition (A - B) . v = 0 and parallel directions, projected on the change of
+            // direction.
             const AcGeVector3d axis = ts.lengthSqrd() > tt.lengthSqrd() ? ts : tt;
             const double f = r.dotProduct(v), g = turn.dotProduct(axis);
-            const double fs = p[1].dotProduct(v), ft = -qq + r.dotProduct(dv), gs = ts.dotProduct(axis), gt = tt.dotProduct(axis);
+            const double fs = p[1].dotProduct(v), ft = -qq + r.dotProduct(dv), gs = ts.dotProduct(axis),
+                         gt = tt.dotProduct(axis);
             const double det = fs * gt - ft * gs;
             if (det == 0 || !std::isfinite(det)) return false;
             const double ds = (f * gt - ft * g) / det, dt = (fs * g - f * gs) / det;
             a = mFirst.clamped(a - ds);
             b = mSecond.clamped(b - dt);
-            if (std::fabs(ds) <= 1e-15 * (1 + std::fabs(a)) && std::fabs(dt) <= 1e-15 * (1 + std::fabs(b))) break;
+            if (std::fabs(ds) <= 1e-15 * (1 + std::fabs(a)) && std::fabs(dt) <= 1e-15 * (1 + std::fabs(b)))
+                break;
         }
         if (!(gap(a, b) <= mTol) || !(sine(a, b) <= kTangentSine)) return false;
-        if (pointAt(mFirst, a).distanceTo(pointAt(mFirst, s)) > 1e-2 * (1 + pointAt(mFirst, s).asVector().length())) return false;
+        if (pointAt(mFirst, a).distanceTo(pointAt(mFirst, s)) >
+            1e-2 * (1 + pointAt(mFirst, s).asVector().length()))
+            return false;
         s = a;
         t = b;
         return true;

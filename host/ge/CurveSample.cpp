@@ -36,7 +36,8 @@ void sampleCircle(const CurveForm& form, double a, double b, double eps, std::ve
 {
     const double radius = form.u.length(), half = eps < radius ? std::acos(1 - eps / radius) : kPi / 4;
     const double step = std::clamp(2 * half, (b - a) / static_cast<double>(kMostSamples - 1), kPi / 2);
-    const int count = static_cast<int>(std::clamp(std::ceil((b - a) / step - 1e-9), 1.0, 1.0 * (kMostSamples - 1)));
+    const int count =
+        static_cast<int>(std::clamp(std::ceil((b - a) / step - 1e-9), 1.0, 1.0 * (kMostSamples - 1)));
     for (int i = 1; i <= count; ++i)
         params.push_back(i == count ? b : a + (b - a) * i / count);
 }
@@ -64,7 +65,8 @@ std::vector<double> sampleParams(const CurveForm& form, double a, double b, doub
         const double from = params.back();
         const int cuts = form.kind == FormKind::kLine ? 1 : 2; // a symmetric wave could look flat as a whole
         for (int i = 1; i <= cuts; ++i)
-            sample(form, from + (t - from) * (i - 1) / cuts, i == cuts ? t : from + (t - from) * i / cuts, eps, 0, params);
+            sample(form, from + (t - from) * (i - 1) / cuts, i == cuts ? t : from + (t - from) * i / cuts,
+                   eps, 0, params);
     }
     return params;
 }

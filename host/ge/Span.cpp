@@ -11,7 +11,10 @@ double angleBetween(const AcGeVector3d& a, const AcGeVector3d& b)
     return std::atan2(a.crossProduct(b).length(), a.dotProduct(b));
 }
 
-AcGePoint3d placeOf(const Weighted& p) { return AcGePoint3d::kOrigin + p.p / p.w; }
+AcGePoint3d placeOf(const Weighted& p)
+{
+    return AcGePoint3d::kOrigin + p.p / p.w;
+}
 } // namespace
 
 double distanceToSegment(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoint3d& b)
@@ -22,7 +25,8 @@ double distanceToSegment(const AcGePoint3d& p, const AcGePoint3d& a, const AcGeP
     return (p - (a + along * t)).length();
 }
 
-double segmentDistance(const AcGePoint3d& a0, const AcGePoint3d& a1, const AcGePoint3d& b0, const AcGePoint3d& b1)
+double segmentDistance(const AcGePoint3d& a0, const AcGePoint3d& a1, const AcGePoint3d& b0,
+                       const AcGePoint3d& b1)
 {
     const AcGeVector3d d1 = a1 - a0, d2 = b1 - b0, r = a0 - b0;
     const double a = d1.lengthSqrd(), e = d2.lengthSqrd(), f = d2.dotProduct(r);
@@ -60,7 +64,8 @@ void Span::measure()
 void Span::measureConic()
 {
     const double half = (hi - lo) / 2;
-    sag = std::sqrt(std::max(form->u.lengthSqrd(), form->v.lengthSqrd())) * 2 * std::pow(std::sin(half / 2), 2);
+    sag =
+        std::sqrt(std::max(form->u.lengthSqrd(), form->v.lengthSqrd())) * 2 * std::pow(std::sin(half / 2), 2);
     AcGeVector3d start[2], end[2];
     derivatives(*form, lo, 1, start);
     derivatives(*form, hi, 1, end);
@@ -68,8 +73,8 @@ void Span::measureConic()
     cone = std::max(angleBetween(start[1], middle), angleBetween(end[1], middle));
 }
 
-// The curve lies in the hull of its control points, and its tangents are positive sums of the control polygon's
-// legs; both hold for positive weights.
+// The curve lies in the hull of its control points, and its tangents are positive sums of the control
+// polygon's legs; both hold for positive weights.
 void Span::measureBezier()
 {
     a = placeOf(points[0]);
@@ -144,10 +149,13 @@ std::vector<Span> spansOf(const CurveForm& form)
         }
         return spans;
     }
-    const double quarters = form.kind == FormKind::kConic ? std::ceil((form.hi - form.lo) / (kPi / 2) - 1e-9) : 1;
+    const double quarters =
+        form.kind == FormKind::kConic ? std::ceil((form.hi - form.lo) / (kPi / 2) - 1e-9) : 1;
     const int count = static_cast<int>(std::clamp(quarters, 1.0, 4096.0));
     for (int i = 0; i < count; ++i) {
-        const auto cut = [&](int k) { return k == count ? form.hi : form.lo + (form.hi - form.lo) * k / count; };
+        const auto cut = [&](int k) {
+            return k == count ? form.hi : form.lo + (form.hi - form.lo) * k / count;
+        };
         Span span = Span::of(form, cut(i), cut(i + 1));
         span.measure();
         spans.push_back(span);

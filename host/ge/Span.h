@@ -1,7 +1,7 @@
 #pragma once
 
-/// Smooth stretches of curves with bounds that shrink quadratically when a stretch is halved. Searches that must
-/// not miss anything halve spans until the bounds decide.
+/// Smooth stretches of curves with bounds that shrink quadratically when a stretch is halved. Searches that
+/// must not miss anything halve spans until the bounds decide.
 
 #include "CurveForm.h"
 #include "Spline.h"
@@ -10,8 +10,8 @@
 
 namespace gecore
 {
-/// A stretch of a bounded line, a conic or a spline between two neighbouring knots. It lies within `sag` of the
-/// chord from `a` to `b`, and its tangents within the angle `cone` of the chord's direction.
+/// A stretch of a bounded line, a conic or a spline between two neighbouring knots. It lies within `sag` of
+/// the chord from `a` to `b`, and its tangents within the angle `cone` of the chord's direction.
 struct Span {
     const CurveForm* form = nullptr;
     double lo = 0, hi = 0;
@@ -43,5 +43,6 @@ std::vector<Span> spansOf(const CurveForm& form);
 
 double distanceToSegment(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoint3d& b);
 /// Distance of two segments (C. Ericson, Real-Time Collision Detection, 5.1.9).
-double segmentDistance(const AcGePoint3d& a0, const AcGePoint3d& a1, const AcGePoint3d& b0, const AcGePoint3d& b1);
+double segmentDistance(const AcGePoint3d& a0, const AcGePoint3d& a1, const AcGePoint3d& b0,
+                       const AcGePoint3d& b1);
 } // namespace gecore

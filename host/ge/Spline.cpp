@@ -67,7 +67,8 @@ void basisDerivatives(const Spline& s, std::size_t span, double t, int order, Ba
 /// Derivatives of a quotient from those of the numerator and the denominator (A4.2).
 void divide(const Weighted* of, int order, AcGeVector3d* out)
 {
-    static constexpr int kBinomial[kOrders][kOrders] = {{1, 0, 0, 0}, {1, 1, 0, 0}, {1, 2, 1, 0}, {1, 3, 3, 1}};
+    static constexpr int kBinomial[kOrders][kOrders] = {
+        {1, 0, 0, 0}, {1, 1, 0, 0}, {1, 2, 1, 0}, {1, 3, 3, 1}};
     for (int k = 0; k <= order; ++k) {
         AcGeVector3d v = of[k].p;
         for (int i = 1; i <= k; ++i)
@@ -95,7 +96,8 @@ std::vector<Weighted> elevated(const std::vector<Weighted>& from)
 
 bool Spline::isValid() const
 {
-    if (degree < 1 || degree > kMaxDegree || points.size() < static_cast<std::size_t>(degree) + 1) return false;
+    if (degree < 1 || degree > kMaxDegree || points.size() < static_cast<std::size_t>(degree) + 1)
+        return false;
     if (knots.size() != points.size() + static_cast<std::size_t>(degree) + 1) return false;
     if (!weights.empty() && weights.size() != points.size()) return false;
     const auto good = [](double w) { return w > 0 && std::isfinite(w); };
@@ -106,7 +108,8 @@ bool Spline::isValid() const
 
 std::size_t Spline::spanAt(double t) const
 {
-    const auto first = knots.begin() + degree, last = knots.begin() + static_cast<std::ptrdiff_t>(points.size());
+    const auto first = knots.begin() + degree,
+               last = knots.begin() + static_cast<std::ptrdiff_t>(points.size());
     if (t >= *last) {
         const auto at = std::lower_bound(first, last, *last);
         return static_cast<std::size_t>(at - knots.begin()) - 1;
@@ -115,9 +118,15 @@ std::size_t Spline::spanAt(double t) const
     return static_cast<std::size_t>(after - knots.begin()) - 1;
 }
 
-int Spline::multiplicity(double t) const { return static_cast<int>(std::count(knots.begin(), knots.end(), t)); }
+int Spline::multiplicity(double t) const
+{
+    return static_cast<int>(std::count(knots.begin(), knots.end(), t));
+}
 
-Weighted Spline::weighted(std::size_t i) const { return {points[i].asVector() * weight(i), weight(i)}; }
+Weighted Spline::weighted(std::size_t i) const
+{
+    return {points[i].asVector() * weight(i), weight(i)};
+}
 
 void Spline::setWeighted(std::size_t i, const Weighted& value)
 {
@@ -185,7 +194,8 @@ void Spline::trim(double lo, double hi)
     const std::size_t from = static_cast<std::size_t>(firstAfter - knots.begin()) - p - 1;
     const std::size_t last = static_cast<std::size_t>(firstEnd - knots.begin()) - 1;
     const std::vector<double> inner(firstAfter, firstEnd);
-    points = {points.begin() + static_cast<std::ptrdiff_t>(from), points.begin() + static_cast<std::ptrdiff_t>(last) + 1};
+    points = {points.begin() + static_cast<std::ptrdiff_t>(from),
+              points.begin() + static_cast<std::ptrdiff_t>(last) + 1};
     if (isRational())
         weights = {weights.begin() + static_cast<std::ptrdiff_t>(from),
                    weights.begin() + static_cast<std::ptrdiff_t>(last) + 1};
@@ -202,7 +212,8 @@ std::vector<Spline::Bezier> Spline::beziers() const
     Spline fine(*this);
     std::vector<double> breaks;
     for (const double knot : knots)
-        if (knot >= lower() && knot <= upper() && (breaks.empty() || knot > breaks.back())) breaks.push_back(knot);
+        if (knot >= lower() && knot <= upper() && (breaks.empty() || knot > breaks.back()))
+            breaks.push_back(knot);
     for (const double t : breaks)
         while (fine.multiplicity(t) < degree)
             fine.insertKnot(t);
@@ -216,8 +227,8 @@ std::vector<Spline::Bezier> Spline::beziers() const
     return result;
 }
 
-// The Bezier pieces are raised one by one. Inner knots come out with the multiplicity of the new degree, which may
-// be more than the continuity there needs; shape and parameters are the same.
+// The Bezier pieces are raised one by one. Inner knots come out with the multiplicity of the new degree,
+// which may be more than the continuity there needs; shape and parameters are the same.
 void Spline::elevate()
 {
     if (isEmpty() || degree == kMaxDegree) return;

@@ -17,12 +17,15 @@ std::vector<double> fitParams(const std::vector<AcGePoint3d>& points, AcGe::Knot
     std::vector<double> params{0};
     for (std::size_t i = 1; i < points.size(); ++i) {
         const double chord = points[i].distanceTo(points[i - 1]);
-        params.push_back(params.back() + (rule == AcGe::kUniform ? 1 : rule == AcGe::kSqrtChord ? std::sqrt(chord) : chord));
+        params.push_back(params.back() + (rule == AcGe::kUniform     ? 1
+                                          : rule == AcGe::kSqrtChord ? std::sqrt(chord)
+                                                                     : chord));
     }
     return params;
 }
 
-AcGeVector3d scaledTangent(const AcGeVector3d& direction, const AcGePoint3d& a, const AcGePoint3d& b, double width)
+AcGeVector3d scaledTangent(const AcGeVector3d& direction, const AcGePoint3d& a, const AcGePoint3d& b,
+                           double width)
 {
     const double size = direction.length();
     return size > 0 ? direction * (a.distanceTo(b) / width / size) : direction;
@@ -30,7 +33,8 @@ AcGeVector3d scaledTangent(const AcGeVector3d& direction, const AcGePoint3d& a, 
 
 Spline splineOfConic(const CurveForm& conic)
 {
-    const int pieces = std::clamp(static_cast<int>(std::ceil((conic.hi - conic.lo) / (kPi / 2) - 1e-9)), 1, 4096);
+    const int pieces =
+        std::clamp(static_cast<int>(std::ceil((conic.hi - conic.lo) / (kPi / 2) - 1e-9)), 1, 4096);
     const double step = (conic.hi - conic.lo) / pieces, w = std::cos(step / 2);
     Spline spline;
     spline.degree = 2;
@@ -79,7 +83,8 @@ Spline joined(Spline first, Spline second)
         second.elevate();
     const double shift = first.upper() - second.lower();
     for (Spline* s : {&first, &second})
-        if (!s->isRational() && (first.isRational() || second.isRational())) s->weights.assign(s->points.size(), 1);
+        if (!s->isRational() && (first.isRational() || second.isRational()))
+            s->weights.assign(s->points.size(), 1);
     const double even = first.isRational() ? first.weights.back() / second.weights.front() : 1;
     for (double& w : second.weights)
         w *= even;
@@ -87,7 +92,8 @@ Spline joined(Spline first, Spline second)
     for (auto knot = second.knots.begin() + second.degree + 1; knot != second.knots.end(); ++knot)
         first.knots.push_back(*knot + shift);
     first.points.insert(first.points.end(), second.points.begin() + 1, second.points.end());
-    if (first.isRational()) first.weights.insert(first.weights.end(), second.weights.begin() + 1, second.weights.end());
+    if (first.isRational())
+        first.weights.insert(first.weights.end(), second.weights.begin() + 1, second.weights.end());
     return first;
 }
 } // namespace gecore

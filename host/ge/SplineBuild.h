@@ -15,7 +15,8 @@ std::vector<AcGePoint3d> distinctPoints(const std::vector<AcGePoint3d>& points, 
 std::vector<double> fitParams(const std::vector<AcGePoint3d>& points, AcGe::KnotParameterization rule);
 
 /// A direction scaled to the speed that the fit has between two of its points.
-AcGeVector3d scaledTangent(const AcGeVector3d& direction, const AcGePoint3d& a, const AcGePoint3d& b, double width);
+AcGeVector3d scaledTangent(const AcGeVector3d& direction, const AcGePoint3d& a, const AcGePoint3d& b,
+                           double width);
 
 /// A conic as a rational quadratic (The NURBS Book, A7.1), with the angle as parameter at the knots.
 Spline splineOfConic(const CurveForm& conic);

@@ -113,7 +113,8 @@ Spline simpleKnots(const Spline& pieces, const std::vector<double>& params)
     result.knots.insert(result.knots.end(), 3, params.back());
     const std::size_t count = params.size() + 2;
     for (std::size_t i = 0; i < count; ++i) {
-        // The piece is p0 + d (t - a) + ..., and its blossom at (x, y, z) follows from its Taylor coefficients.
+        // The piece is p0 + d (t - a) + ..., and its blossom at (x, y, z) follows from its Taylor
+        // coefficients.
         const double x = result.knots[i + 1], y = result.knots[i + 2], z = result.knots[i + 3];
         const double a = y;
         AcGeVector3d d[4];

@@ -51,8 +51,9 @@ public:
 
 /// The way of copying that suits a type.
 template <class T>
-using AcArrayItemCopierSelector = std::conditional_t<std::is_trivially_copyable_v<T>, AcArrayMemCopyReallocator<T>,
-                                                     AcArrayObjectCopyReallocator<T>>;
+using AcArrayItemCopierSelector =
+    std::conditional_t<std::is_trivially_copyable_v<T>, AcArrayMemCopyReallocator<T>,
+                       AcArrayObjectCopyReallocator<T>>;
 
 /// An array with a logical length (items in use) and a physical length (items there is room for).
 ///
@@ -71,7 +72,10 @@ public:
     using iterator = T*;
     using const_iterator = const T*;
 
-    explicit AcArray(int initPhysicalLength, int initGrowLength = kDefaultGrowth) { create(initPhysicalLength, initGrowLength); }
+    explicit AcArray(int initPhysicalLength, int initGrowLength = kDefaultGrowth)
+    {
+        create(initPhysicalLength, initGrowLength);
+    }
     AcArray() noexcept = default;
     AcArray(const AcArray& other) { *this = other; }
     AcArray(AcArray&& other) noexcept { swapWith(other); }
@@ -281,7 +285,7 @@ private:
     static constexpr int kDefaultGrowth = 8;
     static constexpr std::size_t kLargeArray = 65536;
 
-    static std::size_t size(int n) { return static_cast<std::size_t>(n); }
+    static std::size_t size(int n) { return n > 0 ? static_cast<std::size_t>(n) : 0; }
 
     void create(int physical, int growth)
     {
@@ -294,7 +298,8 @@ private:
     }
     int step() const
     {
-        const int stated = mGrow > 0 ? mGrow : static_cast<int>(static_cast<long long>(mPhysical) * -mGrow / 100);
+        const int stated =
+            mGrow > 0 ? mGrow : static_cast<int>(static_cast<long long>(mPhysical) * -mGrow / 100);
         const int fair = size(mPhysical) * sizeof(T) > kLargeArray ? mPhysical / 2 : 1;
         return std::max(stated, fair);
     }

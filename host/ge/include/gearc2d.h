@@ -4,9 +4,9 @@
 
 class AcGeLinearEnt2d;
 
-/// A circle or an arc of one. The parameter is the angle in radians from the reference vector, measured in the
-/// direction of drawing: counter-clockwise, or clockwise when isClockWise(). startAng() < endAng() <= startAng() +
-/// 2 pi.
+/// A circle or an arc of one. The parameter is the angle in radians from the reference vector, measured in
+/// the direction of drawing: counter-clockwise, or clockwise when isClockWise(). startAng() < endAng() <=
+/// startAng() + 2 pi.
 class AcGeCircArc2d : public AcGeCurve2d
 {
 public:
@@ -18,14 +18,17 @@ public:
     {
         set(cent, radius, startAngle, endAngle, refVec, isClockWise);
     }
-    /// The arc from the first point through the second to the third; its angles start at 0 at the first point.
+    /// The arc from the first point through the second to the third; its angles start at 0 at the first
+    /// point.
     AcGeCircArc2d(const AcGePoint2d& startPoint, const AcGePoint2d& point, const AcGePoint2d& endPoint)
     {
         set(startPoint, point, endPoint);
     }
-    /// The arc between two points, counter-clockwise for a positive bulge: the greatest height of the arc above its
-    /// chord or, when the flag is false, the tangent of a quarter of its angle. Angles start at 0 at the first point.
-    AcGeCircArc2d(const AcGePoint2d& startPoint, const AcGePoint2d& endPoint, double bulge, bool bulgeFlag = true)
+    /// The arc between two points, counter-clockwise for a positive bulge: the greatest height of the arc
+    /// above its chord or, when the flag is false, the tangent of a quarter of its angle. Angles start at 0
+    /// at the first point.
+    AcGeCircArc2d(const AcGePoint2d& startPoint, const AcGePoint2d& endPoint, double bulge,
+                  bool bulgeFlag = true)
     {
         set(startPoint, endPoint, bulge, bulgeFlag);
     }
@@ -33,8 +36,8 @@ public:
     AcGe::EntityId type() const override { return AcGe::kCircArc2d; }
     AcGeCircArc2d* copy() const override { return new AcGeCircArc2d(*this); }
     bool isEqualTo(const AcGeEntity2d& entity, const AcGeTol& tol = AcGeContext::gTol) const override;
-    /// The map must scale evenly. Another one yields the circle about the image of the centre through the image
-    /// of the reference point.
+    /// The map must scale evenly. Another one yields the circle about the image of the centre through the
+    /// image of the reference point.
     AcGeCircArc2d& transformBy(const AcGeMatrix2d& xfm) override;
 
     /// The common points, two at most; false when there are none. Arcs of one circle that overlap have none.
@@ -74,7 +77,8 @@ public:
     AcGeCircArc2d& set(const AcGePoint2d& startPoint, const AcGePoint2d& pnt, const AcGePoint2d& endPoint,
                        AcGeError& error);
     /// Unchanged when the points are equal or the bulge is 0.
-    AcGeCircArc2d& set(const AcGePoint2d& startPoint, const AcGePoint2d& endPoint, double bulge, bool bulgeFlag = true);
+    AcGeCircArc2d& set(const AcGePoint2d& startPoint, const AcGePoint2d& endPoint, double bulge,
+                       bool bulgeFlag = true);
 
     gecore::CurveForm form() const override;
 

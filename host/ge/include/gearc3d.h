@@ -5,8 +5,8 @@
 class AcGeLinearEnt3d;
 class AcGePlanarEnt;
 
-/// A circle or an arc of one. The parameter is the angle in radians from the reference vector, right-handed about
-/// the normal; startAng() < endAng() <= startAng() + 2 pi.
+/// A circle or an arc of one. The parameter is the angle in radians from the reference vector, right-handed
+/// about the normal; startAng() < endAng() <= startAng() + 2 pi.
 class AcGeCircArc3d : public AcGeCurve3d
 {
 public:
@@ -19,7 +19,8 @@ public:
     {
         set(cent, nrm, refVec, radius, startAngle, endAngle);
     }
-    /// The arc from the first point through the second to the third; its angles start at 0 at the first point.
+    /// The arc from the first point through the second to the third; its angles start at 0 at the first
+    /// point.
     AcGeCircArc3d(const AcGePoint3d& startPoint, const AcGePoint3d& pnt, const AcGePoint3d& endPoint)
     {
         set(startPoint, pnt, endPoint);
@@ -28,8 +29,8 @@ public:
     AcGe::EntityId type() const override { return AcGe::kCircArc3d; }
     AcGeCircArc3d* copy() const override { return new AcGeCircArc3d(*this); }
     bool isEqualTo(const AcGeEntity3d& entity, const AcGeTol& tol = AcGeContext::gTol) const override;
-    /// The map must scale evenly. Another one yields the circle about the image of the centre through the image
-    /// of the reference point.
+    /// The map must scale evenly. Another one yields the circle about the image of the centre through the
+    /// image of the reference point.
     AcGeCircArc3d& transformBy(const AcGeMatrix3d& xfm) override;
 
     AcGePoint3d closestPointToPlane(const AcGePlanarEnt& plane, AcGePoint3d& pointOnPlane,
@@ -41,7 +42,8 @@ public:
                        const AcGeTol& tol = AcGeContext::gTol) const;
     bool intersectWith(const AcGePlanarEnt& plane, int& numOfIntersect, AcGePoint3d& p1, AcGePoint3d& p2,
                        const AcGeTol& tol = AcGeContext::gTol) const;
-    /// The tangent at the point of the arc that is closest to `pnt`, which must lie on the arc (kArg1TooBig else).
+    /// The tangent at the point of the arc that is closest to `pnt`, which must lie on the arc (kArg1TooBig
+    /// else).
     bool tangent(const AcGePoint3d& pnt, AcGeLine3d& line, const AcGeTol& tol = AcGeContext::gTol) const;
     bool tangent(const AcGePoint3d& pnt, AcGeLine3d& line, const AcGeTol& tol, AcGeError& error) const;
     void getPlane(AcGePlane& plane) const;
@@ -65,8 +67,8 @@ public:
     /// An end angle not above the start angle is moved up by full turns; equal angles are a full circle.
     AcGeCircArc3d& setAngles(double startAngle, double endAngle);
     AcGeCircArc3d& set(const AcGePoint3d& cent, const AcGeVector3d& nrm, double radius);
-    AcGeCircArc3d& set(const AcGePoint3d& cent, const AcGeVector3d& nrm, const AcGeVector3d& refVec, double radius,
-                       double startAngle, double endAngle);
+    AcGeCircArc3d& set(const AcGePoint3d& cent, const AcGeVector3d& nrm, const AcGeVector3d& refVec,
+                       double radius, double startAngle, double endAngle);
     /// Unchanged when two points are equal or the three are in line; the flag says which.
     AcGeCircArc3d& set(const AcGePoint3d& startPoint, const AcGePoint3d& pnt, const AcGePoint3d& endPoint);
     AcGeCircArc3d& set(const AcGePoint3d& startPoint, const AcGePoint3d& pnt, const AcGePoint3d& endPoint,

@@ -27,7 +27,8 @@ public:
 
     using AcGePlanarEnt::intersectWith;
     /// The common segment; false when there is none, when it is a point, or when the planes are parallel.
-    bool intersectWith(const AcGePlane& plane, AcGeLineSeg3d& results, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool intersectWith(const AcGePlane& plane, AcGeLineSeg3d& results,
+                       const AcGeTol& tol = AcGeContext::gTol) const;
     bool intersectWith(const AcGeBoundedPlane& plane, AcGeLineSeg3d& result,
                        const AcGeTol& tol = AcGeContext::gTol) const;
 

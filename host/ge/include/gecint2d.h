@@ -7,19 +7,19 @@
 
 class AcGePointOnCurve2d;
 
-/// The intersections of two curves, computed when the object is made. The curves are not owned; what refers to them
-/// (curve1, getPointOnCurve1 ...) needs them alive. A contact that stays within the tolerance over a stretch is one
-/// point when the curves touch there, and an overlap when they share the stretch.
-/// Indices count from 0; one out of range yields the origin or 0 and the error kXXIndexOutOfRange.
+/// The intersections of two curves, computed when the object is made. The curves are not owned; what refers
+/// to them (curve1, getPointOnCurve1 ...) needs them alive. A contact that stays within the tolerance over a
+/// stretch is one point when the curves touch there, and an overlap when they share the stretch. Indices
+/// count from 0; one out of range yields the origin or 0 and the error kXXIndexOutOfRange.
 class AcGeCurveCurveInt2d : public AcGeEntity2d
 {
 public:
     AcGeCurveCurveInt2d();
-    AcGeCurveCurveInt2d(const AcGeCurve2d& curve1, const AcGeCurve2d& curve2, const AcGeTol& tol = AcGeContext::gTol);
+    AcGeCurveCurveInt2d(const AcGeCurve2d& curve1, const AcGeCurve2d& curve2,
+                        const AcGeTol& tol = AcGeContext::gTol);
     /// Within the ranges of the curves only.
     AcGeCurveCurveInt2d(const AcGeCurve2d& curve1, const AcGeCurve2d& curve2, const AcGeInterval& range1,
-                        const AcGeInterval& range2,
-                        const AcGeTol& tol = AcGeContext::gTol);
+                        const AcGeInterval& range2, const AcGeTol& tol = AcGeContext::gTol);
 
     AcGe::EntityId type() const override { return AcGe::kCurveCurveInt2d; }
     AcGeCurveCurveInt2d* copy() const override { return new AcGeCurveCurveInt2d(*this); }
@@ -42,8 +42,8 @@ public:
     void getIntParams(int intNum, double& param1, double& param2, AcGeIntersectError& err) const;
     void getPointOnCurve1(int intNum, AcGePointOnCurve2d& pnt) const;
     void getPointOnCurve2(int intNum, AcGePointOnCurve2d& pnt) const;
-    /// How the second curve passes the first, and the reverse: kLeftRight crosses from left to right, kLeftLeft
-    /// stays left, kPointLeft and kPointRight meet an end.
+    /// How the second curve passes the first, and the reverse: kLeftRight crosses from left to right,
+    /// kLeftLeft stays left, kPointLeft and kPointRight meet an end.
     void getIntConfigs(int intNum, AcGe::AcGeXConfig& config1wrt2, AcGe::AcGeXConfig& config2wrt1) const;
     bool isTangential(int intNum) const;
     bool isTransversal(int intNum) const;
@@ -57,10 +57,10 @@ public:
     AcGeCurveCurveInt2d& orderWrt1();
     AcGeCurveCurveInt2d& orderWrt2();
     AcGeCurveCurveInt2d& changeCurveOrder();
-    AcGeCurveCurveInt2d& set(const AcGeCurve2d& curve1, const AcGeCurve2d& curve2, const AcGeTol& tol = AcGeContext::gTol);
-    AcGeCurveCurveInt2d& set(const AcGeCurve2d& curve1, const AcGeCurve2d& curve2, const AcGeInterval& range1,
-                             const AcGeInterval& range2,
+    AcGeCurveCurveInt2d& set(const AcGeCurve2d& curve1, const AcGeCurve2d& curve2,
                              const AcGeTol& tol = AcGeContext::gTol);
+    AcGeCurveCurveInt2d& set(const AcGeCurve2d& curve1, const AcGeCurve2d& curve2, const AcGeInterval& range1,
+                             const AcGeInterval& range2, const AcGeTol& tol = AcGeContext::gTol);
 
 private:
     struct Result;

@@ -7,10 +7,10 @@
 
 class AcGePointOnCurve3d;
 
-/// The intersections of two curves, computed when the object is made. The curves are not owned; what refers to them
-/// (curve1, getPointOnCurve1 ...) needs them alive. A contact that stays within the tolerance over a stretch is one
-/// point when the curves touch there, and an overlap when they share the stretch.
-/// Indices count from 0; one out of range yields the origin or 0 and the error kXXIndexOutOfRange.
+/// The intersections of two curves, computed when the object is made. The curves are not owned; what refers
+/// to them (curve1, getPointOnCurve1 ...) needs them alive. A contact that stays within the tolerance over a
+/// stretch is one point when the curves touch there, and an overlap when they share the stretch. Indices
+/// count from 0; one out of range yields the origin or 0 and the error kXXIndexOutOfRange.
 class AcGeCurveCurveInt3d : public AcGeEntity3d
 {
 public:
@@ -46,8 +46,8 @@ public:
     void getIntParams(int intNum, double& param1, double& param2, AcGeIntersectError& err) const;
     void getPointOnCurve1(int intNum, AcGePointOnCurve3d& pnt) const;
     void getPointOnCurve2(int intNum, AcGePointOnCurve3d& pnt) const;
-    /// How the second curve passes the first, and the reverse: kLeftRight crosses from left to right, kLeftLeft
-    /// stays left, kPointLeft and kPointRight meet an end.
+    /// How the second curve passes the first, and the reverse: kLeftRight crosses from left to right,
+    /// kLeftLeft stays left, kPointLeft and kPointRight meet an end.
     void getIntConfigs(int intNum, AcGe::AcGeXConfig& config1wrt2, AcGe::AcGeXConfig& config2wrt1) const;
     bool isTangential(int intNum) const;
     bool isTransversal(int intNum) const;
@@ -65,7 +65,8 @@ public:
                              const AcGeVector3d& planeNormal = AcGeVector3d::kIdentity,
                              const AcGeTol& tol = AcGeContext::gTol);
     AcGeCurveCurveInt3d& set(const AcGeCurve3d& curve1, const AcGeCurve3d& curve2, const AcGeInterval& range1,
-                             const AcGeInterval& range2, const AcGeVector3d& planeNormal = AcGeVector3d::kIdentity,
+                             const AcGeInterval& range2,
+                             const AcGeVector3d& planeNormal = AcGeVector3d::kIdentity,
                              const AcGeTol& tol = AcGeContext::gTol);
 
 private:

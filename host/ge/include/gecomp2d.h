@@ -10,8 +10,8 @@ namespace gecore
 struct ChainLink;
 }
 
-/// Bounded curves one after the other. The parameter starts at 0 and runs through the interval of each curve in turn.
-/// Curves are copied unless they are handed over; unbounded ones and null pointers are left out.
+/// Bounded curves one after the other. The parameter starts at 0 and runs through the interval of each curve
+/// in turn. Curves are copied unless they are handed over; unbounded ones and null pointers are left out.
 class AcGeCompositeCurve2d : public AcGeCurve2d
 {
 public:
@@ -31,7 +31,8 @@ public:
     /// The curves themselves (AcGeCurve2d*), which stay the composite's and live as long as it is unchanged.
     void getCurveList(AcGeVoidPointerArray& curveList) const;
     AcGeCompositeCurve2d& setCurveList(const AcGeVoidPointerArray& curveList);
-    AcGeCompositeCurve2d& setCurveList(const AcGeVoidPointerArray& curveList, const AcGeIntArray& isOwnerOfCurves);
+    AcGeCompositeCurve2d& setCurveList(const AcGeVoidPointerArray& curveList,
+                                       const AcGeIntArray& isOwnerOfCurves);
     /// The parameter of a curve of the list, and its index, for one of the composite, and back.
     double globalToLocalParam(double param, int& crvNum) const;
     double localToGlobalParam(double param, int crvNum) const;

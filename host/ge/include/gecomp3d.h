@@ -10,8 +10,8 @@ namespace gecore
 struct ChainLink;
 }
 
-/// Bounded curves one after the other. The parameter starts at 0 and runs through the interval of each curve in turn.
-/// Curves are copied unless they are handed over; unbounded ones and null pointers are left out.
+/// Bounded curves one after the other. The parameter starts at 0 and runs through the interval of each curve
+/// in turn. Curves are copied unless they are handed over; unbounded ones and null pointers are left out.
 class AcGeCompositeCurve3d : public AcGeCurve3d
 {
 public:
@@ -31,7 +31,8 @@ public:
     /// The curves themselves (AcGeCurve3d*), which stay the composite's and live as long as it is unchanged.
     void getCurveList(AcGeVoidPointerArray& curveList) const;
     AcGeCompositeCurve3d& setCurveList(const AcGeVoidPointerArray& curveList);
-    AcGeCompositeCurve3d& setCurveList(const AcGeVoidPointerArray& curveList, const AcGeIntArray& isOwnerOfCurves);
+    AcGeCompositeCurve3d& setCurveList(const AcGeVoidPointerArray& curveList,
+                                       const AcGeIntArray& isOwnerOfCurves);
     /// The parameter of a curve of the list, and its index, for one of the composite, and back.
     double globalToLocalParam(double param, int& crvNum) const;
     double localToGlobalParam(double param, int crvNum) const;

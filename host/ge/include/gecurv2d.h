@@ -16,9 +16,9 @@ namespace gecore
 struct CurveForm;
 }
 
-/// A curve in the plane, evaluated over an interval of parameters. Parameters of points are those of the closest
-/// point of the curve; distances of a curve with NaN or infinite coordinates are infinite.
-/// Pointers that calls hand out are new objects, which the caller deletes.
+/// A curve in the plane, evaluated over an interval of parameters. Parameters of points are those of the
+/// closest point of the curve; distances of a curve with NaN or infinite coordinates are infinite. Pointers
+/// that calls hand out are new objects, which the caller deletes.
 class AcGeCurve2d : public AcGeEntity2d
 {
 public:
@@ -44,12 +44,13 @@ public:
                            const AcGeTol& tol = AcGeContext::gTol) const;
     void getClosestPointTo(const AcGeCurve2d& curve2d, AcGePointOnCurve2d& pntOnThisCrv,
                            AcGePointOnCurve2d& pntOnOtherCrv, const AcGeTol& tol = AcGeContext::gTol) const;
-    /// The closest point whose tangent is perpendicular to the line from `pnt`; false when the closest point is an
-    /// end where it is not.
+    /// The closest point whose tangent is perpendicular to the line from `pnt`; false when the closest point
+    /// is an end where it is not.
     bool getNormalPoint(const AcGePoint2d& pnt, AcGePointOnCurve2d& pntOnCrv,
                         const AcGeTol& tol = AcGeContext::gTol) const;
     /// The closest point near the parameter that `approxPnt` has, within `nbhd` when given.
-    void getLocalClosestPoints(const AcGePoint2d& point, AcGePointOnCurve2d& approxPnt, const AcGeInterval* nbhd = nullptr,
+    void getLocalClosestPoints(const AcGePoint2d& point, AcGePointOnCurve2d& approxPnt,
+                               const AcGeInterval* nbhd = nullptr,
                                const AcGeTol& tol = AcGeContext::gTol) const;
 
     /// The smallest box with edges along the world's axes.
@@ -65,7 +66,8 @@ public:
     double paramOf(const AcGePoint2d& pnt, const AcGeTol& tol = AcGeContext::gTol) const;
 
     /// The curves at a distance, to the left for positive distances. Lines, arcs and
-    /// circles have one; an arc whose radius would not stay positive has none. Other curves leave the list as it is.
+    /// circles have one; an arc whose radius would not stay positive has none. Other curves leave the list as
+    /// it is.
     void getTrimmedOffset(double distance, AcGeVoidPointerArray& offsetCurveList,
                           AcGe::OffsetCrvExtType extensionType = AcGe::kFillet,
                           const AcGeTol& tol = AcGeContext::gTol) const;
@@ -77,17 +79,19 @@ public:
 
     /// Length of the arc, never negative; lines and circles exactly, others to 1e-12 relative.
     double length(double fromParam, double toParam, double tol = AcGeContext::gTol.equalPoint()) const;
-    /// The parameter at a length from `datumParam`, with or against the direction; the end when it comes first.
+    /// The parameter at a length from `datumParam`, with or against the direction; the end when it comes
+    /// first.
     double paramAtLength(double datumParam, double length, bool posParamDir = true,
                          double tol = AcGeContext::gTol.equalPoint()) const;
     /// The area between the arc and its chord, never negative; always true.
-    bool area(double startParam, double endParam, double& value, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool area(double startParam, double endParam, double& value,
+              const AcGeTol& tol = AcGeContext::gTol) const;
     /// True for a curve that is a point; the kind is then kPosition2d.
     bool isDegenerate(AcGe::EntityId& degenerateType, const AcGeTol& tol = AcGeContext::gTol) const;
     /// Both pieces; null pointers when the parameter is not inside of the interval.
     void getSplitCurves(double param, AcGeCurve2d*& piece1, AcGeCurve2d*& piece2) const;
-    /// Copies of the parts of a composite or polyline, within the interval when given; the flags are 1. False, with
-    /// nothing added, for curves without parts.
+    /// Copies of the parts of a composite or polyline, within the interval when given; the flags are 1.
+    /// False, with nothing added, for curves without parts.
     bool explode(AcGeVoidPointerArray& explodedCurves, AcGeIntArray& newExplodedCurve,
                  const AcGeInterval* interval = nullptr) const;
 
@@ -98,7 +102,8 @@ public:
     AcGePoint2d evalPoint(double param) const;
     /// Also the derivatives 1 to numDeriv (3 at most).
     AcGePoint2d evalPoint(double param, int numDeriv, AcGeVector2dArray& derivArray) const;
-    /// Points from one parameter to the other whose chords stay within approxEps of the curve (at most 100,000).
+    /// Points from one parameter to the other whose chords stay within approxEps of the curve (at most
+    /// 100,000).
     void getSamplePoints(double fromParam, double toParam, double approxEps, AcGePoint2dArray& pointArray,
                          AcGeDoubleArray& paramArray, bool forceResampling = false) const;
     /// Evenly spaced parameters, both ends included; nothing for fewer than two or an unbounded curve.

@@ -47,12 +47,13 @@ public:
     /// The point of the curve that is closest when both are seen along `projectDirection`.
     AcGePoint3d projClosestPointTo(const AcGePoint3d& pnt, const AcGeVector3d& projectDirection,
                                    const AcGeTol& tol = AcGeContext::gTol) const;
-    /// The closest point whose tangent is perpendicular to the line from `pnt`; false when the closest point is an
-    /// end where it is not.
+    /// The closest point whose tangent is perpendicular to the line from `pnt`; false when the closest point
+    /// is an end where it is not.
     bool getNormalPoint(const AcGePoint3d& pnt, AcGePointOnCurve3d& pntOnCrv,
                         const AcGeTol& tol = AcGeContext::gTol) const;
     /// The closest point near the parameter that `approxPnt` has, within `nbhd` when given.
-    void getLocalClosestPoints(const AcGePoint3d& point, AcGePointOnCurve3d& approxPnt, const AcGeInterval* nbhd = nullptr,
+    void getLocalClosestPoints(const AcGePoint3d& point, AcGePointOnCurve3d& approxPnt,
+                               const AcGeInterval* nbhd = nullptr,
                                const AcGeTol& tol = AcGeContext::gTol) const;
 
     /// The smallest box with edges along the world's axes.
@@ -64,7 +65,8 @@ public:
     /// A new curve, the image on the plane; null when it would be a point or has no class of its own.
     AcGeEntity3d* project(const AcGePlane& projectionPlane, const AcGeVector3d& projectDirection,
                           const AcGeTol& tol = AcGeContext::gTol) const;
-    AcGeEntity3d* orthoProject(const AcGePlane& projectionPlane, const AcGeTol& tol = AcGeContext::gTol) const;
+    AcGeEntity3d* orthoProject(const AcGePlane& projectionPlane,
+                               const AcGeTol& tol = AcGeContext::gTol) const;
 
     bool isOn(const AcGePoint3d& pnt, const AcGeTol& tol = AcGeContext::gTol) const override;
     bool isOn(const AcGePoint3d& pnt, double& param, const AcGeTol& tol = AcGeContext::gTol) const;
@@ -73,8 +75,10 @@ public:
     double paramOf(const AcGePoint3d& pnt, const AcGeTol& tol = AcGeContext::gTol) const;
 
     /// The curves at a distance, to the left (planeNormal x tangent) for positive distances. Lines, arcs and
-    /// circles have one; an arc whose radius would not stay positive has none. Other curves leave the list as it is.
-    void getTrimmedOffset(double distance, const AcGeVector3d& planeNormal, AcGeVoidPointerArray& offsetCurveList,
+    /// circles have one; an arc whose radius would not stay positive has none. Other curves leave the list as
+    /// it is.
+    void getTrimmedOffset(double distance, const AcGeVector3d& planeNormal,
+                          AcGeVoidPointerArray& offsetCurveList,
                           AcGe::OffsetCrvExtType extensionType = AcGe::kFillet,
                           const AcGeTol& tol = AcGeContext::gTol) const;
 
@@ -83,22 +87,25 @@ public:
     /// True for curves in a plane, which is given; for lines one of the planes is chosen.
     bool isPlanar(AcGePlane& plane, const AcGeTol& tol = AcGeContext::gTol) const;
     bool isLinear(AcGeLine3d& line, const AcGeTol& tol = AcGeContext::gTol) const;
-    bool isCoplanarWith(const AcGeCurve3d& curve3d, AcGePlane& plane, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool isCoplanarWith(const AcGeCurve3d& curve3d, AcGePlane& plane,
+                        const AcGeTol& tol = AcGeContext::gTol) const;
     bool isPeriodic(double& period) const;
 
     /// Length of the arc, never negative; lines and circles exactly, others to 1e-12 relative.
     double length(double fromParam, double toParam, double tol = AcGeContext::gTol.equalPoint()) const;
-    /// The parameter at a length from `datumParam`, with or against the direction; the end when it comes first.
+    /// The parameter at a length from `datumParam`, with or against the direction; the end when it comes
+    /// first.
     double paramAtLength(double datumParam, double length, bool posParamDir = true,
                          double tol = AcGeContext::gTol.equalPoint()) const;
     /// The area between the arc and its chord, never negative; false when the curve is not planar.
-    bool area(double startParam, double endParam, double& value, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool area(double startParam, double endParam, double& value,
+              const AcGeTol& tol = AcGeContext::gTol) const;
     /// True for a curve that is a point; the kind is then kPosition3d.
     bool isDegenerate(AcGe::EntityId& degenerateType, const AcGeTol& tol = AcGeContext::gTol) const;
     /// Both pieces; null pointers when the parameter is not inside of the interval.
     void getSplitCurves(double param, AcGeCurve3d*& piece1, AcGeCurve3d*& piece2) const;
-    /// Copies of the parts of a composite or polyline, within the interval when given; the flags are 1. False, with
-    /// nothing added, for curves without parts.
+    /// Copies of the parts of a composite or polyline, within the interval when given; the flags are 1.
+    /// False, with nothing added, for curves without parts.
     bool explode(AcGeVoidPointerArray& explodedCurves, AcGeIntArray& newExplodedCurve,
                  const AcGeInterval* interval = nullptr) const;
 
@@ -109,7 +116,8 @@ public:
     AcGePoint3d evalPoint(double param) const;
     /// Also the derivatives 1 to numDeriv (3 at most).
     AcGePoint3d evalPoint(double param, int numDeriv, AcGeVector3dArray& derivArray) const;
-    /// Points from one parameter to the other whose chords stay within approxEps of the curve (at most 100,000).
+    /// Points from one parameter to the other whose chords stay within approxEps of the curve (at most
+    /// 100,000).
     void getSamplePoints(double fromParam, double toParam, double approxEps, AcGePoint3dArray& pointArray,
                          AcGeDoubleArray& paramArray, bool forceResampling = false) const;
     /// Evenly spaced parameters, both ends included; nothing for fewer than two or an unbounded curve.

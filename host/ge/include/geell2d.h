@@ -5,8 +5,8 @@
 class AcGeCircArc2d;
 class AcGeLinearEnt2d;
 
-/// An ellipse or an arc of one: center + cos t majorRadius majorAxis + sin t minorRadius minorAxis. The parameter
-/// runs from the major to the minor axis; startAng() < endAng() <= startAng() + 2 pi.
+/// An ellipse or an arc of one: center + cos t majorRadius majorAxis + sin t minorRadius minorAxis. The
+/// parameter runs from the major to the minor axis; startAng() < endAng() <= startAng() + 2 pi.
 class AcGeEllipArc2d : public AcGeCurve2d
 {
 public:

@@ -6,8 +6,8 @@ class AcGeCircArc3d;
 class AcGeLinearEnt3d;
 class AcGePlanarEnt;
 
-/// An ellipse or an arc of one: center + cos t majorRadius majorAxis + sin t minorRadius minorAxis. The parameter
-/// runs right-handed about the normal; startAng() < endAng() <= startAng() + 2 pi.
+/// An ellipse or an arc of one: center + cos t majorRadius majorAxis + sin t minorRadius minorAxis. The
+/// parameter runs right-handed about the normal; startAng() < endAng() <= startAng() + 2 pi.
 class AcGeEllipArc3d : public AcGeCurve3d
 {
 public:

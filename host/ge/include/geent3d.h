@@ -24,7 +24,8 @@ public:
 
     virtual AcGeEntity3d& transformBy(const AcGeMatrix3d& xfm) = 0;
     AcGeEntity3d& translateBy(const AcGeVector3d& translateVec);
-    AcGeEntity3d& rotateBy(double angle, const AcGeVector3d& vec, const AcGePoint3d& wrtPoint = AcGePoint3d::kOrigin);
+    AcGeEntity3d& rotateBy(double angle, const AcGeVector3d& vec,
+                           const AcGePoint3d& wrtPoint = AcGePoint3d::kOrigin);
     AcGeEntity3d& mirror(const AcGePlane& plane);
     AcGeEntity3d& scaleBy(double scaleFactor, const AcGePoint3d& wrtPoint = AcGePoint3d::kOrigin);
 

@@ -4,10 +4,8 @@
 
 #include "adesk.h"
 
-struct AcGe
-{
-    enum ErrorCondition
-    {
+struct AcGe {
+    enum ErrorCondition {
         kOk,
         k0This,
         k0Arg1,
@@ -22,8 +20,7 @@ struct AcGe
         kArg1InsideThis
     };
 
-    enum EntityId
-    {
+    enum EntityId {
         kEntity2d,
         kEntity3d,
         kPointEnt2d,
@@ -81,24 +78,13 @@ struct AcGe
         kClipBoundary2d
     };
 
-    enum PointContainment
-    {
-        kInside,
-        kOutside,
-        kOnBoundary
-    };
+    enum PointContainment { kInside, kOutside, kOnBoundary };
 
     /// How an outside corner of an offset curve is closed.
-    enum OffsetCrvExtType
-    {
-        kFillet,
-        kChamfer,
-        kExtend
-    };
+    enum OffsetCrvExtType { kFillet, kChamfer, kExtend };
 
     /// How the intersection code sees one curve at a crossing.
-    enum AcGeXConfig
-    {
+    enum AcGeXConfig {
         kNotDefined = 1 << 0,
         kUnknown = 1 << 1,
         kLeftRight = 1 << 2,
@@ -117,27 +103,11 @@ struct AcGe
     };
 
     /// How fit points get their parameters: in proportion to the chords, to their square roots, or evenly.
-    enum KnotParameterization
-    {
-        kChord,
-        kSqrtChord,
-        kUniform,
-        kCustomParameterization,
-        kNotDefinedKnotParam
-    };
+    enum KnotParameterization { kChord, kSqrtChord, kUniform, kCustomParameterization, kNotDefinedKnotParam };
 
-    enum AcGeIntersectError
-    {
-        kXXOk,
-        kXXIndexOutOfRange,
-        kXXWrongDimensionAtIndex,
-        kXXUnknown
-    };
+    enum AcGeIntersectError { kXXOk, kXXIndexOutOfRange, kXXWrongDimensionAtIndex, kXXUnknown };
 
-    enum CurveType
-    {
-        kCurveTypeUnknown
-    };
+    enum CurveType { kCurveTypeUnknown };
 };
 
 using AcGeError = AcGe::ErrorCondition;

@@ -10,9 +10,18 @@ public:
     static constexpr double globalKnotTolerance = 1e-10;
 
     explicit AcGeKnotVector(double eps = globalKnotTolerance) : mTolerance(eps) {}
-    AcGeKnotVector(int size, int growSize, double eps = globalKnotTolerance) : mKnots(size, growSize), mTolerance(eps) {}
-    AcGeKnotVector(int size, const double knots[], double eps = globalKnotTolerance) : mTolerance(eps) { set(size, knots, eps); }
-    AcGeKnotVector(const AcGeDoubleArray& knots, double eps = globalKnotTolerance) : mKnots(knots), mTolerance(eps) {}
+    AcGeKnotVector(int size, int growSize, double eps = globalKnotTolerance)
+        : mKnots(size, growSize), mTolerance(eps)
+    {
+    }
+    AcGeKnotVector(int size, const double knots[], double eps = globalKnotTolerance) : mTolerance(eps)
+    {
+        set(size, knots, eps);
+    }
+    AcGeKnotVector(const AcGeDoubleArray& knots, double eps = globalKnotTolerance)
+        : mKnots(knots), mTolerance(eps)
+    {
+    }
 
     double& operator[](int i) { return mKnots[i]; }
     double operator[](int i) const { return mKnots[i]; }

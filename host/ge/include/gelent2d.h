@@ -13,9 +13,11 @@ public:
     AcGeLinearEnt2d& transformBy(const AcGeMatrix2d& xfm) override;
 
     /// The one common point; false when there is none and for lines that overlap.
-    bool intersectWith(const AcGeLinearEnt2d& line, AcGePoint2d& intPt, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool intersectWith(const AcGeLinearEnt2d& line, AcGePoint2d& intPt,
+                       const AcGeTol& tol = AcGeContext::gTol) const;
     /// The common part of two collinear entities as a new one; false when it is empty or a point.
-    bool overlap(const AcGeLinearEnt2d& line, AcGeLinearEnt2d*& overlap, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool overlap(const AcGeLinearEnt2d& line, AcGeLinearEnt2d*& overlap,
+                 const AcGeTol& tol = AcGeContext::gTol) const;
 
     bool isParallelTo(const AcGeLinearEnt2d& line, const AcGeTol& tol = AcGeContext::gTol) const;
     bool isPerpendicularTo(const AcGeLinearEnt2d& line, const AcGeTol& tol = AcGeContext::gTol) const;

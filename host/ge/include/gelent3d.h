@@ -14,13 +14,17 @@ public:
     AcGeLinearEnt3d& transformBy(const AcGeMatrix3d& xfm) override;
 
     /// The one common point; false when there is none and for lines that overlap.
-    bool intersectWith(const AcGeLinearEnt3d& line, AcGePoint3d& intPt, const AcGeTol& tol = AcGeContext::gTol) const;
-    bool intersectWith(const AcGePlanarEnt& plane, AcGePoint3d& intPnt, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool intersectWith(const AcGeLinearEnt3d& line, AcGePoint3d& intPt,
+                       const AcGeTol& tol = AcGeContext::gTol) const;
+    bool intersectWith(const AcGePlanarEnt& plane, AcGePoint3d& intPnt,
+                       const AcGeTol& tol = AcGeContext::gTol) const;
     /// The common point when seen along `projDir`, on this and on the other.
-    bool projIntersectWith(const AcGeLinearEnt3d& line, const AcGeVector3d& projDir, AcGePoint3d& pntOnThisLine,
-                           AcGePoint3d& pntOnOtherLine, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool projIntersectWith(const AcGeLinearEnt3d& line, const AcGeVector3d& projDir,
+                           AcGePoint3d& pntOnThisLine, AcGePoint3d& pntOnOtherLine,
+                           const AcGeTol& tol = AcGeContext::gTol) const;
     /// The common part of two collinear entities as a new one; false when it is empty or a point.
-    bool overlap(const AcGeLinearEnt3d& line, AcGeLinearEnt3d*& overlap, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool overlap(const AcGeLinearEnt3d& line, AcGeLinearEnt3d*& overlap,
+                 const AcGeTol& tol = AcGeContext::gTol) const;
 
     using AcGeCurve3d::isOn;
     /// True when the whole entity lies in the plane.

@@ -16,7 +16,10 @@ public:
     AcGe::EntityId type() const override { return AcGe::kLine2d; }
     AcGeLine2d* copy() const override { return new AcGeLine2d(*this); }
     AcGeLine2d& set(const AcGePoint2d& pnt, const AcGeVector2d& vec) { return *this = AcGeLine2d(pnt, vec); }
-    AcGeLine2d& set(const AcGePoint2d& pnt1, const AcGePoint2d& pnt2) { return *this = AcGeLine2d(pnt1, pnt2); }
+    AcGeLine2d& set(const AcGePoint2d& pnt1, const AcGePoint2d& pnt2)
+    {
+        return *this = AcGeLine2d(pnt1, pnt2);
+    }
 
 protected:
     bool setBounds(double lo, double hi) override;

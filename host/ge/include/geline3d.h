@@ -17,7 +17,10 @@ public:
     AcGe::EntityId type() const override { return AcGe::kLine3d; }
     AcGeLine3d* copy() const override { return new AcGeLine3d(*this); }
     AcGeLine3d& set(const AcGePoint3d& pnt, const AcGeVector3d& vec) { return *this = AcGeLine3d(pnt, vec); }
-    AcGeLine3d& set(const AcGePoint3d& pnt1, const AcGePoint3d& pnt2) { return *this = AcGeLine3d(pnt1, pnt2); }
+    AcGeLine3d& set(const AcGePoint3d& pnt1, const AcGePoint3d& pnt2)
+    {
+        return *this = AcGeLine3d(pnt1, pnt2);
+    }
 
 protected:
     bool setBounds(double lo, double hi) override;

@@ -23,8 +23,14 @@ public:
     double length() const { return mVector.length() * (mHi - mLo); }
     using AcGeCurve2d::length;
 
-    AcGeLineSeg2d& set(const AcGePoint2d& pnt, const AcGeVector2d& vec) { return *this = AcGeLineSeg2d(pnt, vec); }
-    AcGeLineSeg2d& set(const AcGePoint2d& pnt1, const AcGePoint2d& pnt2) { return *this = AcGeLineSeg2d(pnt1, pnt2); }
+    AcGeLineSeg2d& set(const AcGePoint2d& pnt, const AcGeVector2d& vec)
+    {
+        return *this = AcGeLineSeg2d(pnt, vec);
+    }
+    AcGeLineSeg2d& set(const AcGePoint2d& pnt1, const AcGePoint2d& pnt2)
+    {
+        return *this = AcGeLineSeg2d(pnt1, pnt2);
+    }
 
 protected:
     bool setBounds(double lo, double hi) override;

@@ -23,8 +23,14 @@ public:
     double length() const { return mVector.length() * (mHi - mLo); }
     using AcGeCurve3d::length;
 
-    AcGeLineSeg3d& set(const AcGePoint3d& pnt, const AcGeVector3d& vec) { return *this = AcGeLineSeg3d(pnt, vec); }
-    AcGeLineSeg3d& set(const AcGePoint3d& pnt1, const AcGePoint3d& pnt2) { return *this = AcGeLineSeg3d(pnt1, pnt2); }
+    AcGeLineSeg3d& set(const AcGePoint3d& pnt, const AcGeVector3d& vec)
+    {
+        return *this = AcGeLineSeg3d(pnt, vec);
+    }
+    AcGeLineSeg3d& set(const AcGePoint3d& pnt1, const AcGePoint3d& pnt2)
+    {
+        return *this = AcGeLineSeg3d(pnt1, pnt2);
+    }
 
 protected:
     bool setBounds(double lo, double hi) override;

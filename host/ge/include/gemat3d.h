@@ -24,7 +24,8 @@ public:
     /// The inverse of the whole 4 x 4 matrix; a singular matrix is its own result.
     AcGeMatrix3d inverse(const AcGeTol& tol = AcGeContext::gTol) const;
     AcGeMatrix3d& invert() { return *this = inverse(); }
-    /// The determinant of the linear part is no more than tol.equalVector() of its columns' lengths multiplied.
+    /// The determinant of the linear part is no more than tol.equalVector() of its columns' lengths
+    /// multiplied.
     bool isSingular(const AcGeTol& tol = AcGeContext::gTol) const;
     AcGeMatrix3d transpose() const;
     AcGeMatrix3d& transposeIt() { return *this = transpose(); }
@@ -45,9 +46,10 @@ public:
 
     AcGeMatrix3d& setTranslation(const AcGeVector3d& vec);
     AcGeVector3d translation() const { return {entry[0][3], entry[1][3], entry[2][3]}; }
-    AcGeMatrix3d& setCoordSystem(const AcGePoint3d& origin, const AcGeVector3d& xAxis, const AcGeVector3d& yAxis,
-                                 const AcGeVector3d& zAxis);
-    void getCoordSystem(AcGePoint3d& origin, AcGeVector3d& xAxis, AcGeVector3d& yAxis, AcGeVector3d& zAxis) const;
+    AcGeMatrix3d& setCoordSystem(const AcGePoint3d& origin, const AcGeVector3d& xAxis,
+                                 const AcGeVector3d& yAxis, const AcGeVector3d& zAxis);
+    void getCoordSystem(AcGePoint3d& origin, AcGeVector3d& xAxis, AcGeVector3d& yAxis,
+                        AcGeVector3d& zAxis) const;
 
     AcGeMatrix3d& setToTranslation(const AcGeVector3d& vec);
     /// Rotation about `axis` through `center`; identity for a zero axis.
@@ -89,8 +91,8 @@ public:
     static AcGeMatrix3d planeToWorld(const AcGeVector3d& normal);
     static AcGeMatrix3d planeToWorld(const AcGePlane& plane);
 
-    /// The map within planes of `normal` (a unit vector) when this maps such planes into each other: `normal` becomes the image's
-    /// normal and `elev` the image of the elevation, both by the arbitrary axis rule.
+    /// The map within planes of `normal` (a unit vector) when this maps such planes into each other: `normal`
+    /// becomes the image's normal and `elev` the image of the elevation, both by the arbitrary axis rule.
     AcGeMatrix2d convertToLocal(AcGeVector3d& normal, double& elev) const;
 
     double operator()(unsigned int row, unsigned int column) const { return entry[row][column]; }
@@ -102,9 +104,12 @@ public:
 // A map whose last row is not 0 0 0 1 divides by the fourth coordinate.
 inline AcGePoint3d operator*(const AcGeMatrix3d& m, const AcGePoint3d& p)
 {
-    const auto row = [&](int i) { return m.entry[i][0] * p.x + m.entry[i][1] * p.y + m.entry[i][2] * p.z + m.entry[i][3]; };
+    const auto row = [&](int i) {
+        return m.entry[i][0] * p.x + m.entry[i][1] * p.y + m.entry[i][2] * p.z + m.entry[i][3];
+    };
     const double w = row(3);
-    return w == 1 || w == 0 ? AcGePoint3d(row(0), row(1), row(2)) : AcGePoint3d(row(0) / w, row(1) / w, row(2) / w);
+    return w == 1 || w == 0 ? AcGePoint3d(row(0), row(1), row(2))
+                            : AcGePoint3d(row(0) / w, row(1) / w, row(2) / w);
 }
 
 inline AcGeVector3d operator*(const AcGeMatrix3d& m, const AcGeVector3d& v)

@@ -6,23 +6,24 @@ class AcGeEllipArc2d;
 class AcGeLineSeg2d;
 class AcGePolyline2d;
 
-/// A non-uniform rational B-spline, made of control points or fitted through points. Input that makes no spline
-/// (too few points or knots, knots that fall, weights that are not positive, a degree outside of 1 to 25) yields
-/// one without control points, which is the origin everywhere.
+/// A non-uniform rational B-spline, made of control points or fitted through points. Input that makes no
+/// spline (too few points or knots, knots that fall, weights that are not positive, a degree outside of 1 to
+/// 25) yields one without control points, which is the origin everywhere.
 class AcGeNurbCurve2d : public AcGeSplineEnt2d
 {
 public:
     AcGeNurbCurve2d() = default;
     /// knots.length() == points + degree + 1; for a periodic one also points + 1: the knots of one period.
-    AcGeNurbCurve2d(int degree, const AcGeKnotVector& knots, const AcGePoint2dArray& cntrlPnts, bool isPeriodic = false);
+    AcGeNurbCurve2d(int degree, const AcGeKnotVector& knots, const AcGePoint2dArray& cntrlPnts,
+                    bool isPeriodic = false);
     AcGeNurbCurve2d(int degree, const AcGeKnotVector& knots, const AcGePoint2dArray& cntrlPnts,
                     const AcGeDoubleArray& weights, bool isPeriodic = false);
     /// A cubic through the points with these directions at the ends. Points closer to their predecessor than
-    /// fitTolerance.equalPoint() are left out; the curve goes exactly through the others. Ends without a direction
-    /// have no curvature.
-    AcGeNurbCurve2d(const AcGePoint2dArray& fitPnts, const AcGeVector2d& startTangent, const AcGeVector2d& endTangent,
-                    bool startTangentDefined = true, bool endTangentDefined = true,
-                    const AcGeTol& fitTolerance = AcGeContext::gTol,
+    /// fitTolerance.equalPoint() are left out; the curve goes exactly through the others. Ends without a
+    /// direction have no curvature.
+    AcGeNurbCurve2d(const AcGePoint2dArray& fitPnts, const AcGeVector2d& startTangent,
+                    const AcGeVector2d& endTangent, bool startTangentDefined = true,
+                    bool endTangentDefined = true, const AcGeTol& fitTolerance = AcGeContext::gTol,
                     AcGe::KnotParameterization knotParam = AcGe::kChord);
     /// The same without directions. When the last point equals the first the curve is smooth there as well.
     AcGeNurbCurve2d(const AcGePoint2dArray& fitPnts, const AcGeTol& fitTolerance = AcGeContext::gTol,
@@ -45,10 +46,10 @@ public:
     bool getFitTangents(AcGeVector2d& startTangent, AcGeVector2d& endTangent) const;
     bool getFitKnotParameterization(AcGe::KnotParameterization& knotParam) const;
     /// False, and nothing changed, for a curve that was not fitted or no longer is.
-    bool getFitData(AcGePoint2dArray& fitPoints, AcGeTol& fitTolerance, bool& tangentsExist, AcGeVector2d& startTangent,
-                    AcGeVector2d& endTangent) const;
-    bool setFitData(const AcGePoint2dArray& fitPoints, const AcGeVector2d& startTangent, const AcGeVector2d& endTangent,
-                    const AcGeTol& fitTol = AcGeContext::gTol);
+    bool getFitData(AcGePoint2dArray& fitPoints, AcGeTol& fitTolerance, bool& tangentsExist,
+                    AcGeVector2d& startTangent, AcGeVector2d& endTangent) const;
+    bool setFitData(const AcGePoint2dArray& fitPoints, const AcGeVector2d& startTangent,
+                    const AcGeVector2d& endTangent, const AcGeTol& fitTol = AcGeContext::gTol);
     /// Forgets the fit points; the curve stays.
     bool purgeFitData();
     void getDefinitionData(int& degree, bool& rational, bool& periodic, AcGeKnotVector& knots,
@@ -65,7 +66,8 @@ public:
     /// The same curve with a higher degree.
     AcGeNurbCurve2d& elevateDegree(int plusDegree);
     bool hardTrimByParams(double newStartParam, double newEndParam);
-    /// Goes on with another curve that starts where this ends; k0This for an empty curve, kArg1TooBig for a gap.
+    /// Goes on with another curve that starts where this ends; k0This for an empty curve, kArg1TooBig for a
+    /// gap.
     AcGeNurbCurve2d& joinWith(const AcGeNurbCurve2d& curve, AcGeError& error);
     /// Inner knots where the first derivative jumps, or its direction alone.
     bool getParamsOfC1Discontinuity(AcGeDoubleArray& params, const AcGeTol& tol = AcGeContext::gTol) const;
@@ -79,8 +81,8 @@ protected:
 
 private:
     struct Fit;
-    void fit(const AcGePoint2dArray& points, const AcGeVector2d* start, const AcGeVector2d* end, const AcGeTol& tol,
-             AcGe::KnotParameterization knotParam, bool closed);
+    void fit(const AcGePoint2dArray& points, const AcGeVector2d* start, const AcGeVector2d* end,
+             const AcGeTol& tol, AcGe::KnotParameterization knotParam, bool closed);
 
     std::shared_ptr<const Fit> mFit;
 };

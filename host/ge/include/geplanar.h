@@ -17,7 +17,8 @@ public:
     AcGePoint3d evalPoint(const AcGePoint2d& param) const override;
 
     /// The point that is common with a line; false when there is none or the line is parallel.
-    bool intersectWith(const AcGeLinearEnt3d& linEnt, AcGePoint3d& pnt, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool intersectWith(const AcGeLinearEnt3d& linEnt, AcGePoint3d& pnt,
+                       const AcGeTol& tol = AcGeContext::gTol) const;
     AcGePoint3d closestPointToLinearEnt(const AcGeLinearEnt3d& line, AcGePoint3d& pointOnLine,
                                         const AcGeTol& tol = AcGeContext::gTol) const;
 

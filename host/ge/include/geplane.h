@@ -37,7 +37,8 @@ public:
 
     using AcGePlanarEnt::intersectWith;
     /// The common line, along normal x other normal; false for parallel planes.
-    bool intersectWith(const AcGePlane& otherPln, AcGeLine3d& resultLine, const AcGeTol& tol = AcGeContext::gTol) const;
+    bool intersectWith(const AcGePlane& otherPln, AcGeLine3d& resultLine,
+                       const AcGeTol& tol = AcGeContext::gTol) const;
     bool intersectWith(const AcGeBoundedPlane& bndPln, AcGeLineSeg3d& resultLineSeg,
                        const AcGeTol& tol = AcGeContext::gTol) const;
 

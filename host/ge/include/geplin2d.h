@@ -26,7 +26,10 @@ public:
 
     int numFitPoints() const { return numControlPoints(); }
     AcGePoint2d fitPointAt(int idx) const { return controlPointAt(idx); }
-    AcGeSplineEnt2d& setFitPointAt(int idx, const AcGePoint2d& point) { return setControlPointAt(idx, point); }
+    AcGeSplineEnt2d& setFitPointAt(int idx, const AcGePoint2d& point)
+    {
+        return setControlPointAt(idx, point);
+    }
 
     gecore::CurveForm form() const override;
 

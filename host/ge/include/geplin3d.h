@@ -26,7 +26,10 @@ public:
 
     int numFitPoints() const { return numControlPoints(); }
     AcGePoint3d fitPointAt(int idx) const { return controlPointAt(idx); }
-    AcGeSplineEnt3d& setFitPointAt(int idx, const AcGePoint3d& point) { return setControlPointAt(idx, point); }
+    AcGeSplineEnt3d& setFitPointAt(int idx, const AcGePoint3d& point)
+    {
+        return setControlPointAt(idx, point);
+    }
 
     gecore::CurveForm form() const override;
 

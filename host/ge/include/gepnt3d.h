@@ -34,12 +34,21 @@ public:
     AcGePoint3d& operator*=(double s) noexcept { return *this = *this * s; }
     constexpr AcGePoint3d operator/(double s) const noexcept { return {x / s, y / s, z / s}; }
     AcGePoint3d& operator/=(double s) noexcept { return *this = *this / s; }
-    constexpr AcGePoint3d operator+(const AcGeVector3d& v) const noexcept { return {x + v.x, y + v.y, z + v.z}; }
+    constexpr AcGePoint3d operator+(const AcGeVector3d& v) const noexcept
+    {
+        return {x + v.x, y + v.y, z + v.z};
+    }
     AcGePoint3d& operator+=(const AcGeVector3d& v) noexcept { return *this = *this + v; }
-    constexpr AcGePoint3d operator-(const AcGeVector3d& v) const noexcept { return {x - v.x, y - v.y, z - v.z}; }
+    constexpr AcGePoint3d operator-(const AcGeVector3d& v) const noexcept
+    {
+        return {x - v.x, y - v.y, z - v.z};
+    }
     AcGePoint3d& operator-=(const AcGeVector3d& v) noexcept { return *this = *this - v; }
     AcGePoint3d& setToSum(const AcGePoint3d& p, const AcGeVector3d& v) noexcept { return *this = p + v; }
-    constexpr AcGeVector3d operator-(const AcGePoint3d& p) const noexcept { return {x - p.x, y - p.y, z - p.z}; }
+    constexpr AcGeVector3d operator-(const AcGePoint3d& p) const noexcept
+    {
+        return {x - p.x, y - p.y, z - p.z};
+    }
     constexpr AcGeVector3d asVector() const noexcept { return {x, y, z}; }
     double distanceTo(const AcGePoint3d& p) const { return (*this - p).length(); }
 

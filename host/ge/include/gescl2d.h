@@ -20,7 +20,10 @@ public:
     AcGeScale2d& operator*=(const AcGeScale2d& by) noexcept { return *this = *this * by; }
     constexpr AcGeScale2d operator*(double by) const noexcept { return {sx * by, sy * by}; }
     AcGeScale2d& operator*=(double by) noexcept { return *this = *this * by; }
-    friend constexpr AcGeScale2d operator*(double by, const AcGeScale2d& scale) noexcept { return scale * by; }
+    friend constexpr AcGeScale2d operator*(double by, const AcGeScale2d& scale) noexcept
+    {
+        return scale * by;
+    }
     AcGeScale2d& preMultBy(const AcGeScale2d& by) noexcept { return *this *= by; }
     AcGeScale2d& postMultBy(const AcGeScale2d& by) noexcept { return *this *= by; }
     AcGeScale2d& setToProduct(const AcGeScale2d& a, const AcGeScale2d& b) noexcept { return *this = a * b; }
@@ -41,7 +44,10 @@ public:
     bool operator!=(const AcGeScale2d& other) const { return !isEqualTo(other); }
     double operator[](unsigned int i) const { return i == 0 ? sx : sy; }
     double& operator[](unsigned int i) { return i == 0 ? sx : sy; }
-    AcGeScale2d& set(double xFactor, double yFactor) noexcept { return *this = AcGeScale2d(xFactor, yFactor); }
+    AcGeScale2d& set(double xFactor, double yFactor) noexcept
+    {
+        return *this = AcGeScale2d(xFactor, yFactor);
+    }
     operator AcGeMatrix2d() const;
     void getMatrix(AcGeMatrix2d& matrix) const;
 

@@ -27,7 +27,10 @@ public:
     AcGeScale3d& operator*=(const AcGeScale3d& by) noexcept { return *this = *this * by; }
     constexpr AcGeScale3d operator*(double by) const noexcept { return {sx * by, sy * by, sz * by}; }
     AcGeScale3d& operator*=(double by) noexcept { return *this = *this * by; }
-    friend constexpr AcGeScale3d operator*(double by, const AcGeScale3d& scale) noexcept { return scale * by; }
+    friend constexpr AcGeScale3d operator*(double by, const AcGeScale3d& scale) noexcept
+    {
+        return scale * by;
+    }
     AcGeScale3d& preMultBy(const AcGeScale3d& by) noexcept { return *this *= by; }
     AcGeScale3d& postMultBy(const AcGeScale3d& by) noexcept { return *this *= by; }
     AcGeScale3d& setToProduct(const AcGeScale3d& a, const AcGeScale3d& b) noexcept { return *this = a * b; }

@@ -11,8 +11,8 @@ namespace gecore
 struct Spline;
 }
 
-/// What splines and polylines have in common: control points and knots. Copies share their data until one of them
-/// changes. Indices out of range yield the origin or 0, and change nothing.
+/// What splines and polylines have in common: control points and knots. Copies share their data until one of
+/// them changes. Indices out of range yield the origin or 0, and change nothing.
 class AcGeSplineEnt3d : public AcGeCurve3d
 {
 public:

@@ -37,7 +37,10 @@ public:
     AcGeVector2d& operator-=(const AcGeVector2d& v) noexcept { return *this = *this - v; }
     constexpr AcGeVector2d operator-() const noexcept { return {-x, -y}; }
     AcGeVector2d& setToSum(const AcGeVector2d& a, const AcGeVector2d& b) noexcept { return *this = a + b; }
-    AcGeVector2d& setToDifference(const AcGeVector2d& a, const AcGeVector2d& b) noexcept { return *this = a - b; }
+    AcGeVector2d& setToDifference(const AcGeVector2d& a, const AcGeVector2d& b) noexcept
+    {
+        return *this = a - b;
+    }
     AcGeVector2d& negate() noexcept { return *this = -*this; }
 
     /// This vector turned by a quarter counter-clockwise.

@@ -39,13 +39,22 @@ public:
     AcGeVector3d& setToProduct(const AcGeVector3d& v, double s) noexcept { return *this = v * s; }
     constexpr AcGeVector3d operator/(double s) const noexcept { return {x / s, y / s, z / s}; }
     AcGeVector3d& operator/=(double s) noexcept { return *this = *this / s; }
-    constexpr AcGeVector3d operator+(const AcGeVector3d& v) const noexcept { return {x + v.x, y + v.y, z + v.z}; }
+    constexpr AcGeVector3d operator+(const AcGeVector3d& v) const noexcept
+    {
+        return {x + v.x, y + v.y, z + v.z};
+    }
     AcGeVector3d& operator+=(const AcGeVector3d& v) noexcept { return *this = *this + v; }
-    constexpr AcGeVector3d operator-(const AcGeVector3d& v) const noexcept { return {x - v.x, y - v.y, z - v.z}; }
+    constexpr AcGeVector3d operator-(const AcGeVector3d& v) const noexcept
+    {
+        return {x - v.x, y - v.y, z - v.z};
+    }
     AcGeVector3d& operator-=(const AcGeVector3d& v) noexcept { return *this = *this - v; }
     constexpr AcGeVector3d operator-() const noexcept { return {-x, -y, -z}; }
     AcGeVector3d& setToSum(const AcGeVector3d& a, const AcGeVector3d& b) noexcept { return *this = a + b; }
-    AcGeVector3d& setToDifference(const AcGeVector3d& a, const AcGeVector3d& b) noexcept { return *this = a - b; }
+    AcGeVector3d& setToDifference(const AcGeVector3d& a, const AcGeVector3d& b) noexcept
+    {
+        return *this = a - b;
+    }
     AcGeVector3d& negate() noexcept { return *this = -*this; }
 
     /// A unit vector at right angles to this, by the arbitrary axis rule of drawing files: Y x this when this
@@ -99,8 +108,8 @@ public:
     /// Projects along `projectDirection` onto the plane with this normal; unchanged when the two are
     /// perpendicular (kPerpendicularArg1Arg2) or zero (k0Arg1, k0Arg2).
     AcGeVector3d project(const AcGeVector3d& planeNormal, const AcGeVector3d& projectDirection) const;
-    AcGeVector3d project(const AcGeVector3d& planeNormal, const AcGeVector3d& projectDirection, const AcGeTol& tol,
-                         AcGeError& flag) const;
+    AcGeVector3d project(const AcGeVector3d& planeNormal, const AcGeVector3d& projectDirection,
+                         const AcGeTol& tol, AcGeError& flag) const;
     /// Projects at right angles onto the plane with this normal; unchanged for a zero normal (k0Arg1).
     AcGeVector3d orthoProject(const AcGeVector3d& planeNormal) const;
     AcGeVector3d orthoProject(const AcGeVector3d& planeNormal, const AcGeTol& tol, AcGeError& flag) const;
