@@ -2,5 +2,7 @@
 
 /// What a module includes: every public header of the library.
 
+#include "AlgorString.h"
 #include "CEncoding.h"
 #include "CRegexString.h"
+#include "CtransStr.h"
