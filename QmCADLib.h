@@ -4,5 +4,6 @@
 
 #include "AlgorString.h"
 #include "CEncoding.h"
+#include "CFamStuStr.h"
 #include "CRegexString.h"
 #include "CtransStr.h"
