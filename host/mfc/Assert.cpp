@@ -1,18 +1,18 @@
 #include "afxassert.h"
+#include "atlstr.h"
 
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <cwchar>
 
 void AFX_CDECL AfxTrace(LPCWSTR format, ...)
 {
-    wchar_t text[1024];
+    CString text;
     va_list arguments;
     va_start(arguments, format);
-    const int length = std::vswprintf(text, sizeof text / sizeof *text, format, arguments);
+    text.FormatV(format, arguments);
     va_end(arguments);
-    OutputDebugStringW(length < 0 ? format : text);
+    OutputDebugStringW(text);
 }
 
 void AFXAPI AfxAssertFailedLine(LPCSTR file, int line)

@@ -8,7 +8,7 @@
 #define AFXAPI __stdcall
 #define AFX_CDECL __cdecl
 
-/// Writes formatted text to the debugger's output. The format is that of std::swprintf.
+/// Writes formatted text to the debugger's output. The format is that of CString::Format.
 void AFX_CDECL AfxTrace(LPCWSTR format, ...);
 /// Reports a failed assertion with its place in the source and ends the process.
 [[noreturn]] void AFXAPI AfxAssertFailedLine(LPCSTR file, int line);

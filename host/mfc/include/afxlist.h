@@ -78,7 +78,7 @@ public:
     POSITION Find(ARG_TYPE searchValue, POSITION startAfter = nullptr) const
     {
         Node* at = startAfter ? node(startAfter).next : m_head;
-        while (at && !CompareElements<TYPE>(&at->data, &searchValue))
+        while (at && !CompareElements(&at->data, &searchValue))
             at = at->next;
         return position(at);
     }

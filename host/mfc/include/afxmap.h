@@ -54,7 +54,7 @@ public:
     {
         if (m_buckets.empty()) return FALSE;
         Assoc** link = &bucket(HashKey<ARG_KEY>(key));
-        while (*link && !CompareElements<KEY, ARG_KEY>(&(*link)->key, &key))
+        while (*link && !CompareElements(&(*link)->key, &key))
             link = &(*link)->nextInBucket;
         if (!*link) return FALSE;
         Assoc* old = *link;
@@ -138,7 +138,7 @@ private:
     {
         if (m_buckets.empty()) return nullptr;
         Assoc* at = m_buckets[hash % m_buckets.size()];
-        while (at && !(at->hash == hash && CompareElements<KEY, ARG_KEY>(&at->key, &key)))
+        while (at && !(at->hash == hash && CompareElements(&at->key, &key)))
             at = at->nextInBucket;
         return at;
     }
