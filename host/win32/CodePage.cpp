@@ -4,10 +4,12 @@
 #include "CodePage.h"
 
 #include "AnsiCodePage.h"
+#include "KnownCodePages.h"
 #include "winnls.h"
 
 #include <algorithm>
 #include <memory>
+#include <mutex>
 #include <stdexcept>
 #include <vector>
 
@@ -43,19 +45,45 @@ void decodeAll(UConverter* converter, const std::vector<char>& bytes, Use use)
         use(static_cast<std::size_t>(origins[i]), characters[i]);
 }
 
-void setTrails(CodePage& page, int from, int to)
+void setRange(std::array<bool, 256>& bytes, std::size_t from, std::size_t to)
 {
-    for (int byte = from; byte <= to; ++byte)
-        page.isTrail[static_cast<std::size_t>(byte)] = true;
+    std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(from),
+              bytes.begin() + static_cast<std::ptrdiff_t>(to) + 1, true);
+}
+
+/// Shift JIS: 0xA1 ... 0xDF are half-width katakana, characters of one byte.
+void setJapaneseRoles(CodePage& page)
+{
+    setRange(page.isLead, 0x81, 0x9F);
+    setRange(page.isLead, 0xE0, 0xFC);
+    setRange(page.isTrail, 0x40, 0x7E);
+    setRange(page.isTrail, 0x80, 0xFC);
+}
+
+void setKoreanRoles(CodePage& page)
+{
+    setRange(page.isLead, 0x81, 0xFE);
+    setRange(page.isTrail, 0x41, 0x5A);
+    setRange(page.isTrail, 0x61, 0x7A);
+    setRange(page.isTrail, 0x81, 0xFE);
+}
+
+void setChineseRoles(CodePage& page)
+{
+    setRange(page.isLead, 0x81, 0xFE);
+    setRange(page.isTrail, 0x40, 0x7E);
+    setRange(page.isTrail, page.number == 936 ? 0x80 : 0xA1, 0xFE);
 }
 
 void setByteRoles(CodePage& page)
 {
-    if (page.number == 1252) return;
-    for (std::size_t byte = 0x81; byte <= 0xFE; ++byte)
-        page.isLead[byte] = true;
-    setTrails(page, 0x40, 0x7E);
-    setTrails(page, page.number == 936 ? 0x80 : 0xA1, 0xFE);
+    if (!hasTwoByteCharacters(page.number)) return;
+    if (page.number == 932)
+        setJapaneseRoles(page);
+    else if (page.number == 949)
+        setKoreanRoles(page);
+    else
+        setChineseRoles(page);
 }
 
 void fillSingles(CodePage& page, UConverter* converter)
@@ -268,18 +296,15 @@ UINT resolveCodePage(UINT codePage)
 
 const CodePage* codePageTables(UINT codePage)
 {
-    if (codePage == 936) {
-        static const auto page = makeTables(936, "windows-936-2000");
-        return page.get();
-    }
-    if (codePage == 950) {
-        static const auto page = makeTables(950, "windows-950-2000");
-        return page.get();
-    }
-    if (codePage == 1252) {
-        static const auto page = makeTables(1252, "ibm-5348_P100-1997");
-        return page.get();
-    }
+    static std::array<std::once_flag, knownCodePageCount> isMade;
+    static std::array<std::unique_ptr<const CodePage>, knownCodePageCount> tables;
+    for (std::size_t i = 0; i < knownCodePageCount; ++i)
+        if (knownCodePages[i].number == codePage) {
+            std::call_once(isMade[i], [i] {
+                tables[i] = makeTables(knownCodePages[i].number, knownCodePages[i].converter);
+            });
+            return tables[i].get();
+        }
     return nullptr;
 }
 

@@ -58,6 +58,15 @@ int encodePage(const CodePage& page, std::wstring_view text, LPSTR to, int capac
     if (usedDefault) *usedDefault = converted.usedDefault;
     return resultOf(converted);
 }
+
+/// Writes the ranges of lead bytes as pairs (first, last).
+void listLeadBytes(const CodePage& page, BYTE* to)
+{
+    for (unsigned byte = 0x80; byte < 0xFF; ++byte) {
+        if (page.isLead[byte] && !page.isLead[byte - 1]) *to++ = static_cast<BYTE>(byte);
+        if (page.isLead[byte] && !page.isLead[byte + 1]) *to++ = static_cast<BYTE>(byte);
+    }
+}
 } // namespace
 
 UINT WINAPI GetACP()
@@ -84,8 +93,7 @@ BOOL WINAPI GetCPInfo(UINT codePage, LPCPINFO info)
         info->MaxCharSize = 4;
     } else if (codePageTables(number)->hasPairs()) {
         info->MaxCharSize = 2;
-        info->LeadByte[0] = 0x81;
-        info->LeadByte[1] = 0xFE;
+        listLeadBytes(*codePageTables(number), info->LeadByte);
     }
     return TRUE;
 }

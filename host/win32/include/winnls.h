@@ -2,8 +2,10 @@
 
 /// Code pages, and the mapping and comparison of text by locale.
 ///
-/// The code pages are 936 (GBK), 950 (Big5), 1252 (Western) and 65001 (UTF-8). The ANSI code page is 936
-/// unless the environment variable QM_ACP names another of the four when the process starts.
+/// The code pages are 936 (GBK), 950 (Big5), 932 (Shift JIS), 949 (Korean), the Windows pages 874 and
+/// 1250 ... 1258, the usual DOS pages (437, 850, 852 ...), 10000 (Macintosh), 28591 ... 28599 and 28605
+/// (ISO 8859) and 65001 (UTF-8). One of 936, 950, 1252 and 65001 is the ANSI code page: 936 unless the
+/// environment variable QM_ACP names another of the four when the process starts.
 
 #include "windef.h"
 
@@ -28,7 +30,7 @@ UINT WINAPI GetACP();
 /// The code page of CP_OEMCP. Here it is the ANSI code page, as on every system with an Asian one.
 UINT WINAPI GetOEMCP();
 
-/// True for the number of a code page that the conversions below take: 936, 950, 1252 and 65001.
+/// True for the number of a code page that the conversions take.
 BOOL WINAPI IsValidCodePage(UINT codePage);
 
 /// Describes a code page; CP_ACP, CP_OEMCP and CP_THREAD_ACP are taken too.

@@ -75,6 +75,12 @@ TEST(CodePage, TextOfEachPageGoesThereAndBack)
         {936, "A\xD6\xD0\xCE\xC4\x80Z", L"A\u4E2D\u6587\u20ACZ"},
         {936, "\xAA\xA1\x81\x40", L"\uE000\u4E02"},
         {950, "A\xA4\xA4\xA4\xE5Z\xA5\x5C", L"A\u4E2D\u6587Z\u529F"},
+        {932, "\xB1\x93\xFA\x83\x5C",
+         L"\uFF71\u65E5\u30BD"}, // a half-width kana; a trail that is a backslash
+        {949, "\xC7\xD1", L"\uD55C"},
+        {1251, "\xCC\xE8\xF0", L"\u041C\u0438\u0440"},
+        {850, "\x81\xF8", L"\u00FC\u00B0"},
+        {874, "\xA1", L"\u0E01"},
         {1252, "\x80\x81\xE9", L"\u20AC\u0081\u00E9"},
         {65001, "A\xC3\xA9\xE4\xB8\xAD\xF0\xA0\x80\x80", L"A\u00E9\u4E2D\U00020000"},
     };
@@ -120,15 +126,17 @@ TEST(CodePage, DescribesItself)
     EXPECT_EQ(info.LeadByte[0], 0x81);
     EXPECT_EQ(info.LeadByte[1], 0xFE);
     EXPECT_EQ(info.LeadByte[2], 0);
+    ASSERT_TRUE(GetCPInfo(932, &info));
+    EXPECT_EQ(std::string(info.LeadByte, info.LeadByte + 5), std::string("\x81\x9F\xE0\xFC\0", 5));
     ASSERT_TRUE(GetCPInfo(CP_UTF8, &info));
     EXPECT_EQ(info.MaxCharSize, 4u);
     EXPECT_EQ(info.LeadByte[0], 0);
-    EXPECT_FALSE(GetCPInfo(437, &info));
+    EXPECT_FALSE(GetCPInfo(1361, &info));
     EXPECT_EQ(GetLastError(), DWORD(ERROR_INVALID_PARAMETER));
     EXPECT_TRUE(IsDBCSLeadByteEx(950, 0x81) && IsDBCSLeadByte(0xFE));
     EXPECT_FALSE(IsDBCSLeadByteEx(936, 0x80) || IsDBCSLeadByteEx(1252, 0x81) ||
                  IsDBCSLeadByteEx(65001, 0xE4));
-    EXPECT_FALSE(IsValidCodePage(437));
+    EXPECT_FALSE(IsValidCodePage(1361));
 }
 
 TEST(MultiByteToWideChar, LeadByteWithoutTrailIsOneQuestionMark)
@@ -197,7 +205,7 @@ TEST(MultiByteToWideChar, RefusesBadArguments)
     EXPECT_EQ(fails(936, 0, "a", 1, nullptr, 8), DWORD(ERROR_INVALID_PARAMETER));
     EXPECT_EQ(fails(936, 0, "a", 1, wide, -1), DWORD(ERROR_INVALID_PARAMETER));
     EXPECT_EQ(fails(936, 0, reinterpret_cast<char*>(wide), 1, wide, 8), DWORD(ERROR_INVALID_PARAMETER));
-    EXPECT_EQ(fails(437, 0, "a", 1, wide, 8), DWORD(ERROR_INVALID_PARAMETER));
+    EXPECT_EQ(fails(1361, 0, "a", 1, wide, 8), DWORD(ERROR_INVALID_PARAMETER));
     EXPECT_EQ(fails(936, 0x100, "a", 1, wide, 8), DWORD(ERROR_INVALID_FLAGS));
     EXPECT_EQ(fails(65001, MB_PRECOMPOSED, "a", 1, wide, 8), DWORD(ERROR_INVALID_FLAGS));
     EXPECT_EQ(wide[0], L'#');
