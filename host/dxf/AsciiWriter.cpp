@@ -85,7 +85,7 @@ void AsciiWriter::putLine(int code, std::string_view line)
 {
     char* const to = startGroup(code);
     if (line.size() <= OutputBuffer::largestPiece / 2) {
-        std::memcpy(to, line.data(), line.size());
+        line.copy(to, line.size());
         endGroup(to + line.size());
     } else {
         _out.advance(to);

@@ -92,7 +92,7 @@ void BinaryWriter::putChunk(int code, std::string_view bytes)
 {
     char* to = startGroup(code);
     *to++ = static_cast<char>(bytes.size());
-    std::memcpy(to, bytes.data(), bytes.size());
+    bytes.copy(to, bytes.size());
     _out.advance(to + bytes.size());
 }
 

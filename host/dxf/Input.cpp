@@ -3,7 +3,6 @@
 #include "FileHandle.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace dxf
 {
@@ -56,7 +55,7 @@ std::shared_ptr<const Input> Input::ofFile(const std::wstring& path, FileStatus&
 std::shared_ptr<const Input> Input::ofBytes(std::string_view bytes)
 {
     std::shared_ptr<Input> input(new Input(bytes.size()));
-    std::memcpy(input->_bytes.get(), bytes.data(), bytes.size());
+    bytes.copy(input->_bytes.get(), bytes.size());
     return input;
 }
 } // namespace dxf

@@ -11,7 +11,7 @@ void OutputBuffer::append(std::string_view bytes)
         _isGood = _isGood && _sink.append(bytes);
         return;
     }
-    std::memcpy(_bytes.get() + _used, bytes.data(), bytes.size());
+    bytes.copy(_bytes.get() + _used, bytes.size());
     _used += bytes.size();
 }
 

@@ -39,7 +39,7 @@ std::vector<double> manyDoubles()
 {
     std::mt19937_64 random(20);
     std::vector<double> values;
-    for (int i = 0; i < 200000; ++i) {
+    for (int i = 0; i < 50000; ++i) {
         const std::uint64_t bits = random();
         double value;
         std::memcpy(&value, &bits, sizeof value);
