@@ -1,5 +1,6 @@
 #include "GroupTexts.h"
 
+#include <cstdlib>
 #include <random>
 
 using namespace dxf;
@@ -97,6 +98,13 @@ void checkMutant(const std::string& file)
         ++groupsAgain;
     ASSERT_EQ(groupsAgain, groups);
 }
+
+/// The number of mutants: QM_MUTATIONS, or 2000.
+int mutantCount()
+{
+    const char* const text = std::getenv("QM_MUTATIONS");
+    return text ? std::atoi(text) : 2000;
+}
 } // namespace
 
 TEST(Mutations, DamagedFilesAreReadWithoutHarm)
@@ -104,8 +112,9 @@ TEST(Mutations, DamagedFilesAreReadWithoutHarm)
     const std::string ascii = smallDrawing();
     const auto open = [&] { return openDrawing(Input::ofBytes(ascii)).reader; };
     const std::string files[] = {ascii, toBinary(*open(), true), toBinary(*open(), false)};
+    const int count = mutantCount();
     Random random(1);
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < count; ++i) {
         std::string file = files[i % 3];
         mutate(file, random);
         if (file.empty()) continue;
