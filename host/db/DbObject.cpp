@@ -1,0 +1,191 @@
+#include "dbobject.h"
+
+#include "DatabaseHooks.h"
+#include "DbObjectAccess.h"
+#include "ObjectNotices.h"
+
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObject, AcRxObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObjectReactor, AcRxObject)
+
+namespace
+{
+constexpr int maxReaders = 256;
+}
+
+AcDbObject::AcDbObject()
+    : mOpenForWrite(false), mOpenForNotify(false), mIsNew(true), mModified(false), mModifiedGraphics(false),
+      mModifiedXData(false), mNotifying(false), mEraseToggled(false)
+{
+}
+
+AcDbObject::AcDbObject(const AcDbObject&) : AcDbObject() {}
+AcDbObject& AcDbObject::operator=(const AcDbObject&) { return *this; }
+
+AcDbObject::~AcDbObject()
+{
+    if (mExtras) notices::goodbye(*this);
+}
+
+Acad::ErrorStatus AcDbObject::setOwnerId(AcDbObjectId owner)
+{
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk) mOwner = owner;
+    return status;
+}
+
+bool AcDbObject::isReadEnabled() const { return !mStub || mReaders || mOpenForWrite || mOpenForNotify; }
+bool AcDbObject::isErased() const { return mStub && mStub.isErased(); }
+
+Acad::ErrorStatus AcDbObject::upgradeOpen()
+{
+    if (mOpenForWrite) return Acad::eWasOpenForWrite;
+    if (mReaders == 0) return mOpenForNotify ? Acad::eWasOpenForNotify : Acad::eInvalidOpenState;
+    if (mReaders > 1) return Acad::eHadMultipleReaders;
+    const Acad::ErrorStatus allowed = hooks::mayWrite(*this);
+    if (allowed != Acad::eOk) return allowed;
+    mReaders = 0;
+    mOpenForWrite = true;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::upgradeFromNotify(bool& wasWritable)
+{
+    wasWritable = mOpenForWrite;
+    if (!mOpenForNotify) return Acad::eInvalidOpenState;
+    if (mReaders) return Acad::eWasOpenForRead;
+    const Acad::ErrorStatus allowed = hooks::mayWrite(*this);
+    if (allowed != Acad::eOk) return allowed;
+    mOpenForNotify = false;
+    mOpenForWrite = true;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::downgradeOpen()
+{
+    if (!mOpenForWrite) return Acad::eWasNotOpenForWrite;
+    notices::changesOf(*this);
+    mOpenForWrite = false;
+    mReaders = 1;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::downgradeToNotify(bool wasWritable)
+{
+    if (!mOpenForWrite) return Acad::eWasNotOpenForWrite;
+    mOpenForNotify = true;
+    mOpenForWrite = wasWritable;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::close()
+{
+    if (mOpenForNotify) {
+        mOpenForNotify = false;
+        return Acad::eOk;
+    }
+    if (mReaders) {
+        --mReaders;
+        return Acad::eOk;
+    }
+    if (!mOpenForWrite) return Acad::eInvalidOpenState;
+    if (mNotifying) return Acad::eCloseWasNotifying;
+    subClose();
+    notices::changesOf(*this);
+    DbObjectAccess::settle(*this);
+    notices::closed(*this);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::cancel()
+{
+    if (!mOpenForWrite) return close();
+    // An object added in this very opening never was: erased is the nearest state that ids can still ask about.
+    if (mIsNew || mEraseToggled) static_cast<AcDbStub*>(mStub)->erased = mIsNew || !isErased();
+    if (mExtras && mExtras->before) {
+        subCancel(*mExtras->before);
+        assignState(*mExtras->before);
+    }
+    notices::cancelled(*this);
+    DbObjectAccess::settle(*this);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::assertWriteEnabled(bool recordModified)
+{
+    if (!mStub) return Acad::eOk;
+    if (!mOpenForWrite) return Acad::eNotOpenForWrite;
+    if (!recordModified || mModified) return Acad::eOk;
+    mModified = true;
+    if (!mIsNew) {
+        DbObjectAccess::needExtras(*this).before.reset(newCopy());
+        notices::openedForModify(*this);
+    }
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::erase(bool erasing)
+{
+    if (!mStub) return Acad::eNotInDatabase;
+    if (!mOpenForWrite) return Acad::eNotOpenForWrite;
+    if (erasing == isErased()) return erasing ? Acad::eWasErased : Acad::eWasNotErased;
+    const Acad::ErrorStatus status = subErase(erasing);
+    if (status != Acad::eOk) return status;
+    assertWriteEnabled();
+    mEraseToggled = !mEraseToggled;
+    static_cast<AcDbStub*>(mStub)->erased = erasing;
+    notices::erased(*this, erasing);
+    return Acad::eOk;
+}
+
+const DxfClass* AcDbObject::dxfClass() const { return nullptr; }
+
+AcRxObject* AcDbObject::clone() const { return newCopy(); }
+
+Acad::ErrorStatus AcDbObject::copyFrom(const AcRxObject* other)
+{
+    if (!other) return Acad::eNullObjectPointer;
+    if (other->isA() != isA()) return Acad::eWrongObjectType;
+    const Acad::ErrorStatus status = assertWriteEnabled();
+    if (status == Acad::eOk) assignState(*static_cast<const AcDbObject*>(other));
+    return status;
+}
+
+void DbObjectAccess::makeResident(AcDbObject& object, AcDbStub& stub, AcDbObjectId owner)
+{
+    stub.object = &object;
+    object.mStub = &stub;
+    object.mOwner = owner;
+    object.mOpenForWrite = true;
+}
+
+DbObjectExtras& DbObjectAccess::needExtras(AcDbObject& object)
+{
+    if (!object.mExtras) object.mExtras = std::make_unique<DbObjectExtras>();
+    return *object.mExtras;
+}
+
+Acad::ErrorStatus DbObjectAccess::open(AcDbObject& object, AcDb::OpenMode mode)
+{
+    if (object.mOpenForNotify) return Acad::eWasOpenForNotify;
+    if (mode == AcDb::kForNotify) {
+        object.mOpenForNotify = true;
+        return Acad::eOk;
+    }
+    if (object.mOpenForWrite) return Acad::eWasOpenForWrite;
+    if (mode == AcDb::kForRead) {
+        if (object.mReaders == maxReaders) return Acad::eAtMaxReaders;
+        ++object.mReaders;
+        return Acad::eOk;
+    }
+    if (object.mReaders) return Acad::eWasOpenForRead;
+    const Acad::ErrorStatus allowed = hooks::mayWrite(object);
+    if (allowed == Acad::eOk) object.mOpenForWrite = true;
+    return allowed;
+}
+
+void DbObjectAccess::settle(AcDbObject& object)
+{
+    object.mOpenForWrite = false;
+    object.mIsNew = object.mModified = object.mModifiedGraphics = object.mModifiedXData = object.mEraseToggled = false;
+    if (object.mExtras) object.mExtras->before.reset();
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+/// The fixed place of an object in its database: what an AcDbObjectId points to.
+
+#include "dbid.h"
+
+/// Lives as long as its database, whatever becomes of the object, so that ids held by others stay safe to ask.
+struct AcDbStub {
+    AcDbObject* object = nullptr; ///< null until the object is added, and after it is purged
+    AcDbDatabase* database = nullptr;
+    std::uint64_t handle = 0;
+    bool erased = false;
+};

@@ -1,0 +1,209 @@
+#pragma once
+
+/// AcDbObject: what every object of a drawing database has in common: identity, ownership, open states, erasure,
+/// extended data, reactors, and its description as DXF groups.
+
+#include "acadstrc.h"
+#include "dbid.h"
+#include "rxboiler.h"
+
+#include <cstdint>
+#include <memory>
+
+class AcDbObjectReactor;
+class DxfClass;
+struct DbObjectExtras;
+struct resbuf;
+
+namespace AcDb
+{
+enum OpenMode { kForRead = 0, kForWrite = 1, kForNotify = 2 };
+}
+
+/// States. A new object belongs to its maker, who may change it freely and deletes it, until it is added to a
+/// database; from then on it is opened and closed, and never deleted by its users. The one who adds an object holds
+/// it open for write and closes it.
+///
+/// Reading members may be called in every open mode. A setter on an object that is not open for write returns
+/// eNotOpenForWrite, or does nothing where it returns nothing, and leaves the object unchanged.
+class AcDbObject : public AcRxObject
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbObject);
+    ~AcDbObject() override;
+
+    AcDbObjectId objectId() const { return mStub; }
+    AcDbObjectId id() const { return mStub; }
+    AcDbObjectId ownerId() const { return mOwner; }
+    /// Names the owner. The owner's own list of children is not touched: containers do both.
+    virtual Acad::ErrorStatus setOwnerId(AcDbObjectId owner);
+    void getAcDbHandle(AcDbHandle& handle) const { handle = mStub.handle(); }
+    AcDbHandle handle() const { return mStub.handle(); }
+    /// The database the object is in; null for a new object.
+    AcDbDatabase* database() const { return mStub.database(); }
+
+    // Open states.
+
+    /// From read to write. eHadMultipleReaders when others read the object too, eInvalidOpenState when it is not
+    /// open for read; a lock of the document or the layer refuses as it does on opening.
+    Acad::ErrorStatus upgradeOpen();
+    /// From notify to write; `wasWritable` is told whether it was open for write already.
+    Acad::ErrorStatus upgradeFromNotify(bool& wasWritable);
+    Acad::ErrorStatus downgradeOpen();
+    Acad::ErrorStatus downgradeToNotify(bool wasWritable);
+    /// Ends one open. Changes are told to reactors when the last open for write ends.
+    Acad::ErrorStatus close();
+    /// Ends an open for write and takes back every change made since, an erasure too; an object added in the same
+    /// opening is erased. Like close in the other modes. Containers (tables, blocks) keep what was added to them.
+    Acad::ErrorStatus cancel();
+
+    bool isReadEnabled() const;
+    bool isWriteEnabled() const { return !mStub || mOpenForWrite; }
+    bool isNotifyEnabled() const { return !mStub || mOpenForNotify; }
+    bool isModified() const { return mModified; }
+    bool isModifiedGraphics() const { return mModifiedGraphics; }
+    bool isModifiedXData() const { return mModifiedXData; }
+    bool isNewObject() const { return mIsNew; }
+    /// True while the object tells its reactors of a change.
+    bool isNotifying() const { return mNotifying; }
+    int numReaders() const { return mReaders; }
+
+    /// Called by every reading member of a class.
+    void assertReadEnabled() const {}
+    /// Called by every setter before it changes anything: eNotOpenForWrite when the object may not be changed.
+    /// Keeps the state for cancel() on the first change, and tells reactors.
+    Acad::ErrorStatus assertWriteEnabled(bool recordModified = true);
+    void assertNotifyEnabled() const {}
+
+    // Erasure.
+
+    bool isErased() const;
+    bool isEraseStatusToggled() const { return mEraseToggled; }
+    /// Erases the object, or brings it back. eWasErased / eWasNotErased when it is so already, eCannotBeErasedByCaller
+    /// for objects that a drawing cannot be without.
+    Acad::ErrorStatus erase(bool erasing = true);
+
+    // Data that others attach.
+
+    /// A chain of the extended data of one application, beginning with its 1001 group, or of all for null. The caller
+    /// releases it with acutRelRb. Null when there is none.
+    virtual resbuf* xData(const ACHAR* regappName = nullptr) const;
+    /// Replaces the extended data of the applications in the chain; an application with its name alone loses its data.
+    /// eRegappIdNotFound for an unregistered name, eXdataSizeExceeded past 16 KiB, eInvalidResBuf for a chain that does not
+    /// begin with 1001 or holds other groups; nothing is changed then.
+    virtual Acad::ErrorStatus setXData(const resbuf* chain);
+
+    void addReactor(AcDbObjectReactor* reactor) const;
+    void removeReactor(AcDbObjectReactor* reactor) const;
+    void addPersistentReactor(AcDbObjectId reactor);
+    Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
+    bool hasReactor(const AcDbObjectReactor* reactor) const;
+    bool hasPersistentReactor(AcDbObjectId reactor) const;
+
+    // The description as DXF groups.
+
+    /// The innermost table of fields; its ancestors hold those of the base classes.
+    virtual const DxfClass* dxfClass() const;
+
+    // Copies.
+
+    /// A new object with the same contents, owned by the caller, in no database, without reactors.
+    AcRxObject* clone() const override;
+    Acad::ErrorStatus copyFrom(const AcRxObject* other) override;
+
+    // Notifications to the object itself; overrides call the base.
+
+    virtual void subClose() {}
+    /// Whether an open for write is granted, beside the lock of the document.
+    virtual Acad::ErrorStatus subMayWrite() const { return Acad::eOk; }
+    virtual Acad::ErrorStatus subErase(bool) { return Acad::eOk; }
+    /// Called by cancel() before the state of `before` is put back: what lies outside the object follows.
+    virtual void subCancel(const AcDbObject&) {}
+    /// Told of changes of an object that this one is a persistent reactor of.
+    virtual void modified(const AcDbObject*) {}
+    virtual void erased(const AcDbObject*, bool) {}
+    virtual void copied(const AcDbObject*, const AcDbObject*) {}
+    virtual void goodbye(const AcDbObject*) {}
+    virtual void openedForModify(const AcDbObject*) {}
+    virtual void modifiedXData(const AcDbObject*) {}
+    virtual void modifiedGraphics(const AcDbObject*) {}
+    virtual void unappended(const AcDbObject*) {}
+    virtual void reappended(const AcDbObject*) {}
+    virtual void objectClosed(const AcDbObjectId) {}
+
+protected:
+    AcDbObject();
+    /// Contents are copied; identity, owner and open state are not.
+    AcDbObject(const AcDbObject& other);
+    AcDbObject& operator=(const AcDbObject& other);
+
+    /// Pure state, by class: see ACDB_STATE_MEMBERS.
+    virtual AcDbObject* newCopy() const { return nullptr; }
+    virtual void assignState(const AcDbObject&) {}
+    /// Marks the picture of the object as changed; setters of geometry call it after assertWriteEnabled.
+    void recordGraphicsModified(bool changed = true) { mModifiedGraphics |= changed; }
+
+private:
+    friend struct DbObjectAccess;
+
+    AcDbObjectId mStub;
+    AcDbObjectId mOwner;
+    std::unique_ptr<DbObjectExtras> mExtras;
+    std::uint16_t mReaders = 0;
+    bool mOpenForWrite : 1;
+    bool mOpenForNotify : 1;
+    bool mIsNew : 1;
+    bool mModified : 1;
+    bool mModifiedGraphics : 1;
+    bool mModifiedXData : 1;
+    bool mNotifying : 1;
+    bool mEraseToggled : 1;
+};
+
+/// In a concrete class: how its objects are copied and restored, from its own copy constructor and assignment.
+#define ACDB_STATE_MEMBERS(CLASS)                                                                            \
+protected:                                                                                                   \
+    AcDbObject* newCopy() const override { return new CLASS(*this); }                                        \
+    void assignState(const AcDbObject& other) override { *this = static_cast<const CLASS&>(other); }         \
+                                                                                                             \
+public:
+
+/// Told of what happens to an object, while it is attached (addReactor) and not part of the drawing.
+class AcDbObjectReactor : public AcRxObject
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbObjectReactor);
+    virtual void cancelled(const AcDbObject*) {}
+    virtual void copied(const AcDbObject*, const AcDbObject*) {}
+    virtual void erased(const AcDbObject*, bool) {}
+    virtual void goodbye(const AcDbObject*) {}
+    virtual void openedForModify(const AcDbObject*) {}
+    virtual void modified(const AcDbObject*) {}
+    virtual void subObjModified(const AcDbObject*, const AcDbObject*) {}
+    virtual void modifyUndone(const AcDbObject*) {}
+    virtual void modifiedXData(const AcDbObject*) {}
+    virtual void unappended(const AcDbObject*) {}
+    virtual void reappended(const AcDbObject*) {}
+    virtual void objectClosed(const AcDbObjectId) {}
+};
+
+/// Opens an object. Statuses: eNullObjectId; eUnknownHandle for an id whose object is gone; eWasErased unless
+/// `openErased`; eWasOpenForRead, eWasOpenForWrite, eWasOpenForNotify, eAtMaxReaders (256) for a conflict; for write
+/// also eLockViolation when the document is not locked and eOnLockedLayer. `object` is null on failure.
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErased = false);
+
+/// The same for an object of class T; an object of another class is closed again: eNotThatKindOfClass.
+template <class T>
+Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
+                                 bool openErased = false)
+{
+    AcDbObject* opened = nullptr;
+    object = nullptr;
+    const Acad::ErrorStatus status = acdbOpenAcDbObject(opened, id, mode, openErased);
+    if (status != Acad::eOk) return status;
+    object = T::cast(opened);
+    if (object) return Acad::eOk;
+    opened->close();
+    return Acad::eNotThatKindOfClass;
+}
