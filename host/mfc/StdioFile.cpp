@@ -175,6 +175,12 @@ BOOL CStdioFile::ReadString(CString& text)
     return bytes > 0;
 }
 
+/// Whether the unit at that place is an ASCII character, which every encoding has in common.
+bool CStdioFile::isAscii(size_t at) const
+{
+    return static_cast<BYTE>(m_buffer[at]) < 0x80 && (!m_isUtf16 || m_buffer[at + 1] == 0);
+}
+
 /// The bytes of the character at that place, no more than there are.
 size_t CStdioFile::characterBytes(size_t at, size_t end) const
 {
@@ -207,6 +213,11 @@ LPTSTR CStdioFile::ReadString(LPTSTR text, UINT maximum)
     while (m_at < end && length + 1 < maximum) {
         const size_t unit = unitSize();
         if (m_isText && isUnit('\r', m_at) && m_at + unit < end && isUnit('\n', m_at + unit)) m_at += unit;
+        if (isAscii(m_at)) {
+            text[length++] = static_cast<wchar_t>(m_buffer[m_at]);
+            m_at += unit;
+            continue;
+        }
         const size_t next = m_at + characterBytes(m_at, end);
         const CString character = decoded(m_at, next);
         // Damaged text can give more characters than there is room for; the first gets in all the same.

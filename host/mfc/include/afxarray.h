@@ -185,7 +185,7 @@ private:
     void relocate(INT_PTR capacity)
     {
         if (static_cast<size_t>(capacity) > PTRDIFF_MAX / sizeof(TYPE)) AfxThrowMemoryException();
-        if constexpr (std::is_trivially_copyable_v<TYPE> && alignof(TYPE) <= alignof(std::max_align_t)) {
+        if constexpr (AfxIsBitwiseMovable<TYPE>::value && !isOverAligned) {
             void* block = std::realloc(static_cast<void*>(m_pData), capacity * sizeof(TYPE));
             if (!block) AfxThrowMemoryException();
             m_pData = static_cast<TYPE*>(block);

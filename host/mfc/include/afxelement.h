@@ -16,6 +16,15 @@ struct __POSITION {
 using POSITION = __POSITION*;
 #define BEFORE_START_POSITION (reinterpret_cast<POSITION>(-1))
 
+/// Whether an element may change its place as bytes, without its constructor and destructor. A program says
+/// so for a type of its own that holds no pointer into itself.
+template <class TYPE>
+struct AfxIsBitwiseMovable : std::is_trivially_copyable<TYPE> {
+};
+template <class BaseType>
+struct AfxIsBitwiseMovable<CStringT<BaseType>> : std::true_type {
+};
+
 template <class TYPE>
 void AFXAPI CopyElements(TYPE* destination, const TYPE* source, INT_PTR count)
 {

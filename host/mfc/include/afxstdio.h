@@ -55,6 +55,7 @@ private:
     size_t unitSize() const { return m_isUtf16 ? 2 : 1; }
     size_t findUnit(char unit, size_t from, size_t to) const;
     bool isUnit(char unit, size_t at) const;
+    bool isAscii(size_t at) const;
     bool readMore();
     size_t lineBytes(size_t enough);
     CString decoded(size_t from, size_t to) const;

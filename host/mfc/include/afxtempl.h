@@ -6,6 +6,8 @@
 /// place, and copied when they cannot be moved. An index outside the collection, a negative count or a
 /// null POSITION throws CInvalidArgException and changes nothing.
 
+#include "afx.h"
+
 #include "afxarray.h"
 #include "afxlist.h"
 #include "afxmap.h"

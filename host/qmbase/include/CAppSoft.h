@@ -12,4 +12,7 @@ public:
     static CGTStringW GetPath();
     /// The folder of the program's file, with a trailing backslash.
     static CGTStringW GetInstallDir();
+    /// The file version of the program, or of another file, as "a.b.c.d"; empty when it has none.
+    static CGTStringW GetVersion();
+    static CGTStringW GetVersion(const CGTStringW& path);
 };

@@ -19,6 +19,10 @@ template <>
 struct std::hash<CGTStringW> : std::hash<CString> {
 };
 
+template <>
+struct AfxIsBitwiseMovable<CGTStringW> : AfxIsBitwiseMovable<CString> {
+};
+
 /// Stored in archives as a CString is.
 template <>
 void AFXAPI SerializeElements<CGTStringW>(CArchive& archive, CGTStringW* elements, INT_PTR count);

@@ -77,6 +77,19 @@ TEST_F(TextFile, BoundedReadKeepsTheLineFeedAndSplitsNoCharacter)
     EXPECT_EQ(pieces, L"ab\u4e2d|\u6587\n|xy\n|");
 }
 
+TEST_F(TextFile, BoundedReadTakesBothEncodingsAlike)
+{
+    put("w.txt", std::string("a\0\x2d\x4e\x3d\xd8\x00\xde\r\0\n\0b\0", 14));
+    CStdioFile file(path(L"w.txt").c_str(), CFile::modeRead | CFile::typeUnicode);
+    wchar_t text[10];
+    ASSERT_TRUE(file.ReadString(text, 10));
+    EXPECT_STREQ(text, L"a\u4e2d\U0001f600\n");
+    ASSERT_TRUE(file.ReadString(text, 10));
+    EXPECT_STREQ(text, L"b");
+    EXPECT_FALSE(file.ReadString(text, 10));
+    EXPECT_STREQ(text, L"");
+}
+
 TEST_F(TextFile, DamagedUtf8FitsTheBoundedBuffer)
 {
     headless::setAnsiCodePage(65001);

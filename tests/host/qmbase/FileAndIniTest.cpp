@@ -65,3 +65,11 @@ TEST(AppSoft, ProgramIsFoundByItsOwnPath)
     EXPECT_EQ(CFileShell::IsFileExist(CAppSoft::GetPath()), 1);
     EXPECT_EQ(CAppSoft::GetInstallDir() + CAppSoft::GetName(), CAppSoft::GetPath());
 }
+
+TEST_F(BaseFiles, VersionIsTheOneOfTheFileOrEmpty)
+{
+    put("plain.txt", "no version");
+    EXPECT_EQ(CAppSoft::GetVersion(CAppSoft::GetInstallDir() + L"QmCADLib.arx"), TEST_LIBRARY_VERSION);
+    EXPECT_EQ(CAppSoft::GetVersion(path(L"plain.txt").c_str()), L"");
+    EXPECT_EQ(CAppSoft::GetVersion(L""), L"");
+}
