@@ -301,6 +301,52 @@ void WINAPI PostQuitMessage(int exitCode);
 /// ERROR_INVALID_PARAMETER for no name, ERROR_NOT_ENOUGH_MEMORY when no number is left.
 UINT WINAPI RegisterWindowMessageW(LPCWSTR name);
 
+// --- Clipboard ----------------------------------------------------------------------------------------
+// One clipboard for this process; nothing goes to or comes from other programs. CF_TEXT and CF_OEMTEXT are
+// bytes in the ANSI code page, CF_UNICODETEXT is UTF-16 in uint16_t units (not the platform's wchar_t); each
+// ends with a null. Where one of the three is there, the others are made from it when asked for.
+// Functions that need the clipboard open fail with ERROR_CLIPBOARD_NOT_OPEN when this thread has not opened
+// it.
+
+/// Opens the clipboard for a window, or (null) for the thread. ERROR_ACCESS_DENIED while another window or
+/// thread has it open.
+BOOL WINAPI OpenClipboard(HWND owner);
+BOOL WINAPI CloseClipboard();
+
+/// Frees what the clipboard holds, sends WM_DESTROYCLIPBOARD to its owner, and makes the window that has it
+/// open the owner. The clipboard must be open.
+BOOL WINAPI EmptyClipboard();
+
+/// Puts a memory block (GlobalAlloc) on the clipboard in place of older data of that format; the clipboard
+/// owns it from then on. Null: the owner puts it there when WM_RENDERFORMAT asks for it. Returns the handle;
+/// null on failure, and the caller still owns the block: ERROR_INVALID_HANDLE, ERROR_INVALID_PARAMETER for
+/// format 0. The clipboard must be open, except while WM_RENDERFORMAT is answered.
+HANDLE WINAPI SetClipboardData(UINT format, HANDLE data);
+
+/// The block of a format, made from another text format if need be. It stays the clipboard's: it is valid
+/// until the clipboard is emptied or the format replaced. Null when there is none.
+HANDLE WINAPI GetClipboardData(UINT format);
+
+/// Whether data of a format can be had; the clipboard need not be open.
+BOOL WINAPI IsClipboardFormatAvailable(UINT format);
+
+/// The format after `format` in the order of their setting, those that can be made last; 0 begins. 0 at the
+/// end, with ERROR_SUCCESS, and on failure. The clipboard must be open.
+UINT WINAPI EnumClipboardFormats(UINT format);
+int WINAPI CountClipboardFormats();
+
+/// The number of a format's name, from 0xC000 up, the same for the same name without regard to case.
+UINT WINAPI RegisterClipboardFormatW(LPCWSTR name);
+/// Copies the name of a registered format, cut to `size` with its terminator; returns its length. 0 with
+/// ERROR_INVALID_PARAMETER for a format without name.
+int WINAPI GetClipboardFormatNameW(UINT format, LPWSTR buffer, int size);
+
+HWND WINAPI GetClipboardOwner();
+HWND WINAPI GetOpenClipboardWindow();
+
+/// Counts the changes of the clipboard.
+DWORD WINAPI GetClipboardSequenceNumber();
+
 // --- Keyboard -----------------------------------------------------------------------------------------
 
 /// Whether a key is down now (0x8000) and was pressed since the last call (0x0001). Only a test presses
@@ -372,6 +418,8 @@ DWORD WINAPI CharLowerBuffW(LPWSTR text, DWORD length);
 #define GetMessage GetMessageW
 #define DispatchMessage DispatchMessageW
 #define RegisterWindowMessage RegisterWindowMessageW
+#define RegisterClipboardFormat RegisterClipboardFormatW
+#define GetClipboardFormatName GetClipboardFormatNameW
 #define MessageBox MessageBoxW
 #define CharUpper CharUpperW
 #define CharLower CharLowerW
