@@ -5,6 +5,7 @@
 #include "Keyboard.h"
 #include "MessageQueue.h"
 #include "ModuleTable.h"
+#include "RegistryStore.h"
 #include "ScreenSize.h"
 #include "ShownMessageBoxes.h"
 
@@ -66,5 +67,10 @@ void giveNullGuidNext()
 void attachLoadedModules()
 {
     win32::attachLoadedModules();
+}
+
+void reloadRegistry()
+{
+    win32::reloadRegistry();
 }
 } // namespace headless

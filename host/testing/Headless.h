@@ -52,4 +52,8 @@ void giveNullGuidNext();
 /// Calls DllMain of the modules that the program is linked with, those they depend on first. A host does this
 /// before anything else; the first LoadLibraryW does it otherwise. Each module is told once.
 void attachLoadedModules();
+
+/// Closes all registry keys and forgets the registry; the next use reads the file that the environment
+/// variable QM_REGISTRY names then, or begins with an empty one.
+void reloadRegistry();
 } // namespace headless

@@ -190,6 +190,7 @@ const Message messages[] = {
     {ERROR_INVALID_THREAD_ID, L"Invalid thread identifier."},
     {ERROR_TIMEOUT, L"This operation returned because the timeout period expired."},
     {ERROR_INVALID_MONITOR_HANDLE, L"Invalid monitor handle."},
+    {ERROR_UNSUPPORTED_TYPE, L"Data of this type is not supported."},
     {ERROR_INVALID_USER_BUFFER, L"The supplied user buffer is not valid for the requested operation."},
     {ERROR_RESOURCE_DATA_NOT_FOUND, L"The specified image file did not contain a resource section."},
     {ERROR_RESOURCE_TYPE_NOT_FOUND, L"The specified resource type cannot be found in the image file."},
