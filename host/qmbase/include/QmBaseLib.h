@@ -5,6 +5,7 @@
 
 #include "CAppSoft.h"
 #include "CFileShell.h"
+#include "CGTRegKey.h"
 #include "CGTStringW.h"
 #include "CIniFile.h"
 #include "CStringShell.h"
