@@ -4,6 +4,7 @@
 #include "Span.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace gecore
 {
@@ -11,7 +12,7 @@ namespace
 {
 constexpr int kNewtonSteps = 60;
 constexpr int kSpanBudget = 20000;
-constexpr int kPairBudget = 200000;
+constexpr int kPairBudget = 6000;
 /// Differences below this share of the coordinates' size are rounding.
 constexpr double kNoise = 1e-14;
 
@@ -146,7 +147,9 @@ FootPair closestLines(const CurveForm& first, const CurveForm& second)
     return best;
 }
 
-/// Searches pairs of spans for the least distance.
+/// Searches pairs of spans for the least distance, the most promising pair first. Curves that keep their
+/// distance over a stretch (concentric circles) end by the budget, with the least distance found and all
+/// others within a hair of it.
 class PairSearch
 {
 public:
@@ -167,7 +170,14 @@ public:
         }
         for (const Span& a : as)
             for (const Span& b : bs)
-                visit(a, b);
+                push(a, b);
+        for (int visited = 0; !mQueue.empty() && visited < kPairBudget; ++visited) {
+            std::pop_heap(mQueue.begin(), mQueue.end());
+            const Node node = std::move(mQueue.back());
+            mQueue.pop_back();
+            if (!(node.least < mBest.distance - 1e-11 * mScale)) break;
+            visit(*node.a, *node.b);
+        }
         return mBest;
     }
 
@@ -215,24 +225,37 @@ private:
         t = std::clamp(t - (ft * ss - fs * st) / det, b.lo, b.hi);
     }
 
-    void visit(const Span& a, const Span& b)
+    struct Node {
+        double least;
+        std::unique_ptr<Span> a, b;
+        bool operator<(const Node& other) const { return least > other.least; } // the heap's top is the least
+    };
+
+    void push(const Span& a, const Span& b)
     {
         const double least = segmentDistance(a.a, a.b, b.a, b.b) - a.sag - b.sag;
-        if (!(least < mBest.distance - 1e-11 * mScale) || ++mVisited > kPairBudget) return;
-        if (a.sag + b.sag < 0.1 * (a.chord() + b.chord())) improve(a, b);
         if (!(least < mBest.distance - 1e-11 * mScale)) return;
+        mQueue.push_back({least, std::make_unique<Span>(a), std::make_unique<Span>(b)});
+        std::push_heap(mQueue.begin(), mQueue.end());
+    }
+
+    void visit(const Span& a, const Span& b)
+    {
+        const double sags = a.sag + b.sag;
+        const FootPair middle = pairAt(mFirst, a.middle(), mSecond, b.middle());
+        if (sags < 0.1 * (a.chord() + b.chord()) && middle.distance < mBest.distance + sags) improve(a, b);
         const bool first = a.canSplit() && (a.sag + a.chord() >= b.sag + b.chord() || !b.canSplit());
         if (!first && !b.canSplit()) return;
         Span left, right;
         (first ? a : b).split(left, right);
-        visit(first ? left : a, first ? b : left);
-        visit(first ? right : a, first ? b : right);
+        push(first ? left : a, first ? b : left);
+        push(first ? right : a, first ? b : right);
     }
 
     const CurveForm &mFirst, &mSecond;
     FootPair mBest;
     double mScale = 0;
-    int mVisited = 0;
+    std::vector<Node> mQueue;
 };
 } // namespace
 

@@ -67,7 +67,7 @@ bool sameContact(const CurveForm& first, const CurveForm& second, const Meeting&
         const AcGePoint3d p = pointAt(first, a.s + (b.s - a.s) * i / 4);
         const AcGePoint3d q = pointAt(second, a.t + (b.t - a.t) * i / 4);
         if (!(p.distanceTo(a.point) <= a.point.distanceTo(b.point) + near)) return false;
-        if (!(p.distanceTo(q) <= near)) return false;
+        if (!(p.distanceTo(q) <= 1.01 * tol + 1e-15 * p.asVector().length())) return false;
     }
     return true;
 }

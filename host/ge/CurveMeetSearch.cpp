@@ -10,7 +10,9 @@ namespace gecore
 namespace
 {
 constexpr double kTangentSine = 1e-6;
-constexpr int kPairBudget = 200000;
+// Curves that run within the tolerance of each other without sharing a stretch would be halved without end.
+constexpr int kPairBudget = 100000;
+constexpr int kRefineBudget = 2000;
 constexpr int kSteps = 40;
 
 double undirectedAngle(const AcGeVector3d& a, const AcGeVector3d& b)
@@ -47,7 +49,6 @@ private:
     /// A shared stretch is put aside first: what is left of the first span is searched alone.
     void visitTop(const Span& a, const Span& b)
     {
-        mVisited = 0;
         Overlap common;
         if (!shareStretch(a, b, common)) return visit(a, b);
         mFound.overlaps.add(common);
@@ -113,12 +114,12 @@ private:
 
     void refine(const Span& a, const Span& b)
     {
+        if (++mRefined > kRefineBudget) return;
         double s = a.middle(), t = b.middle();
         approach(a.lo, a.hi, b.lo, b.hi, s, t);
-        if (!(gap(s, t) <= mTol)) return;
-        bool tangential = sine(s, t) <= kTangentSine;
+        bool tangential = gap(s, t) <= mTol && sine(s, t) <= kTangentSine;
         if (sine(s, t) <= 1e-3) tangential = sharpen(s, t) || tangential;
-        mFound.points.add({s, t, pointAt(mFirst, s), tangential});
+        if (gap(s, t) <= mTol) mFound.points.add({s, t, pointAt(mFirst, s), tangential});
     }
 
     double gap(double s, double t) const { return pointAt(mFirst, s).distanceTo(pointAt(mSecond, t)); }
@@ -219,7 +220,7 @@ private:
     const CurveForm &mFirst, &mSecond;
     const double mTol;
     Meetings mFound;
-    int mVisited = 0;
+    int mVisited = 0, mRefined = 0;
 };
 } // namespace
 

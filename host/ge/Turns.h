@@ -7,10 +7,11 @@
 namespace gecore
 {
 /// Moves an end angle by full turns into start < end <= start + 2 pi; angles that are equal make a full turn.
-/// Angles that are not finite become a full turn from 0.
+/// Angles that are not finite, or so large that their place on the circle is lost, become a full turn from 0.
 inline void orderAngles(double& start, double& end)
 {
-    if (!std::isfinite(start) || !std::isfinite(end)) {
+    constexpr double kMeaningless = 1e12;
+    if (!(std::fabs(start) < kMeaningless) || !(std::fabs(end) < kMeaningless)) {
         start = 0;
         end = kTwoPi;
         return;
