@@ -76,7 +76,10 @@ private:
     void visit(const Span& span)
     {
         if (!(leastOf(span) < mBest.distance - 100 * kNoise * mScale) || ++mVisited > kSpanBudget) return;
-        mBest = nearer(mBest, closestNear(mForm, mPoint, span.middle(), span.lo, span.hi));
+        const Foot middle = footAt(mForm, span.middle(), mPoint);
+        mBest = nearer(mBest, middle);
+        if (middle.distance <= mBest.distance + span.sag)
+            mBest = nearer(mBest, closestWithin(mForm, mPoint, span.lo, span.hi));
         if (!span.canSplit()) return;
         Span left, right;
         span.split(left, right);
@@ -201,8 +204,8 @@ private:
             const double s0 = s, t0 = t;
             newton(a, b, s, t);
             if (i % 4 == 3) {
-                t = closestNear(mSecond, pointAt(mFirst, s), t, b.lo, b.hi).t;
-                s = closestNear(mFirst, pointAt(mSecond, t), s, a.lo, a.hi).t;
+                t = closestWithin(mSecond, pointAt(mFirst, s), b.lo, b.hi).t;
+                s = closestWithin(mFirst, pointAt(mSecond, t), a.lo, a.hi).t;
             }
             if (std::fabs(s - s0) <= 1e-15 * (1 + std::fabs(s)) &&
                 std::fabs(t - t0) <= 1e-15 * (1 + std::fabs(t)) && i % 4 == 3)
@@ -283,6 +286,17 @@ Foot closestNear(const CurveForm& form, const AcGePoint3d& p, double guess, doub
         t = next;
     }
     return nearer(footAt(form, t, p), nearer(footAt(form, lo, p), footAt(form, hi, p)));
+}
+
+Foot closestWithin(const CurveForm& form, const AcGePoint3d& p, double lo, double hi)
+{
+    const auto slopeAt = [&](double t) {
+        AcGeVector3d d[2];
+        derivatives(form, t, 1, d);
+        return (d[0] - p.asVector()).dotProduct(d[1]);
+    };
+    if (slopeAt(lo) >= 0 || slopeAt(hi) <= 0) return nearer(footAt(form, lo, p), footAt(form, hi, p));
+    return closestNear(form, p, lo + (hi - lo) / 2, lo, hi);
 }
 
 Foot closestTo(const CurveForm& form, const AcGePoint3d& p)

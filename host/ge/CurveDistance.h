@@ -21,6 +21,10 @@ Foot closestTo(const CurveForm& form, const AcGePoint3d& p);
 /// The closest point near a parameter, within lo..hi: Newton's method with bisection for safety.
 Foot closestNear(const CurveForm& form, const AcGePoint3d& p, double guess, double lo, double hi);
 
+/// The same for a short stretch that turns little: an end from which the distance grows inwards is taken at
+/// once.
+Foot closestWithin(const CurveForm& form, const AcGePoint3d& p, double lo, double hi);
+
 /// The parameter of a circle or an ellipse for an angle, moved by full turns into lo..hi when it fits (within
 /// `slack`, then clamped). False when it does not.
 bool fitTurn(const CurveForm& form, double& angle, double slack);

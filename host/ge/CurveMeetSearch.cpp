@@ -35,7 +35,14 @@ public:
         for (const Span& a : as)
             for (const Span& b : bs)
                 if (!apart(a, b)) visitTop(a, b);
-        addEnds();
+        for (const double s : {mFirst.lo, mFirst.hi}) {
+            const Foot foot = footNear(mSecond, bs, pointAt(mFirst, s));
+            if (foot.distance <= mTol) addPoint(s, foot.t);
+        }
+        for (const double t : {mSecond.lo, mSecond.hi}) {
+            const Foot foot = footNear(mFirst, as, pointAt(mSecond, t));
+            if (foot.distance <= mTol) addPoint(foot.t, t);
+        }
         tidy(mFirst, mSecond, mTol, mFound);
         return mFound;
     }
@@ -84,14 +91,15 @@ private:
         return true;
     }
 
-    static Foot footWithin(const CurveForm& form, const Span& span, const AcGePoint3d& p)
+    Foot footWithin(const CurveForm& form, const Span& span, const AcGePoint3d& p) const
     {
+        if (!mayTouch(span, p)) return {};
         if (form.kind == FormKind::kLine || isCircle(form)) return closestTo(form, p);
         Foot best;
         for (int i = 0; i < 4; ++i) {
             const double lo = span.lo + (span.hi - span.lo) * i / 4,
                          hi = i == 3 ? span.hi : span.lo + (span.hi - span.lo) * (i + 1) / 4;
-            const Foot foot = closestNear(form, p, (lo + hi) / 2, lo, hi);
+            const Foot foot = closestWithin(form, p, lo, hi);
             if (foot.distance < best.distance) best = foot;
         }
         return best;
@@ -155,8 +163,8 @@ private:
         }
         for (int i = 0; i < kSteps && !(gap(s, t) <= mTol / 16); ++i) {
             const double before = gap(s, t);
-            t = closestNear(mSecond, pointAt(mFirst, s), t, tLo, tHi).t;
-            s = closestNear(mFirst, pointAt(mSecond, t), s, sLo, sHi).t;
+            t = closestWithin(mSecond, pointAt(mFirst, s), tLo, tHi).t;
+            s = closestWithin(mFirst, pointAt(mSecond, t), sLo, sHi).t;
             if (!(gap(s, t) < before)) break;
         }
     }
@@ -200,16 +208,17 @@ private:
         return true;
     }
 
-    void addEnds()
+    bool mayTouch(const Span& span, const AcGePoint3d& p) const
     {
-        for (const double s : {mFirst.lo, mFirst.hi}) {
-            const Foot foot = closestTo(mSecond, pointAt(mFirst, s));
-            if (foot.distance <= mTol) addPoint(s, foot.t);
-        }
-        for (const double t : {mSecond.lo, mSecond.hi}) {
-            const Foot foot = closestTo(mFirst, pointAt(mSecond, t));
-            if (foot.distance <= mTol) addPoint(foot.t, t);
-        }
+        return distanceToSegment(p, span.a, span.b) <= span.sag + mTol;
+    }
+
+    /// The foot of a point, or none when the spans are out of its reach.
+    Foot footNear(const CurveForm& form, const std::vector<Span>& spans, const AcGePoint3d& p) const
+    {
+        const bool reached =
+            std::any_of(spans.begin(), spans.end(), [&](const Span& s) { return mayTouch(s, p); });
+        return reached ? closestTo(form, p) : Foot();
     }
 
     void addPoint(double s, double t)
