@@ -8,13 +8,6 @@
 #include <cstddef>
 #include <cstdint>
 
-#ifndef _WIN64
-#define _WIN64 1
-#endif
-#ifndef _WIN32
-#define _WIN32 1
-#endif
-
 // Calling conventions and storage classes that have no meaning here, or another spelling.
 #define WINAPI
 #define APIENTRY
