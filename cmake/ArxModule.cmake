@@ -6,7 +6,7 @@ function(arx_add_module name)
   add_library(${name} SHARED ${arg_UNPARSED_ARGUMENTS})
   set_target_properties(${name} PROPERTIES
     PREFIX "" SUFFIX ".arx" CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
-    BUILD_RPATH_USE_ORIGIN ON INSTALL_RPATH "$ORIGIN;$ORIGIN/../lib")
+    INSTALL_RPATH "$ORIGIN;$ORIGIN/../lib")
   target_link_libraries(${name} PUBLIC QmCADLib::arxhost)
   if(DEFINED arg_VERSION)
     arx_module_version(${name} ${arg_VERSION})

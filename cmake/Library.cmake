@@ -19,6 +19,8 @@ list(TRANSFORM QM_LIBRARY_FOLDERS PREPEND lib_ OUTPUT_VARIABLE folder_targets)
 list(TRANSFORM folder_targets REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE folder_objects)
 arx_add_module(QmCADLib ${folder_objects} VERSION ${PROJECT_VERSION}.0)
 add_library(QmCADLib::QmCADLib ALIAS QmCADLib)
+# The build's own run path would be padded with empty entries, which mean the current folder.
+set_target_properties(QmCADLib PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
 target_link_libraries(QmCADLib PRIVATE qm_settings)
 target_include_directories(QmCADLib PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>)
 foreach(folder IN LISTS QM_LIBRARY_FOLDERS)
