@@ -1,4 +1,3 @@
-// Before the headers of this layer, whose _WIN32 would make ICU take the platform for another one.
 #include <unicode/ucnv.h>
 
 #include "CodePage.h"
