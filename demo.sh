@@ -4,8 +4,8 @@
 set -euo pipefail
 
 cd "$(dirname "$0")"
-scripts/setup.sh build
-scripts/build.sh release
+scripts/setup.sh build test
+scripts/build.sh release first_steps
 mkdir -p out
 echo "== the list, as a Windows program left it (code page 936):"
 iconv -f GBK -t UTF-8 samples/first-steps/drawings.txt
