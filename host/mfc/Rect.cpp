@@ -28,3 +28,25 @@ BOOL CRect::UnionRect(const RECT* first, const RECT* second) noexcept
                   std::max(a.bottom, b.bottom));
     return TRUE;
 }
+
+BOOL CRect::SubtractRect(const RECT* from, const RECT* away) noexcept
+{
+    CRect rest(*from), common;
+    if (common.IntersectRect(from, away)) {
+        const bool wholeWidth = common.left == rest.left && common.right == rest.right;
+        const bool wholeHeight = common.top == rest.top && common.bottom == rest.bottom;
+        if (wholeWidth && wholeHeight) {
+            rest.SetRectEmpty();
+        } else if (wholeWidth && common.top == rest.top) {
+            rest.top = common.bottom;
+        } else if (wholeWidth && common.bottom == rest.bottom) {
+            rest.bottom = common.top;
+        } else if (wholeHeight && common.left == rest.left) {
+            rest.left = common.right;
+        } else if (wholeHeight && common.right == rest.right) {
+            rest.right = common.left;
+        }
+    }
+    *this = rest;
+    return !IsRectEmpty();
+}

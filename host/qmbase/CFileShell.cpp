@@ -63,7 +63,7 @@ int CFileShell::DelFile(const CGTStringW& path)
 
 int CFileShell::CopyFile(const CGTStringW& from, const CGTStringW& to, bool overwrite)
 {
-    return CopyFileW(from, to, !overwrite) != FALSE;
+    return ::CopyFileW(from, to, !overwrite) != FALSE;
 }
 
 int CFileShell::CreateDir(const CGTStringW& path)

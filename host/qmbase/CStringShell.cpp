@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <string>
 #include <system_error>
 
@@ -31,6 +32,7 @@ int parse(const CGTStringW& text, Number& value)
     Number read{};
     const std::from_chars_result result = std::from_chars(ascii.data(), end, read);
     if (ascii.empty() || result.ec != std::errc() || result.ptr != end) return 0;
+    if (!std::isfinite(static_cast<double>(read))) return 0; // "nan" and "inf" are no numbers of a profile
     value = read;
     return 1;
 }

@@ -183,7 +183,9 @@ SAFEARRAY* WINAPI SafeArrayCreate(VARTYPE type, UINT dimensions, SAFEARRAYBOUND*
 SAFEARRAY* WINAPI SafeArrayCreateVector(VARTYPE type, LONG lowerBound, ULONG count)
 {
     SAFEARRAYBOUND bound{count, lowerBound};
-    return SafeArrayCreate(type, 1, &bound);
+    SAFEARRAY* const vector = SafeArrayCreate(type, 1, &bound);
+    if (vector) vector->fFeatures |= FADF_CREATEVECTOR;
+    return vector;
 }
 
 HRESULT WINAPI SafeArrayDestroy(SAFEARRAY* array)

@@ -204,3 +204,18 @@ UINT WINAPI GetTempFileNameW(LPCWSTR directory, LPCWSTR prefix, UINT unique, LPW
 
 /// DRIVE_FIXED for a drive that exists (null: the current one), else DRIVE_NO_ROOT_DIR.
 UINT WINAPI GetDriveTypeW(LPCWSTR root);
+
+// The names of a Unicode program.
+#define CreateFile CreateFileW
+#define DeleteFile DeleteFileW
+#define GetFileAttributes GetFileAttributesW
+#define SetFileAttributes SetFileAttributesW
+#define GetFileAttributesEx GetFileAttributesExW
+#define CreateDirectory CreateDirectoryW
+#define RemoveDirectory RemoveDirectoryW
+#define FindFirstFile FindFirstFileW
+#define FindNextFile FindNextFileW
+#define GetFullPathName GetFullPathNameW
+#define GetTempPath GetTempPathW
+#define GetTempFileName GetTempFileNameW
+#define GetDriveType GetDriveTypeW

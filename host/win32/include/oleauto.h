@@ -97,6 +97,7 @@ using LPSAFEARRAY = SAFEARRAY*;
 #define FADF_EMBEDDED 0x0004
 #define FADF_FIXEDSIZE 0x0010
 #define FADF_HAVEVARTYPE 0x0080
+#define FADF_CREATEVECTOR 0x2000
 #define FADF_BSTR 0x0100
 #define FADF_UNKNOWN 0x0200
 #define FADF_DISPATCH 0x0400
@@ -159,6 +160,31 @@ struct VARIANT {
 using VARIANTARG = VARIANT;
 using LPVARIANT = VARIANT*;
 #define V_VT(variant) ((variant)->vt)
+#define V_I1(variant) ((variant)->cVal)
+#define V_UI1(variant) ((variant)->bVal)
+#define V_I2(variant) ((variant)->iVal)
+#define V_UI2(variant) ((variant)->uiVal)
+#define V_I4(variant) ((variant)->lVal)
+#define V_UI4(variant) ((variant)->ulVal)
+#define V_I8(variant) ((variant)->llVal)
+#define V_UI8(variant) ((variant)->ullVal)
+#define V_INT(variant) ((variant)->intVal)
+#define V_UINT(variant) ((variant)->uintVal)
+#define V_R4(variant) ((variant)->fltVal)
+#define V_R8(variant) ((variant)->dblVal)
+#define V_BOOL(variant) ((variant)->boolVal)
+#define V_ERROR(variant) ((variant)->scode)
+#define V_CY(variant) ((variant)->cyVal)
+#define V_DATE(variant) ((variant)->date)
+#define V_BSTR(variant) ((variant)->bstrVal)
+#define V_UNKNOWN(variant) ((variant)->punkVal)
+#define V_DISPATCH(variant) ((variant)->pdispVal)
+#define V_ARRAY(variant) ((variant)->parray)
+#define V_VARIANTREF(variant) ((variant)->pvarVal)
+#define V_BSTRREF(variant) ((variant)->pbstrVal)
+#define V_I4REF(variant) ((variant)->plVal)
+#define V_R8REF(variant) ((variant)->pdblVal)
+#define V_BYREF(variant) ((variant)->byref)
 
 struct DISPPARAMS {
     VARIANTARG* rgvarg;

@@ -184,3 +184,16 @@ inline PVOID InterlockedCompareExchangePointer(PVOID volatile* value, PVOID now,
 /// supported.
 DWORD WINAPI FormatMessageW(DWORD flags, LPCVOID source, DWORD messageId, DWORD language, LPWSTR buffer,
                             DWORD size, va_list* arguments);
+
+// The names of a Unicode program.
+#define MoveFile MoveFileW
+#define MoveFileEx MoveFileExW
+#define ReplaceFile ReplaceFileW
+#define CopyFile CopyFileW
+#define GetCurrentDirectory GetCurrentDirectoryW
+#define SetCurrentDirectory SetCurrentDirectoryW
+#define GetEnvironmentVariable GetEnvironmentVariableW
+#define SetEnvironmentVariable SetEnvironmentVariableW
+#define ExpandEnvironmentStrings ExpandEnvironmentStringsW
+#define OutputDebugString OutputDebugStringW
+#define FormatMessage FormatMessageW

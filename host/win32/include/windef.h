@@ -196,7 +196,13 @@ struct SYSTEMTIME {
 };
 using LPSYSTEMTIME = SYSTEMTIME*;
 
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wpedantic" // unnamed structures are part of the interface
 union LARGE_INTEGER {
+    struct {
+        DWORD LowPart;
+        LONG HighPart;
+    };
     struct {
         DWORD LowPart;
         LONG HighPart;
@@ -204,6 +210,20 @@ union LARGE_INTEGER {
     LONGLONG QuadPart;
 };
 using PLARGE_INTEGER = LARGE_INTEGER*;
+
+union ULARGE_INTEGER {
+    struct {
+        DWORD LowPart;
+        DWORD HighPart;
+    };
+    struct {
+        DWORD LowPart;
+        DWORD HighPart;
+    } u;
+    ULONGLONG QuadPart;
+};
+using PULARGE_INTEGER = ULARGE_INTEGER*;
+#pragma GCC diagnostic pop
 
 struct SECURITY_ATTRIBUTES {
     DWORD nLength;

@@ -135,3 +135,10 @@ LCID WINAPI GetUserDefaultLCID();
 LCID WINAPI GetSystemDefaultLCID();
 LANGID WINAPI GetUserDefaultLangID();
 LANGID WINAPI GetSystemDefaultLangID();
+
+// The names of a Unicode program.
+#define LCMapString LCMapStringW
+#define CompareString CompareStringW
+#define lstrcmp lstrcmpW
+#define lstrcmpi lstrcmpiW
+#define lstrlen lstrlenW

@@ -50,3 +50,11 @@ BOOL WINAPI WritePrivateProfileStringW(LPCWSTR section, LPCWSTR key, LPCWSTR val
 /// Replaces the lines of a section (comments too) by `lines`, a list of "key=value" texts, each with its NUL,
 /// that ends with an empty one. Null deletes the section.
 BOOL WINAPI WritePrivateProfileSectionW(LPCWSTR section, LPCWSTR lines, LPCWSTR file);
+
+// The names of a Unicode program.
+#define GetPrivateProfileString GetPrivateProfileStringW
+#define GetPrivateProfileInt GetPrivateProfileIntW
+#define GetPrivateProfileSection GetPrivateProfileSectionW
+#define GetPrivateProfileSectionNames GetPrivateProfileSectionNamesW
+#define WritePrivateProfileString WritePrivateProfileStringW
+#define WritePrivateProfileSection WritePrivateProfileSectionW

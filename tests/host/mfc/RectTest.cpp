@@ -28,3 +28,40 @@ TEST(CRect, UnionLeavesEmptyRectanglesOut)
     EXPECT_EQ(both, some);
     EXPECT_FALSE(both.UnionRect(empty, CRect()));
 }
+
+TEST(CRect, CornersAreItsOwn)
+{
+    CRect rect(1, 2, 3, 4);
+    rect.TopLeft() = CPoint(-5, -6);
+    rect.BottomRight().x += 10;
+    EXPECT_EQ(rect, CRect(-5, -6, 13, 4));
+}
+
+TEST(CRect, OperatorsMoveCutAndJoin)
+{
+    CRect rect(0, 0, 10, 10);
+    rect += CSize(5, 0);
+    EXPECT_EQ(rect, CRect(5, 0, 15, 10));
+    EXPECT_EQ(rect - CPoint(5, 0), CRect(0, 0, 10, 10));
+    EXPECT_EQ(rect & CRect(0, 5, 10, 20), CRect(5, 5, 10, 10));
+    EXPECT_EQ(rect | CRect(20, 0, 30, 10), CRect(5, 0, 30, 10));
+    rect.MoveToXY(1, 2);
+    rect.DeflateRect(1, 2, 3, 4);
+    EXPECT_EQ(rect, CRect(2, 4, 8, 8));
+}
+
+TEST(CRect, SubtractionLeavesOneRectangleOrAll)
+{
+    const CRect whole(0, 0, 10, 10), right(5, 0, 20, 10), corner(5, 5, 20, 20);
+    CRect rest;
+    EXPECT_TRUE(rest.SubtractRect(whole, right));
+    EXPECT_EQ(rest, CRect(0, 0, 5, 10));
+    EXPECT_TRUE(rest.SubtractRect(whole, corner));
+    EXPECT_EQ(rest, whole);
+    EXPECT_FALSE(rest.SubtractRect(whole, whole));
+}
+
+TEST(CPoint, MouseMessagesHoldSignedWords)
+{
+    EXPECT_EQ(CPoint(MAKELPARAM(-3, 7)), CPoint(-3, 7));
+}

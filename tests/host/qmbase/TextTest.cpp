@@ -87,6 +87,8 @@ TEST(StringShell, OnlyWholeNumbersInRangeAreNumbers)
     EXPECT_EQ(CStringShell::ToDouble(L"+1.5e3", real), 1);
     EXPECT_EQ(real, 1500.0);
     EXPECT_EQ(CStringShell::ToDouble(L"1,5", real), 0);
+    EXPECT_EQ(CStringShell::ToDouble(L"nan", real), 0);
+    EXPECT_EQ(CStringShell::ToDouble(L"inf", real), 0);
     EXPECT_EQ(CStringShell::FromDouble(2.0 / 3, 2), L"0.67");
     EXPECT_EQ(CStringShell::FromDouble(0.1), L"0.1");
     EXPECT_EQ(CStringShell::FromDouble(1e300, 60).GetLength(), 301 + 1 + 60);
