@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# build.sh PRESET [TARGET...]: configures one preset and builds it, or only these targets of it. Prints the compiler's words only when it fails.
+# build.sh PRESET [TARGET...]: configures one preset and builds it, or only these targets of it. Prints the
+# compiler's words only when it fails.
 set -euo pipefail
 
 cd "$(dirname "$0")/.."

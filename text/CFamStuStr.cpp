@@ -197,8 +197,8 @@ int CFamStuStr::IsDigit(CString text)
 
 int CFamStuStr::IsDigitFactor(double& value, CString text)
 {
-    const int whole = naturalorder::leadingInteger(viewOf(text));
     text.Trim();
+    const int whole = naturalorder::leadingInteger(viewOf(text));
     text.MakeUpper();
     if (text.IsEmpty() || (text[0] != L'+' && text[0] != L'-')) text.Insert(0, L'+');
     if (!isDecimal(viewOf(text))) return 0;

@@ -18,9 +18,8 @@ public:
     /// - A chunk for which IsDigit holds comes before one for which it does not; note that "." alone is none.
     /// - Two such chunks compare by the whole number they begin with (2.5 and 2.7 do not differ), 0 when they
     ///   begin with a point, at most 2147483647.
-    /// - Other chunks compare character by character, under mode 0 in upper case: the smaller code comes
-    /// first,
-    ///   Chinese therefore behind Latin, and of two that differ in length only the shorter one.
+    /// - Other chunks compare character by character, under mode 0 in upper case: the smaller code
+    ///   comes first, Chinese therefore behind Latin, and of two that differ in length only the shorter one.
     /// When no chunk differs before one of the texts runs out the result is 0: a1 "equals" both a1b and a1c,
     /// which differ. SortStrArray gives the order that results are consistent with.
     /// @return 1 when a comes before b, -1 when b comes before a, 0 otherwise
@@ -47,9 +46,8 @@ public:
     /// Tests for a decimal number, white space around it and its case ignored: an optional sign, digits,
     /// optionally "." with digits, optionally "E" with a sign that must be there and digits. "2.", ".5" and
     /// "E+3" pass; "." alone, "2.E+3" and "1E3" do not.
-    /// @param value  receives the whole number the text begins with, not the number it stands for: 2.0
-    /// for 2.5,
-    ///     1.0 for 1E+3; at most 2147483647 and at least -2147483648. Untouched when the result is 0.
+    /// @param value  receives the whole number the text begins with, not the number it stands for: 2.0 for
+    ///     2.5, 1.0 for 1E+3; at most 2147483647 and at least -2147483648. Untouched when the result is 0.
     static int IsDigitFactor(double& value, CString text);
 
     /// The number with at most six decimals, without trailing zeros and without a trailing point.
@@ -98,8 +96,7 @@ public:
     /// front of the point. The result has as many decimals as the number or the step, whichever has more; of
     /// the step six count.
     /// @param which  0 or below: the last number; n: the n-th number from the left
-    /// @return the new name; the same as given when there is no such number, or when the number, the step or
-    /// their
-    ///     sum takes more than 17 digits
+    /// @return the new name; the same as given when there is no such number, or when the number, the step
+    ///     or their sum takes more than 17 digits
     static CString IncreaseStrDigit(CString text, double step, int which);
 };

@@ -1,5 +1,6 @@
 #include "CtransStr.h"
 
+#include <new>
 #include <random>
 #include <string>
 
@@ -62,12 +63,21 @@ CString newIdentifier()
         text.AppendFormat(L"%02X", byte);
     return text;
 }
+
+/// A zeroed array with one element more than a text takes; raises E_OUTOFMEMORY when there is no room for it.
+template <class Char>
+Char* newZeroed(int size)
+{
+    Char* const array = new (std::nothrow) Char[static_cast<size_t>(size) + 1]();
+    if (!array) AtlThrow(E_OUTOFMEMORY);
+    return array;
+}
 } // namespace
 
 wchar_t* CtransStr::CharToWchar(const char* text)
 {
     const int size = text ? MultiByteToWideChar(CP_ACP, 0, text, -1, nullptr, 0) : 0;
-    wchar_t* wide = new wchar_t[static_cast<size_t>(size) + 1]();
+    wchar_t* wide = newZeroed<wchar_t>(size);
     if (size > 0) MultiByteToWideChar(CP_ACP, 0, text, -1, wide, size);
     return wide;
 }
@@ -75,7 +85,7 @@ wchar_t* CtransStr::CharToWchar(const char* text)
 char* CtransStr::WcharToChar(const wchar_t* text)
 {
     const int size = text ? WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr) : 0;
-    char* narrow = new char[static_cast<size_t>(size) + 1]();
+    char* narrow = newZeroed<char>(size);
     if (size > 0) WideCharToMultiByte(CP_ACP, 0, text, -1, narrow, size, nullptr, nullptr);
     return narrow;
 }

@@ -11,8 +11,8 @@
 ///
 /// What holds throughout: results of type int are 1 for success or yes and 0 for failure or no; lengths and
 /// positions count the units of CString; digits are "0" to "9" and letters "A" to "Z" and "a" to "z",
-/// whatever the locale; an output argument may be the same object as an input argument; no member throws, and
-/// the time that a call takes grows with the length of its text and not with the square of it.
+/// whatever the locale; an output argument may be the same object as an input argument; no member throws
+/// (but CAtlException(E_OUTOFMEMORY) where memory is out), and the time that a call takes grows with the length of its text and not with the square of it.
 class AFX_EXT_CLASS CtransStr
 {
 public:

@@ -3,7 +3,6 @@
 #include <afx.h>
 
 #include <climits>
-#include <cwctype>
 
 namespace
 {
@@ -132,8 +131,6 @@ bool sortsBefore(std::wstring_view a, std::wstring_view b)
 int leadingInteger(std::wstring_view text)
 {
     std::size_t at = 0;
-    while (at < text.size() && std::iswspace(static_cast<std::wint_t>(text[at])))
-        ++at;
     const bool negative = at < text.size() && text[at] == L'-';
     if (negative || (at < text.size() && text[at] == L'+')) ++at;
     long long value = 0;

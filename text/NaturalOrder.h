@@ -50,7 +50,7 @@ constexpr int singlePoint = -1;
 /// The upper-case character that CString::MakeUpper gives.
 wchar_t upperOf(wchar_t c);
 
-/// The whole number at the start of a text behind white space and a sign; the nearest of 32 bits when it
+/// The whole number at the start of a text, behind a sign if there is one; the nearest of 32 bits when it
 /// is too large, 0 when there is none.
 int leadingInteger(std::wstring_view text);
 } // namespace naturalorder

@@ -247,6 +247,8 @@ void decodeBlocks(const std::uint8_t* src, std::size_t srcLen, std::uint16_t* ds
 {
     // Behind a block: enough bytes for the units that overwrite its scribbles, and for its last load.
     constexpr size_t margin = 3 * unitsInVector;
+    // A group looks back over two bytes. One of these may be the unmarked end of a sequence and look like a lead.
+    if (src[at.read - 1] >= 0xdf || src[at.read - 2] >= 0xdf) return;
     OpenSequence open;
     for (; srcLen - at.read >= bytesInBlock + margin && dstSize - at.written >= bytesInBlock + unitsInVector;
          at.read += bytesInBlock) {

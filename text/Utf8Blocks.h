@@ -8,7 +8,8 @@
 namespace utf8codec
 {
 /// Continues a decoding at `at`, with at least two bytes consumed, as long as the blocks ahead are
-/// sequences of one, two or three bytes whose continuation bytes are marked as such. It leaves as many
+/// sequences of one, two or three bytes whose continuation bytes are marked as such. Nothing is done right
+/// behind a sequence that ends with a byte of a lead's value. It leaves as many
 /// source bytes to the caller as it takes to overwrite what it scribbled behind `at.written`.
 void decodeBlocks(const std::uint8_t* src, std::size_t srcLen, std::uint16_t* dst, std::size_t dstSize,
                   Progress& at);

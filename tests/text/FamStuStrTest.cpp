@@ -108,6 +108,12 @@ TEST(IsDigitFactor, StoresTheWholeNumberTheTextBeginsWith)
     EXPECT_EQ(factorOf(L"-1.5E+2"), -1);
     EXPECT_EQ(factorOf(L" 1e+3\t"), 1);
     EXPECT_EQ(factorOf(L"+07"), 7);
+    EXPECT_EQ(factorOf(L"\x3000"
+                       L"2.5"),
+              2); // an ideographic space
+    EXPECT_EQ(factorOf(L"\xa0"
+                       L"7"),
+              7);
     EXPECT_EQ(factorOf(L".5"), 0);
     EXPECT_EQ(factorOf(L"3."), 3);
     EXPECT_EQ(factorOf(L"E+5"), 0);
