@@ -7,7 +7,7 @@
 #include "CStringSearch.inl"
 #include "CStringTrim.inl"
 
-CNilString atlNilString = {{{CStringData::immortal}, 0, 0}, 0};
+CNilString atlNilString = {{CStringData::immortal, 0, 0}, 0};
 
 template class CStringT<wchar_t>;
 template class CStringT<char>;

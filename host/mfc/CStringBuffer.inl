@@ -30,14 +30,15 @@ std::size_t bytesFor(int capacity)
 }
 
 /// Twice the old room at least, so that appending a character at a time stays linear.
-int grownCapacity(int oldCapacity, int needed)
+inline int grownCapacity(int oldCapacity, int needed)
 {
+    constexpr int smallest = 24;
     const int doubled = oldCapacity > INT_MAX / 2 - 1 ? INT_MAX - 1 : oldCapacity * 2;
-    return std::max(doubled, needed);
+    return std::max({doubled, needed, smallest});
 }
 
 /// The sum of two lengths, or E_OUTOFMEMORY where no string is that long.
-int addedLength(int length, int more)
+inline int addedLength(int length, int more)
 {
     if (more > INT_MAX - 1 - length) AtlThrow(E_OUTOFMEMORY);
     return length + more;
@@ -75,7 +76,7 @@ auto CStringT<BaseType>::allocateText(int capacity) -> PXSTR
     const int rounded = roundedCapacity<XCHAR>(capacity);
     void* memory = std::malloc(bytesFor<XCHAR>(rounded));
     if (!memory) throwTooLong();
-    auto* data = new (memory) CStringData{{1}, 0, rounded};
+    auto* data = new (memory) CStringData{1, 0, rounded};
     return reinterpret_cast<PXSTR>(data + 1);
 }
 
@@ -105,7 +106,7 @@ void CStringT<BaseType>::reserveText(int capacity)
     const PXSTR copy = allocateText(capacity);
     copyCharacters(copy, m_text, length + 1);
     dataOf(copy)->length = length;
-    const bool wasLocked = data()->references.load(std::memory_order_relaxed) == CStringData::locked;
+    const bool wasLocked = data()->isLocked();
     if (data()->leave()) freeText(m_text);
     m_text = copy;
     if (wasLocked) LockBuffer();
@@ -123,10 +124,13 @@ auto CStringT<BaseType>::writableText(int capacity) -> PXSTR
     return m_text;
 }
 
-/// Enlarges an unshared buffer in place where the allocator can.
+/// Enlarges an unshared buffer. Large ones are best left to the allocator, which moves pages; small ones it
+/// moves slower than we do.
 template <class BaseType>
 void CStringT<BaseType>::growTo(int capacity)
 {
+    constexpr int large = 2048;
+    if (capacity < large) return reserveText(capacity);
     if (capacity == INT_MAX) throwTooLong();
     const int rounded = roundedCapacity<XCHAR>(capacity);
     void* memory = std::realloc(static_cast<void*>(data()), bytesFor<XCHAR>(rounded));
@@ -156,6 +160,13 @@ void CStringT<BaseType>::appendSlow(PCXSTR text, int length)
 }
 
 template <class BaseType>
+void CStringT<BaseType>::makeRoomForOne()
+{
+    const int newLength = addedLength(GetLength(), 1), capacity = data()->capacity;
+    writableText(newLength > capacity ? grownCapacity(capacity, newLength) : newLength);
+}
+
+template <class BaseType>
 CStringT<BaseType>::CStringT(XCHAR character, int count) : m_text(nilText())
 {
     if (count < 1) return;
@@ -168,7 +179,7 @@ template <class BaseType>
 CStringT<BaseType>& CStringT<BaseType>::operator=(const CStringT& other)
 {
     if (m_text == other.m_text) return *this;
-    const bool isLocked = data()->references.load(std::memory_order_relaxed) == CStringData::locked;
+    const bool isLocked = data()->isLocked();
     if (isLocked) {
         SetString(other.m_text, other.GetLength());
     } else {
@@ -189,7 +200,7 @@ void CStringT<BaseType>::SetString(PCXSTR text, int length)
         return;
     }
     const PXSTR copy = newText(text, length);
-    const bool wasLocked = data()->references.load(std::memory_order_relaxed) == CStringData::locked;
+    const bool wasLocked = data()->isLocked();
     if (data()->leave()) freeText(m_text);
     m_text = copy;
     if (wasLocked) LockBuffer();
@@ -198,7 +209,7 @@ void CStringT<BaseType>::SetString(PCXSTR text, int length)
 template <class BaseType>
 void CStringT<BaseType>::Empty() noexcept
 {
-    if (data()->references.load(std::memory_order_relaxed) == CStringData::locked) return setLength(0);
+    if (data()->isLocked()) return setLength(0);
     if (data()->leave()) freeText(m_text);
     m_text = nilText();
 }
@@ -250,15 +261,14 @@ template <class BaseType>
 auto CStringT<BaseType>::LockBuffer() -> PXSTR
 {
     writableText(std::max(GetLength(), 1));
-    data()->references.store(CStringData::locked, std::memory_order_relaxed);
+    data()->references = CStringData::locked;
     return m_text;
 }
 
 template <class BaseType>
 void CStringT<BaseType>::UnlockBuffer() noexcept
 {
-    if (data()->references.load(std::memory_order_relaxed) == CStringData::locked)
-        data()->references.store(1, std::memory_order_relaxed);
+    if (data()->isLocked()) data()->references = 1;
 }
 
 template <class BaseType>

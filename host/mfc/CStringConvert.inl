@@ -35,3 +35,21 @@ CStringT<BaseType>::CStringT(YCHAR character, int count) : m_text(nilText())
     for (int i = 0; i < count; ++i)
         Append(one);
 }
+
+template <class BaseType>
+BSTR CStringT<BaseType>::AllocSysString() const
+{
+    const CStringT<wchar_t> wide(m_text, GetLength());
+    const BSTR string = SysAllocStringLen(wide, wide.GetLength());
+    if (!string) throwTooLong();
+    return string;
+}
+
+template <class BaseType>
+BSTR CStringT<BaseType>::SetSysString(BSTR* string) const
+{
+    const CStringT<wchar_t> wide(m_text, GetLength());
+    if (!string) throwInvalidArgument();
+    if (!SysReAllocStringLen(string, wide, wide.GetLength())) throwTooLong();
+    return *string;
+}

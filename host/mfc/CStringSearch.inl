@@ -24,15 +24,6 @@ inline int unitsOfCharacter(const char* text)
     return bytes;
 }
 
-/// Whether no trail byte can be mistaken for a character: the positions of a search need no check then.
-template <class Char>
-bool isPlain(std::basic_string_view<Char> text)
-{
-    if constexpr (sizeof(Char) > 1) return true;
-    return std::none_of(text.begin(), text.end(),
-                        [](Char c) { return static_cast<std::make_unsigned_t<Char>>(c) >= 0x80; });
-}
-
 /// The start of the character that holds the unit at `position`, walking from `from`, which starts one.
 template <class Char>
 std::size_t characterStart(std::basic_string_view<Char> text, std::size_t from, std::size_t position)

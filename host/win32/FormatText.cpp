@@ -1,6 +1,6 @@
 #include "FormatText.h"
 
-#include "mscrt.h"
+#include "crtstring.h"
 #include "Text.h"
 
 #include <algorithm>

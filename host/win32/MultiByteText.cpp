@@ -1,4 +1,4 @@
-#include "mscrt.h"
+#include "crtstring.h"
 
 #include "AnsiCodePage.h"
 

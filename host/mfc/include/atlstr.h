@@ -1,5 +1,6 @@
 #pragma once
 
-/// CString, CStringW and CStringA.
+/// CString, CStringW and CStringA, and conversions between their widths.
 
+#include "atlconv.h"
 #include "cstringt.h"

@@ -63,8 +63,9 @@ public:
     }
 
     CStringT& operator=(const CStringT& other);
-    CStringT& operator=(CStringT&& other) noexcept
+    CStringT& operator=(CStringT&& other)
     {
+        if (data()->isLocked()) return *this = static_cast<const CStringT&>(other);
         std::swap(m_text, other.m_text);
         return *this;
     }
@@ -128,19 +129,24 @@ public:
     /// Appends the first `length` characters. Fails as the constructor from pointer and length does.
     void Append(PCXSTR text, int length)
     {
-        const int room = data()->capacity - GetLength();
-        if (length < 0 || length > room || (!text && length) || !data()->isUnshared())
-            return appendSlow(text, length);
-        std::memcpy(m_text + GetLength(), text, length * sizeof(XCHAR));
-        setLength(GetLength() + length);
+        CStringData* const buffer = data();
+        const bool isUnshared = buffer->isUnshared();
+        const int end = buffer->length;
+        const bool fits = length >= 0 && length <= buffer->capacity - end;
+        if (!isUnshared || !fits || !text) return appendSlow(text, length);
+        std::memcpy(m_text + end, text, static_cast<std::size_t>(length) * sizeof(XCHAR));
+        setLength(end + length);
     }
     void Append(const CStringT& text) { Append(text.m_text, text.GetLength()); }
     void AppendChar(XCHAR character)
     {
-        const int length = GetLength();
-        if (length >= data()->capacity || !data()->isUnshared()) return appendSlow(&character, 1);
-        m_text[length] = character;
-        setLength(length + 1);
+        // Both ways end in the same stores, which lets a loop keep the length in a register.
+        const int end = data()->length;
+        const unsigned isFull = end >= data()->capacity;
+        if (__builtin_expect(isFull | !data()->isSingle(), false)) makeRoomForOne();
+        m_text[end] = character;
+        m_text[end + 1] = 0;
+        data()->length = end + 1;
     }
     CStringT& operator+=(const CStringT& text)
     {
@@ -197,7 +203,11 @@ public:
     /// Remove white space, one character, or the characters of a set, from one end or both.
     CStringT& Trim() { return TrimRight().TrimLeft(); }
     CStringT& Trim(XCHAR character) { return TrimRight(character).TrimLeft(character); }
-    CStringT& Trim(PCXSTR characters) { return TrimRight(characters).TrimLeft(characters); }
+    CStringT& Trim(PCXSTR characters)
+    {
+        const CStringT set(characters);
+        return TrimRight(set).TrimLeft(set);
+    }
     CStringT& TrimLeft();
     CStringT& TrimLeft(XCHAR character);
     CStringT& TrimLeft(PCXSTR characters);
@@ -248,6 +258,11 @@ public:
     int Collate(PCXSTR text) const noexcept { return Compare(text); }
     int CollateNoCase(PCXSTR text) const noexcept { return CompareNoCase(text); }
 
+    /// The text as a string of automation, for SysFreeString.
+    BSTR AllocSysString() const;
+    /// Puts the text into the string of automation, which may move. The string.
+    BSTR SetSysString(BSTR* string) const;
+
     friend CStringT operator+(CStringT left, const CStringT& right)
     {
         left.Append(right);
@@ -263,6 +278,12 @@ public:
         left.Append(right);
         return left;
     }
+    friend CStringT operator+(CStringT left, PCYSTR right)
+    {
+        left += right;
+        return left;
+    }
+    friend CStringT operator+(PCYSTR left, const CStringT& right) { return CStringT(left) + right; }
     friend CStringT operator+(PCXSTR left, const CStringT& right) { return CStringT(left) + right; }
     friend CStringT operator+(CStringT left, XCHAR right)
     {
@@ -396,6 +417,7 @@ private:
     void reserveText(int capacity);
     bool contains(PCXSTR text) const noexcept;
     void appendSlow(PCXSTR text, int length);
+    __attribute__((cold)) void makeRoomForOne();
     void formatTyped(PCXSTR format, const crt::FormatArg* args, std::size_t count);
     void appendFormatTyped(PCXSTR format, const crt::FormatArg* args, std::size_t count);
     void formatMessageTyped(PCXSTR format, const crt::FormatArg* args, std::size_t count);
