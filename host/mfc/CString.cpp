@@ -1,6 +1,7 @@
 #include "cstringt.h"
 
 #include "CStringBuffer.inl"
+#include "CStringCollate.inl"
 #include "CStringConvert.inl"
 #include "CStringEdit.inl"
 #include "CStringFormat.inl"

@@ -4,9 +4,16 @@
 
 namespace
 {
-std::size_t utf8Length(unsigned char lead)
+/// The bytes of a character: its lead byte and the trail bytes that are really there, so that a broken lead byte
+/// does not swallow what follows.
+std::size_t utf8Length(const unsigned char* character)
 {
-    return lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 1;
+    const unsigned char lead = *character;
+    const std::size_t wanted = lead < 0xC2 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 1;
+    std::size_t length = 1;
+    while (length < wanted && (character[length] & 0xC0) == 0x80)
+        ++length;
+    return length;
 }
 
 unsigned char lowerAscii(unsigned char c)
@@ -18,7 +25,7 @@ unsigned char lowerAscii(unsigned char c)
 std::size_t _mbclen(const unsigned char* character)
 {
     const UINT codePage = win32::ansiCodePage();
-    if (codePage == 65001) return utf8Length(*character);
+    if (codePage == 65001) return utf8Length(character);
     const bool isDoubleByte = codePage == 936 || codePage == 950;
     return isDoubleByte && *character > 0x80 && *character < 0xFF ? 2 : 1;
 }

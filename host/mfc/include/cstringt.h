@@ -251,12 +251,12 @@ public:
     }
 
     /// Below 0, 0 or above 0 as this text comes before, equals or comes behind the other by the values of its
-    /// characters. Collate is the same order: the host has one language.
+    /// characters; Collate in the order of the user's language (CompareStringW).
     int Compare(PCXSTR text) const noexcept { return compareText(m_text, text ? text : nilText()); }
     /// As Compare, with upper and lower case taken as equal.
     int CompareNoCase(PCXSTR text) const noexcept;
-    int Collate(PCXSTR text) const noexcept { return Compare(text); }
-    int CollateNoCase(PCXSTR text) const noexcept { return CompareNoCase(text); }
+    int Collate(PCXSTR text) const;
+    int CollateNoCase(PCXSTR text) const;
 
     /// The text as a string of automation, for SysFreeString.
     BSTR AllocSysString() const;

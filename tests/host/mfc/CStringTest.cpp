@@ -1,3 +1,5 @@
+#include "Headless.h"
+
 #include <afx.h>
 
 #include <gtest/gtest.h>
@@ -383,4 +385,22 @@ TEST(AtlConv, MacrosKeepTheirTextsUntilTheFunctionEnds)
         A2W("another");
     EXPECT_STREQ(first, L"first");
     EXPECT_STREQ(T2A(L"中"), "\xd6\xd0");
+}
+
+TEST(CString, CollateFollowsTheLanguageAndCompareTheCodes)
+{
+    EXPECT_LT(CString(L"a").Collate(L"B"), 0);
+    EXPECT_GT(CString(L"a").Compare(L"B"), 0);
+    EXPECT_EQ(CString(L"Ab").CollateNoCase(L"aB"), 0);
+    EXPECT_LT(CStringA("a").Collate("B"), 0);
+}
+
+TEST(CString, BrokenLeadByteDoesNotHideWhatFollows)
+{
+    headless::setAnsiCodePage(65001);
+    EXPECT_EQ(CStringA("\xE4"
+                       "bc")
+                  .Find('b'),
+              1);
+    headless::setAnsiCodePage(936);
 }
