@@ -30,13 +30,21 @@ def read(folder):
     return families
 
 
+def shown(seconds):
+    """A time with the unit that suits it."""
+    for unit, size in (("s", 1.0), ("ms", 1e-3), ("us", 1e-6)):
+        if seconds >= size:
+            return f"{seconds / size:.3f} {unit}"
+    return f"{seconds * 1e9:.3f} ns"
+
+
 def main():
     families = read(sys.argv[1]) if len(sys.argv) == 2 else {}
     if not families:
         print(__doc__.strip())
         return 2
     missed = 0
-    print(f"\n{'family':40} {'ours':>12} {'peer':>28} {'ratio':>8} {'goal':>6}")
+    print(f"\n{'family':40} {'ours':>12} {'peer':>15} {'':>12} {'ratio':>8} {'goal':>6}")
     for family, sides in sorted(families.items()):
         ours, goal = sides.get("ours", (None, None))
         if ours is None:
@@ -47,7 +55,7 @@ def main():
             ratio = time / ours
             ok = goal is None or ratio >= goal
             missed += not ok
-            print(f"{family:40} {ours * 1e3:9.3f} ms {peer[:14]:>15} {time * 1e3:9.3f} ms {ratio:8.2f} "
+            print(f"{family:40} {shown(ours):>12} {peer[:15]:>15} {shown(time):>12} {ratio:8.2f} "
                   f"{goal if goal is not None else '-':>6}{'' if ok else '  MISSED'}")
     return 1 if missed else 0
 
