@@ -163,6 +163,10 @@ template <class BaseType>
 void CStringT<BaseType>::makeRoomForOne()
 {
     const int newLength = addedLength(GetLength(), 1), capacity = data()->capacity;
+    if (m_text == nilText()) {
+        m_text = allocateText(grownCapacity(capacity, newLength)); // nothing to copy, nobody to leave
+        return;
+    }
     writableText(newLength > capacity ? grownCapacity(capacity, newLength) : newLength);
 }
 
