@@ -1,6 +1,6 @@
 #include "CtransStr.h"
 
-#include "DecimalText.h"
+#include "CFamStuStr.h"
 
 #include <charconv>
 #include <cmath>
@@ -167,7 +167,7 @@ CString CtransStr::TransToStr(long long value)
 
 CString CtransStr::TransToStr(double value)
 {
-    return decimaltext::trimmed(value);
+    return CFamStuStr::FormatDouble(value);
 }
 
 CString CtransStr::TransToStr(const char* text)

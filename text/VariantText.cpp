@@ -1,6 +1,6 @@
 #include "VariantText.h"
 
-#include "DecimalText.h"
+#include "CFamStuStr.h"
 
 #include <charconv>
 #include <cmath>
@@ -36,7 +36,7 @@ template <class Real>
 CString realText(const void* data, Style style)
 {
     const Real value = *static_cast<const Real*>(data);
-    if (style == Style::cell) return decimaltext::trimmed(value);
+    if (style == Style::cell) return CFamStuStr::FormatDouble(value);
     char buffer[32]; // the shortest form of a double has at most 24 characters
     return narrowText(std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr));
 }

@@ -43,14 +43,16 @@ CString DxfGroup::wide() const
     return result;
 }
 
-void DxfSink::wide(int code, const CString& value)
+std::string utf8Of(const CString& text)
 {
-    const int length = value.GetLength();
-    const int bytes = length ? WideCharToMultiByte(CP_UTF8, 0, value, length, nullptr, 0, nullptr, nullptr) : 0;
+    const int length = text.GetLength();
+    const int bytes = length ? WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr) : 0;
     std::string utf8(static_cast<std::size_t>(bytes), '\0');
-    if (bytes) WideCharToMultiByte(CP_UTF8, 0, value, length, utf8.data(), bytes, nullptr, nullptr);
-    text(code, utf8);
+    if (bytes) WideCharToMultiByte(CP_UTF8, 0, text, length, utf8.data(), bytes, nullptr, nullptr);
+    return utf8;
 }
+
+void DxfSink::wide(int code, const CString& value) { text(code, utf8Of(value)); }
 
 void DxfSink::point(int code, double x, double y)
 {

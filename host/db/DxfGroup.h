@@ -18,6 +18,9 @@ enum class DxfKind : std::uint8_t { text, real, integer, handle, binary };
 
 DxfKind dxfKindOf(int code);
 
+/// A text of the database as groups carry it.
+std::string utf8Of(const CString& text);
+
 /// One group. Text and binary values are views that hold until the next group is asked for.
 struct DxfGroup {
     int code = 0;

@@ -26,15 +26,6 @@ const CString& nameOf(AcDbObjectId regapp)
     return static_cast<AcDbSymbolTableRecord*>(static_cast<AcDbStub*>(regapp)->object)->name();
 }
 
-std::string utf8Of(const wchar_t* text)
-{
-    const int length = static_cast<int>(std::wcslen(text));
-    const int bytes = length ? WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr) : 0;
-    std::string utf8(static_cast<std::size_t>(bytes), '\0');
-    if (bytes) WideCharToMultiByte(CP_UTF8, 0, text, length, utf8.data(), bytes, nullptr, nullptr);
-    return utf8;
-}
-
 /// Packs one node of a chain; false for a group that extended data cannot hold.
 bool pack(const resbuf& node, PackedGroups& groups)
 {
