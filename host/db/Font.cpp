@@ -1,0 +1,109 @@
+#include "Font.h"
+
+namespace lettering
+{
+namespace
+{
+constexpr std::uint32_t lastCharacter = 0x10FFFF, replacement = 0xFFFD;
+
+/// Characters of Asian scripts, which shape fonts take from their big font.
+bool isBigFontCharacter(std::uint32_t c)
+{
+    return c >= 0x2E80 && (c < 0xE000 || c >= 0xF900) && c != replacement;
+}
+
+/// Chinese structural drawings keep marks of reinforcing bars at these places of their shape fonts
+/// (%%130 ... %%133), each a circle with a bar through it.
+bool isBarMark(std::uint32_t c)
+{
+    return c >= 130 && c <= 133;
+}
+
+void fit(Glyph& glyph, double scale, double rise)
+{
+    const auto moved = [&](const AcGePoint2d& p) { return AcGePoint2d(p.x * scale, p.y * scale + rise); };
+    glyph.advance *= scale;
+    if (!glyph.ink.isEmpty()) glyph.ink = {moved(glyph.ink.min), moved(glyph.ink.max)};
+    for (Contour& contour : glyph.contours)
+        for (AcGePoint2d& point : contour)
+            point = moved(point);
+}
+} // namespace
+
+Font::Font(const FontName& name) : mFaces(name), mIsShape(isShapeFont(name))
+{
+    mPrimary = &face(mFaces.primary());
+    mAscent = mPrimary->ascent() / mPrimary->capHeight();
+    mDescent = mPrimary->descent() / mPrimary->capHeight();
+}
+
+Font::~Font()
+{
+    for (const auto& entry : mPages) {
+        const Page* page = entry.load();
+        for (std::size_t i = 0; page && i < page->glyphs.size(); ++i)
+            delete page->glyphs[i].load();
+        delete page;
+    }
+}
+
+const Glyph& Font::glyph(std::uint32_t character) const
+{
+    if (character > lastCharacter) character = replacement;
+    const Page* page = mPages[character >> 8].load(std::memory_order_acquire);
+    const Glyph* glyph = page ? page->glyphs[character & 0xFF].load(std::memory_order_acquire) : nullptr;
+    return glyph ? *glyph : load(character);
+}
+
+const Glyph& Font::load(std::uint32_t character) const
+{
+    const std::lock_guard lock(mLoading);
+    std::atomic<Page*>& page = mPages[character >> 8];
+    if (!page.load()) page.store(new Page, std::memory_order_release);
+    std::atomic<const Glyph*>& place = page.load()->glyphs[character & 0xFF];
+    if (!place.load()) place.store(new Glyph(read(character)), std::memory_order_release);
+    return *place.load();
+}
+
+Glyph Font::read(std::uint32_t character) const
+{
+    if (mIsShape && isBarMark(character)) character = 0x3A6;
+    const OutlineFace* from = mPrimary;
+    if (!from->has(character) && character > L' ') {
+        const FaceFile other = mFaces.faceWith(character);
+        if (!other.path.empty()) from = &face(other);
+    }
+    Glyph glyph = from->glyph(character);
+    const Fit found = fitOf(*from, character);
+    fit(glyph, found.scale, found.rise);
+    return glyph;
+}
+
+const OutlineFace& Font::face(const FaceFile& file) const
+{
+    std::unique_ptr<OutlineFace>& open = mOpenFaces[file];
+    if (!open) open = std::make_unique<OutlineFace>(file);
+    return *open;
+}
+
+Font::Fit Font::fitOf(const OutlineFace& from, std::uint32_t character) const
+{
+    // A big font's ideographs are as high as the text and stand on the baseline; those of a TrueType font
+    // share the em of its letters.
+    if (!mIsShape || !isBigFontCharacter(character)) return {1 / mPrimary->capHeight(), 0};
+    const Glyph ideograph = from.glyph(0x56FD);
+    const double height = ideograph.ink.height();
+    if (height < 0.1) return {1 / mPrimary->capHeight(), 0};
+    return {1 / height, -ideograph.ink.min.y / height};
+}
+
+const Font& fontNamed(const FontName& name)
+{
+    static std::mutex making;
+    static std::map<FontName, std::unique_ptr<Font>> fonts;
+    const std::lock_guard lock(making);
+    std::unique_ptr<Font>& font = fonts[name];
+    if (!font) font = std::make_unique<Font>(name);
+    return *font;
+}
+} // namespace lettering
