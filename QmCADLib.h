@@ -7,3 +7,4 @@
 #include "CFamStuStr.h"
 #include "CRegexString.h"
 #include "CtransStr.h"
+#include "ExprEvaluate.h"
