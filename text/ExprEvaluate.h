@@ -32,18 +32,16 @@
 /// of sin(x), and sin 1+2 is sin(1)+2.
 ///
 /// Numbers consist of digits and points and are read up to the second point; they have no exponent. A point
-/// alone is 0, and a number above the range of double is its largest value. Names consist of letters, digits,
-/// "_", "[" and "]" and do not start with a digit; case counts. A name that is no operator is a variable: it
-/// lives for one call and starts at 0. Its value is read when an operator is applied to it, so that a+(a=3)
-/// is
-/// 6. Space, tab and line ends may stand between all of these. A list in parentheses
-/// leaves all of its values as operands, so that 1+(2,3) adds the last two.
+/// alone is 0, and a number above the range of double is its largest value. Names consist of letters,
+/// digits, "_", "[" and "]" and do not start with a digit; case counts. A name that is no operator is a
+/// variable: it lives for one call and starts at 0. Its value is read when an operator is applied to it, so
+/// that a+(a=3) is 6. Space, tab and line ends may stand between all of these, and a ";" at the end. A list
+/// in parentheses leaves all of its values as operands, so that 1+(2,3) adds the last two.
 ///
 /// && and || evaluate both sides; these, the comparisons and ! give 1 or 0. A division by zero gives an
 /// infinity or NaN. % & | >< xor ~ << >> ! and int take 32-bit signed integers: their operands lose their
 /// decimals, and a value out of that range, an infinity or NaN becomes -2147483648. Shifts are by the right
-/// operand modulo 32,
-/// >> keeps the sign, and a result of << keeps its lower 32 bits. -2147483648 % -1 is 0.
+/// operand modulo 32, >> keeps the sign, and a result of << keeps its lower 32 bits. -2147483648 % -1 is 0.
 ///
 /// The whole text is checked for faults of writing before the first operator is applied. It may be of any
 /// length and nested to any depth: time and memory grow in proportion to it. May be called from any thread.

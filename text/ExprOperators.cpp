@@ -4,6 +4,7 @@
 #include <cmath>
 #include <functional>
 #include <iterator>
+#include <type_traits>
 
 namespace
 {
@@ -253,7 +254,9 @@ struct PrefixTable {
 };
 
 constexpr PrefixTable prefixes;
-static_assert(operatorCount < noOperator && operators[separator].name == ",");
+static_assert(operatorCount < noOperator);
+static_assert(operators[endMarker].name == ";" && operators[openParenthesis].name == "(" &&
+              operators[closeParenthesis].name == ")" && operators[separator].name == ",");
 } // namespace
 
 namespace expression

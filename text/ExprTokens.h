@@ -23,7 +23,8 @@ class Tokenizer
 public:
     explicit Tokenizer(std::string_view text) : m_at(text.data()), m_end(text.data() + text.size()) {}
 
-    /// The next token; behind the last one an `end`, which is the end marker as an operation.
+    /// The next token; behind the last one an `end`, again and again, which is the end marker as an
+    /// operation.
     /// @throw std::runtime_error as ExprEvaluate says, for a symbol, an imbalance or a parenthesis
     Token next();
 

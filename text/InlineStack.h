@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 /// A stack that allocates only when it holds more than `inlineCount` values.
 template <class T, std::size_t inlineCount>

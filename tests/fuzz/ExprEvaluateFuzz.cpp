@@ -3,7 +3,9 @@
 // the expression that shows a difference, 2 for wrong arguments.
 
 #include "../text/ExprReference.h"
+#include "../text/RandomExpression.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>

@@ -1,9 +1,11 @@
 #include "ExprReference.h"
 #include "QmCADLib.h"
+#include "RandomExpression.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <csignal>
 #include <limits>
 #include <map>
 #include <sstream>
