@@ -1,25 +1,18 @@
 #include "dbdatabase.h"
 
+#include "BlockAccess.h"
+#include "ClassRegistration.h"
 #include "DatabaseState.h"
 #include "DbObjectAccess.h"
+#include "EntityAccess.h"
+#include "SymbolTableAccess.h"
 
 #include <algorithm>
 
-ACRX_NO_CONS_DEFINE_MEMBERS(AcDbDatabase, AcRxObject)
+ACDB_ABSTRACT_CLASS(AcDbDatabase, AcRxObject)
 
 namespace
 {
-void registerClasses()
-{
-    AcDbObject::rxInit();
-    AcDbObjectReactor::rxInit();
-    AcDbDatabase::rxInit();
-    AcDbSymbolTable::rxInit();
-    AcDbSymbolTableRecord::rxInit();
-    AcDbRegAppTable::rxInit();
-    AcDbRegAppTableRecord::rxInit();
-}
-
 AcDbObjectId addTable(AcDbDatabase& database, AcDbSymbolTable* table)
 {
     AcDbObjectId id;
@@ -28,24 +21,73 @@ AcDbObjectId addTable(AcDbDatabase& database, AcDbSymbolTable* table)
     return id;
 }
 
-/// Every drawing knows the application "ACAD".
-void addAcadApplication(AcDbDatabase& database)
+/// Adds a record to a table that is closed; both are closed again.
+template <class Table, class Record>
+AcDbObjectId addRecord(AcDbDatabase& database, Record* record, const wchar_t* name)
 {
-    AcDbRegAppTable* table = nullptr;
-    if (database.getRegAppTable(table, AcDb::kForWrite) != Acad::eOk) return;
-    auto* record = new AcDbRegAppTableRecord;
-    record->setName(L"ACAD");
-    table->add(record);
+    AcDbObjectId id;
+    Table* table = nullptr;
+    database.getSymbolTable(table, AcDb::kForWrite);
+    SymbolTableAccess::setName(*record, name);
+    table->add(id, record);
     record->close();
     table->close();
+    return id;
+}
+
+template <class T>
+AcDbObjectId addHidden(AcDbDatabase& database, AcDbObjectId owner)
+{
+    AcDbObjectId id;
+    auto* object = new T;
+    database.addAcDbObject(id, object, owner);
+    EntityAccess::resolveProperties(*object);
+    object->close();
+    return id;
+}
+
+AcDbObjectId addSpace(AcDbDatabase& database, const wchar_t* name)
+{
+    const AcDbObjectId id = addRecord<AcDbBlockTable>(database, new AcDbBlockTableRecord, name);
+    AcDbBlockTableRecord* space = nullptr;
+    acdbOpenObject(space, id, AcDb::kForWrite);
+    BlockAccess::begin(*space) = addHidden<AcDbBlockBegin>(database, id);
+    BlockAccess::end(*space) = addHidden<AcDbBlockEnd>(database, id);
+    space->close();
+    return id;
+}
+
+void addTables(AcDbDatabase& database, DatabaseState& state)
+{
+    state.blockTable = addTable(database, new AcDbBlockTable);
+    state.layerTable = addTable(database, new AcDbLayerTable);
+    state.textStyleTable = addTable(database, new AcDbTextStyleTable);
+    state.linetypeTable = addTable(database, new AcDbLinetypeTable);
+    state.viewTable = addTable(database, new AcDbViewTable);
+    state.ucsTable = addTable(database, new AcDbUCSTable);
+    state.viewportTable = addTable(database, new AcDbViewportTable);
+    state.regAppTable = addTable(database, new AcDbRegAppTable);
+    state.dimStyleTable = addTable(database, new AcDbDimStyleTable);
+}
+
+/// The records that objects of any drawing refer to.
+void addFirstRecords(AcDbDatabase& database, DatabaseState& state)
+{
+    addRecord<AcDbRegAppTable>(database, new AcDbRegAppTableRecord, L"ACAD");
+    state.byBlock = addRecord<AcDbLinetypeTable>(database, new AcDbLinetypeTableRecord, L"ByBlock");
+    state.byLayer = addRecord<AcDbLinetypeTable>(database, new AcDbLinetypeTableRecord, L"ByLayer");
+    state.continuous = addRecord<AcDbLinetypeTable>(database, new AcDbLinetypeTableRecord, L"Continuous");
+    state.layerZero = state.clayer = addRecord<AcDbLayerTable>(database, new AcDbLayerTableRecord, L"0");
+    state.celtype = state.byLayer;
+    state.modelSpace = addSpace(database, ACDB_MODEL_SPACE);
+    state.paperSpace = addSpace(database, ACDB_PAPER_SPACE);
 }
 } // namespace
 
 AcDbDatabase::AcDbDatabase() : mState(std::make_unique<DatabaseState>(this))
 {
-    registerClasses();
-    mState->regAppTable = addTable(*this, new AcDbRegAppTable);
-    addAcadApplication(*this);
+    addTables(*this, *mState);
+    addFirstRecords(*this, *mState);
 }
 
 AcDbDatabase::~AcDbDatabase()
@@ -84,11 +126,36 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
     return Acad::eOk;
 }
 
-#define ACDB_TABLE_ACCESS(KIND, GETTER, IDGETTER, MEMBER)                                                    \
-    AcDbObjectId AcDbDatabase::IDGETTER() const { return mState->MEMBER; }                                   \
-    Acad::ErrorStatus AcDbDatabase::GETTER(KIND*& table, AcDb::OpenMode mode)                                \
+#define ACDB_TABLE_ACCESS(KIND, ID, MEMBER)                                                                  \
+    AcDbObjectId AcDbDatabase::ID() const { return mState->MEMBER; }                                         \
+    Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDb##KIND##Table*& table, AcDb::OpenMode mode)           \
+    {                                                                                                        \
+        return acdbOpenObject(table, mState->MEMBER, mode);                                                  \
+    }                                                                                                        \
+    Acad::ErrorStatus AcDbDatabase::get##KIND##Table(AcDb##KIND##Table*& table, AcDb::OpenMode mode)         \
     {                                                                                                        \
         return acdbOpenObject(table, mState->MEMBER, mode);                                                  \
     }
 
-ACDB_TABLE_ACCESS(AcDbRegAppTable, getRegAppTable, regAppTableId, regAppTable)
+ACDB_TABLE_ACCESS(Block, blockTableId, blockTable)
+ACDB_TABLE_ACCESS(Layer, layerTableId, layerTable)
+ACDB_TABLE_ACCESS(Linetype, linetypeTableId, linetypeTable)
+ACDB_TABLE_ACCESS(TextStyle, textStyleTableId, textStyleTable)
+ACDB_TABLE_ACCESS(DimStyle, dimStyleTableId, dimStyleTable)
+ACDB_TABLE_ACCESS(UCS, UCSTableId, ucsTable)
+ACDB_TABLE_ACCESS(View, viewTableId, viewTable)
+ACDB_TABLE_ACCESS(Viewport, viewportTableId, viewportTable)
+ACDB_TABLE_ACCESS(RegApp, regAppTableId, regAppTable)
+
+AcDbObjectId AcDbDatabase::layerZero() const { return mState->layerZero; }
+AcDbObjectId AcDbDatabase::byLayerLinetype() const { return mState->byLayer; }
+AcDbObjectId AcDbDatabase::byBlockLinetype() const { return mState->byBlock; }
+AcDbObjectId AcDbDatabase::continuousLinetype() const { return mState->continuous; }
+AcDbObjectId AcDbDatabase::modelSpaceId() const { return mState->modelSpace; }
+AcDbObjectId AcDbDatabase::currentSpaceId() const { return mState->modelSpace; }
+
+AcDbObjectId AcDbDatabase::clayer() const { return mState->clayer; }
+AcDbObjectId AcDbDatabase::celtype() const { return mState->celtype; }
+AcCmColor AcDbDatabase::cecolor() const { return mState->cecolor; }
+double AcDbDatabase::celtscale() const { return mState->celtscale; }
+AcDb::LineWeight AcDbDatabase::celweight() const { return mState->celweight; }

@@ -8,7 +8,15 @@ struct DatabaseState {
     explicit DatabaseState(AcDbDatabase* database) : stubs(database) {}
 
     StubTable stubs;
-    AcDbObjectId regAppTable;
+    AcDbObjectId blockTable, layerTable, linetypeTable, textStyleTable, dimStyleTable, ucsTable, viewTable,
+        viewportTable, regAppTable;
+    AcDbObjectId layerZero, byLayer, byBlock, continuous, modelSpace, paperSpace;
+
+    // What new entities get.
+    AcDbObjectId clayer, celtype;
+    AcCmColor cecolor;
+    double celtscale = 1.0;
+    AcDb::LineWeight celweight = AcDb::kLnWtByLayer;
 };
 
 struct DatabaseAccess {

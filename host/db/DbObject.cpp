@@ -1,11 +1,12 @@
 #include "dbobject.h"
 
+#include "ClassRegistration.h"
 #include "DatabaseHooks.h"
 #include "DbObjectAccess.h"
 #include "ObjectNotices.h"
 
-ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObject, AcRxObject)
-ACRX_NO_CONS_DEFINE_MEMBERS(AcDbObjectReactor, AcRxObject)
+ACDB_ABSTRACT_CLASS(AcDbObject, AcRxObject)
+ACDB_ABSTRACT_CLASS(AcDbObjectReactor, AcRxObject)
 
 namespace
 {
@@ -138,6 +139,7 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
 }
 
 const DxfClass* AcDbObject::dxfClass() const { return nullptr; }
+std::string_view AcDbObject::dxfRecordName() const { return isA()->dxfRecordName(); }
 
 AcRxObject* AcDbObject::clone() const { return newCopy(); }
 

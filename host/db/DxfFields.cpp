@@ -1,8 +1,8 @@
 #include "DxfFields.h"
 
-#include "DbObjectAccess.h"
+#include "DxfKept.h"
+#include "PackedGroups.h"
 
-#include <cstring>
 
 DxfField DxfField::unless(double value) const
 {
@@ -19,6 +19,20 @@ DxfField DxfField::unlessDefault() const
     return field;
 }
 
+DxfField DxfField::unlessIs(IsDefault function) const
+{
+    DxfField field = unlessDefault();
+    field.isDefault = function;
+    return field;
+}
+
+DxfField DxfField::readOnly() const
+{
+    DxfField field = *this;
+    field.write = nullptr;
+    return field;
+}
+
 DxfField DxfField::from(DxfVersion version) const
 {
     DxfField field = *this;
@@ -31,6 +45,7 @@ DxfClass::DxfClass(const char* marker, const DxfClass* base, std::initializer_li
 {
     for (std::size_t i = 0; i < mFields.size(); ++i) {
         const int code = mFields[i].code;
+        if (code == DxfField::any) mAny = &mFields[i];
         if (mFields[i].read && code >= 0 && code < static_cast<int>(sizeof mIndex) && !mIndex[code])
             mIndex[code] = static_cast<unsigned char>(i + 1);
     }
@@ -52,31 +67,6 @@ bool isWritten(const DxfField& field, const AcDbObject& object, const DxfSink& s
     return !(field.skipDefault && field.isDefault && field.isDefault(object, field));
 }
 
-void writeKept(const AcDbObject& object, const DxfClass* section, DxfSink& sink)
-{
-    const DbObjectExtras* extras = DbObjectAccess::extras(object);
-    if (!extras) return;
-    for (const KeptGroups& kept : extras->keptGroups) {
-        if (kept.section == section) writeGroups(kept.groups, sink);
-    }
-}
-
-void keep(AcDbObject& object, const DxfClass* section, const DxfGroup& group)
-{
-    std::vector<KeptGroups>& kept = DbObjectAccess::needExtras(object).keptGroups;
-    if (kept.empty() || kept.back().section != section) kept.push_back({section, {}});
-    kept.back().groups.append(group);
-}
-
-/// The field that takes a group: of the section, or, in files without sections, of any class from the innermost out.
-const DxfField* fieldFor(const DxfClass* section, bool sectionsKnown, int code)
-{
-    if (sectionsKnown) return section ? section->fieldOf(code) : nullptr;
-    for (const DxfClass* at = section; at; at = at->base()) {
-        if (const DxfField* field = at->fieldOf(code)) return field;
-    }
-    return nullptr;
-}
 } // namespace
 
 void writeGroups(const PackedGroups& groups, DxfSink& sink)
@@ -100,34 +90,7 @@ void DxfClass::write(const AcDbObject& object, DxfSink& sink) const
     for (const DxfField& field : mFields) {
         if (isWritten(field, object, sink)) field.write(object, field, sink);
     }
-    writeKept(object, this, sink);
-}
-
-void dxfRead(AcDbObject& object, DxfSource& source)
-{
-    const DxfClass* own = object.dxfClass();
-    const DxfClass* section = own;
-    bool sectionsKnown = false;
-    while (const DxfGroup* group = source.peek()) {
-        if (group->code == 100) {
-            const DxfClass* named = own->sectionOf(group->text);
-            sectionsKnown = true;
-            section = named;
-            if (!named) keep(object, nullptr, *group);
-            source.take();
-        } else if (const DxfField* field = fieldFor(section, sectionsKnown, group->code)) {
-            field->read(object, *field, source);
-        } else {
-            keep(object, section, *group);
-            source.take();
-        }
-    }
-}
-
-void dxfWrite(const AcDbObject& object, DxfSink& sink)
-{
-    if (const DxfClass* own = object.dxfClass()) own->write(object, sink);
-    writeKept(object, nullptr, sink);
+    writeKeptGroups(object, this, sink);
 }
 
 namespace dxf

@@ -26,6 +26,8 @@ struct DxfField {
     using Write = void (*)(const AcDbObject&, const DxfField&, DxfSink&);
     using IsDefault = bool (*)(const AcDbObject&, const DxfField&);
 
+    static constexpr int any = -1; ///< the code of a field that takes every group no other field takes
+
     int code = 0;             ///< the first code of the field
     Read read = nullptr;      ///< takes the groups of the field, at least one; null: written only
     Write write = nullptr;    ///< null: read only
@@ -39,6 +41,10 @@ struct DxfField {
     /// Left out while empty (texts), null (references) or the Z axis (directions).
     DxfField unlessDefault() const;
     DxfField unlessZAxis() const { return unlessDefault(); }
+    /// Left out while a function says so.
+    DxfField unlessIs(IsDefault isDefault) const;
+    /// Read, and written in another way.
+    DxfField readOnly() const;
     /// Not in files before this version.
     DxfField from(DxfVersion version) const;
 };
@@ -57,8 +63,8 @@ public:
     /// The field that begins with a code, in this class alone; null when there is none.
     const DxfField* fieldOf(int code) const
     {
-        if (code < 0 || code >= static_cast<int>(sizeof mIndex)) return nullptr;
-        return mIndex[code] ? &mFields[mIndex[code] - 1] : nullptr;
+        const int at = code >= 0 && code < static_cast<int>(sizeof mIndex) ? mIndex[code] : 0;
+        return at ? &mFields[at - 1] : mAny;
     }
     /// This class or the nearest base whose section a marker names; null when none does.
     const DxfClass* sectionOf(std::string_view marker) const;
@@ -70,14 +76,24 @@ private:
     const char* mMarker;
     const DxfClass* mBase;
     std::vector<DxfField> mFields;
+    const DxfField* mAny = nullptr;
     unsigned char mIndex[512] = {};
 };
 
-/// Reads all groups of an object. Groups that no field of the section takes are kept with the object; a section of an
-/// unknown name is kept whole.
-void dxfRead(AcDbObject& object, DxfSource& source);
-/// Writes all groups of an object's classes, and what was kept.
+/// What stands in a record before the sections of its classes.
+struct DxfFrame {
+    std::uint64_t handle = 0; ///< 0: the record has none
+    AcDbStub* owner = nullptr;
+};
+
+/// Reads all groups of an object behind its group 0: handle, owner, reactors and extension dictionary, the fields of its
+/// classes, extended data. Groups that no field of the section takes are kept with the object; a section of an unknown
+/// name is kept whole.
+DxfFrame dxfRead(AcDbObject& object, DxfSource& source);
+/// Writes all groups of an object's classes, and what was kept, without the frame.
 void dxfWrite(const AcDbObject& object, DxfSink& sink);
+/// Writes the whole record: group 0, the frame, the classes, extended data.
+void dxfWriteRecord(const AcDbObject& object, DxfSink& sink);
 
 namespace dxf
 {
@@ -227,6 +243,20 @@ DxfField reference(int code)
     };
     field.write = [](const AcDbObject& o, const DxfField& f, DxfSink& s) { s.handle(f.code, M::of(o)); };
     field.isDefault = [](const AcDbObject& o, const DxfField&) { return M::of(o).isNull(); };
+    return field;
+}
+
+/// A record of a symbol table, by its name.
+template <auto Member>
+DxfField record(int code)
+{
+    using M = MemberTraits<Member>;
+    DxfField field = reference<Member>(code);
+    field.read = [](AcDbObject& o, const DxfField& f, DxfSource& s) {
+        M::of(o) = AcDbObjectId(s.recordOf(f.code, s.peek()->text));
+        s.take();
+    };
+    field.write = [](const AcDbObject& o, const DxfField& f, DxfSink& s) { s.record(f.code, M::of(o)); };
     return field;
 }
 

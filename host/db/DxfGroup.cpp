@@ -1,5 +1,8 @@
 #include "DxfGroup.h"
 
+#include "Stub.h"
+#include "dbsymtb.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -64,4 +67,9 @@ void DxfSink::point(int code, double x, double y, double z)
 {
     point(code, x, y);
     real(code + 20, z);
+}
+
+void DxfSink::record(int code, AcDbStub* stub)
+{
+    if (stub && stub->object) wide(code, static_cast<const AcDbSymbolTableRecord*>(stub->object)->name());
 }

@@ -49,6 +49,8 @@ public:
     /// The record of a symbol table by name: layers (8), line types (6), text styles (7) ... A name that the drawing does
     /// not define gives the table's default record and is reported.
     virtual AcDbStub* recordOf(int code, std::string_view name) = 0;
+    /// Told when an entity says which space it stands in: files before R13 name no owners.
+    virtual void paperSpace(bool) {}
     /// Says that a value cannot be used; the object goes on with what it has.
     virtual void report(const DxfGroup& group, const char* reason) = 0;
 };
@@ -66,6 +68,9 @@ public:
     virtual void binary(int code, std::string_view bytes) = 0;
     /// A handle that is not of a living object, kept as it was read.
     virtual void rawHandle(int code, std::uint64_t value) = 0;
+
+    /// The name of a record of a symbol table; nothing for the null stub.
+    virtual void record(int code, AcDbStub* stub);
 
     /// A drawing file's version, 1000 (R12: 1009) to 1032 (R2018); lists count as the newest.
     virtual int version() const = 0;

@@ -23,6 +23,7 @@ struct AppXData {
 struct DbObjectExtras {
     std::vector<AppXData> xdata;
     std::vector<AcDbObjectId> persistentReactors;
+    AcDbObjectId extensionDictionary;
     std::vector<AcDbObjectReactor*> transientReactors;
     std::vector<KeptGroups> keptGroups;
     std::unique_ptr<AcDbObject> before; ///< the state when it was opened for write, for cancel()

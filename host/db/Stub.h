@@ -11,3 +11,10 @@ struct AcDbStub {
     std::uint64_t handle = 0;
     bool erased = false;
 };
+
+/// The object of an id, open or not; null for the null id and for one whose object is not there.
+inline AcDbObject* residentObject(AcDbObjectId id)
+{
+    const AcDbStub* stub = id;
+    return stub ? stub->object : nullptr;
+}

@@ -1,13 +1,14 @@
 #include "dbsymtb.h"
 
+#include "ClassRegistration.h"
 #include "DbObjectAccess.h"
 #include "DxfFields.h"
 #include "SymbolName.h"
 #include "acutads.h"
 #include "dbdatabase.h"
 
-ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTableRecord, AcDbObject)
-ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTable, AcDbObject)
+ACDB_ABSTRACT_CLASS(AcDbSymbolTableRecord, AcDbObject)
+ACDB_ABSTRACT_CLASS(AcDbSymbolTable, AcDbObject)
 
 namespace
 {
@@ -20,8 +21,7 @@ CString keyOf(const CString& name)
 /// The table that a record stands in, which need not be open; null for a new record.
 AcDbSymbolTable* tableOf(const AcDbSymbolTableRecord& record)
 {
-    const AcDbObjectId owner = record.ownerId();
-    return owner.isValid() ? AcDbSymbolTable::cast(static_cast<AcDbStub*>(owner)->object) : nullptr;
+    return AcDbSymbolTable::cast(residentObject(record.ownerId()));
 }
 
 template <class Map>

@@ -115,6 +115,7 @@ AcRxClass* newAcRxClass(const wchar_t* className, AcRxClass* parent, int proxyFl
     made->mProxyFlags = proxyFlags;
     made->mMaker = maker;
     made->mDxfName = dxfName ? dxfName : L"";
+    for (const wchar_t* at = made->mDxfName.c_str(); *at; ++at) made->mDxfRecordName += static_cast<char>(*at);
     made->mAppName = appName ? appName : L"";
     AcRxClass* registered = classes.byName.emplace(className, std::move(made)).first->second.get();
     if (registered->dxfName()) classes.byDxfName.emplace(registered->dxfName(), registered);

@@ -2,6 +2,8 @@
 
 /// AcDbDatabase: one drawing in memory.
 
+#include "acdb.h"
+#include "dbcolor.h"
 #include "dbobject.h"
 #include "dbsymtb.h"
 
@@ -38,11 +40,61 @@ public:
     /// write. eAlreadyInDb for an object that has a database.
     Acad::ErrorStatus addAcDbObject(AcDbObjectId& id, AcDbObject* object, AcDbObjectId owner = AcDbObjectId::kNull);
 
-    // The tables, opened as asked.
+    // The tables, opened as asked: the statuses of acdbOpenObject.
 
+    Acad::ErrorStatus getSymbolTable(AcDbBlockTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbLayerTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbDimStyleTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbUCSTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbViewTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbViewportTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getSymbolTable(AcDbRegAppTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+
+    Acad::ErrorStatus getBlockTable(AcDbBlockTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getLayerTable(AcDbLayerTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getLinetypeTable(AcDbLinetypeTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getTextStyleTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getDimStyleTable(AcDbDimStyleTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getUCSTable(AcDbUCSTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getViewTable(AcDbViewTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getViewportTable(AcDbViewportTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
     Acad::ErrorStatus getRegAppTable(AcDbRegAppTable*& table, AcDb::OpenMode mode = AcDb::kForRead);
 
+    AcDbObjectId blockTableId() const;
+    AcDbObjectId layerTableId() const;
+    AcDbObjectId linetypeTableId() const;
+    AcDbObjectId textStyleTableId() const;
+    AcDbObjectId dimStyleTableId() const;
+    AcDbObjectId UCSTableId() const;
+    AcDbObjectId viewTableId() const;
+    AcDbObjectId viewportTableId() const;
     AcDbObjectId regAppTableId() const;
+
+    // Records that every drawing has.
+
+    AcDbObjectId layerZero() const;
+    AcDbObjectId byLayerLinetype() const;
+    AcDbObjectId byBlockLinetype() const;
+    AcDbObjectId continuousLinetype() const;
+    /// The blocks of model space and of the paper space of the current (or last) layout.
+    AcDbObjectId modelSpaceId() const;
+    /// The block that new entities go to.
+    AcDbObjectId currentSpaceId() const;
+
+    // What new entities get. Setters: eInvalidInput or eWrongDatabase, and nothing changed.
+
+    AcDbObjectId clayer() const;
+    Acad::ErrorStatus setClayer(AcDbObjectId layer);
+    AcDbObjectId celtype() const;
+    Acad::ErrorStatus setCeltype(AcDbObjectId linetype);
+    AcCmColor cecolor() const;
+    Acad::ErrorStatus setCecolor(const AcCmColor& color);
+    double celtscale() const;
+    Acad::ErrorStatus setCeltscale(double scale);
+    AcDb::LineWeight celweight() const;
+    Acad::ErrorStatus setCelweight(AcDb::LineWeight weight);
 
 private:
     friend struct DatabaseAccess;

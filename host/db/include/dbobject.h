@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 class AcDbObjectReactor;
 class DxfClass;
@@ -93,6 +94,13 @@ public:
     /// begin with 1001 or holds other groups; nothing is changed then.
     virtual Acad::ErrorStatus setXData(const resbuf* chain);
 
+    /// The dictionary of what others attach; null when there is none.
+    AcDbObjectId extensionDictionary() const;
+    /// eAlreadyInDb when there is one; eNotInDatabase for a new object.
+    Acad::ErrorStatus createExtensionDictionary();
+    /// Erases the dictionary when it is empty; eKeyNotFound when there is none, eContainerNotEmpty otherwise.
+    Acad::ErrorStatus releaseExtensionDictionary();
+
     void addReactor(AcDbObjectReactor* reactor) const;
     void removeReactor(AcDbObjectReactor* reactor) const;
     void addPersistentReactor(AcDbObjectId reactor);
@@ -104,6 +112,8 @@ public:
 
     /// The innermost table of fields; its ancestors hold those of the base classes.
     virtual const DxfClass* dxfClass() const;
+    /// The name of the object's records in drawing files: that of its class, for proxies that of the absent class.
+    virtual std::string_view dxfRecordName() const;
 
     // Copies.
 

@@ -23,6 +23,8 @@ public:
     Acad::ErrorStatus getName(ACHAR*& name) const;
     Acad::ErrorStatus getName(const ACHAR*& name) const;
     const CString& name() const { return mName; }
+    /// Group 70, as files have it.
+    int flags() const { return mFlags; }
     /// eInvalidSymbolTableName for a bad name, eDuplicateRecordName when the table has another record of that name.
     virtual Acad::ErrorStatus setName(const ACHAR* name);
     /// True when the record came from another drawing (an external reference).
@@ -132,6 +134,14 @@ protected:                                                                      
 }
 
 ACDB_SYMBOL_TABLE(RegApp);
+ACDB_SYMBOL_TABLE(Layer);
+ACDB_SYMBOL_TABLE(Linetype);
+ACDB_SYMBOL_TABLE(TextStyle);
+ACDB_SYMBOL_TABLE(View);
+ACDB_SYMBOL_TABLE(UCS);
+ACDB_SYMBOL_TABLE(Viewport);
+ACDB_SYMBOL_TABLE(DimStyle);
+ACDB_SYMBOL_TABLE(Block);
 
 class AcDbRegAppTableRecord : public AcDbSymbolTableRecord
 {
@@ -145,4 +155,81 @@ public:
 
 protected:
     bool isPermanent() const override { return mName.CompareNoCase(L"ACAD") == 0; }
+};
+
+class AcDbLayerTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbLayerTableRecord);
+    ACDB_STATE_MEMBERS(AcDbLayerTableRecord)
+    AcDbLayerTableRecord() = default;
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
+};
+
+class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbLinetypeTableRecord);
+    ACDB_STATE_MEMBERS(AcDbLinetypeTableRecord)
+    AcDbLinetypeTableRecord() = default;
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
+};
+
+class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbTextStyleTableRecord);
+    ACDB_STATE_MEMBERS(AcDbTextStyleTableRecord)
+    AcDbTextStyleTableRecord() = default;
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
+};
+
+class AcDbViewTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbViewTableRecord);
+    ACDB_STATE_MEMBERS(AcDbViewTableRecord)
+    AcDbViewTableRecord() = default;
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
+};
+
+class AcDbUCSTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbUCSTableRecord);
+    ACDB_STATE_MEMBERS(AcDbUCSTableRecord)
+    AcDbUCSTableRecord() = default;
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
+};
+
+class AcDbViewportTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbViewportTableRecord);
+    ACDB_STATE_MEMBERS(AcDbViewportTableRecord)
+    AcDbViewportTableRecord() = default;
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
+};
+
+class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbDimStyleTableRecord);
+    ACDB_STATE_MEMBERS(AcDbDimStyleTableRecord)
+    AcDbDimStyleTableRecord() = default;
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
 };

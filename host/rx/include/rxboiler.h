@@ -16,11 +16,14 @@
     static AcRxClass* gpDesc;                                                                                \
     static void rxInit()
 
+/// rxInit registers the bases first, so that classes may be registered in any order.
+
 /// Of a class with no objects of its own.
 #define ACRX_NO_CONS_DEFINE_MEMBERS(CLASS, PARENT)                                                           \
     AcRxClass* CLASS::gpDesc = nullptr;                                                                      \
     void CLASS::rxInit()                                                                                     \
     {                                                                                                        \
+        PARENT::rxInit();                                                                                    \
         if (!gpDesc) gpDesc = newAcRxClass(L"" #CLASS, PARENT::desc());                                      \
     }
 
@@ -30,6 +33,7 @@
     AcRxClass* CLASS::gpDesc = nullptr;                                                                      \
     void CLASS::rxInit()                                                                                     \
     {                                                                                                        \
+        PARENT::rxInit();                                                                                    \
         if (!gpDesc) gpDesc = newAcRxClass(L"" #CLASS, PARENT::desc(), 0, make##CLASS, L"");                 \
     }
 
@@ -39,6 +43,7 @@
     AcRxClass* CLASS::gpDesc = nullptr;                                                                      \
     void CLASS::rxInit()                                                                                     \
     {                                                                                                        \
+        PARENT::rxInit();                                                                                    \
         if (!gpDesc)                                                                                         \
             gpDesc = newAcRxClass(L"" #CLASS, PARENT::desc(), PROXYFLAGS, make##CLASS, L"" #DXFNAME, L"" #APP); \
     }

@@ -47,6 +47,8 @@ public:
     const wchar_t* name() const { return mName.c_str(); }
     /// The record name in drawing files; null for classes without one.
     const wchar_t* dxfName() const { return mDxfName.empty() ? nullptr : mDxfName.c_str(); }
+    /// The same in the bytes of files; empty for classes without one.
+    const std::string& dxfRecordName() const { return mDxfRecordName; }
     const wchar_t* appName() const { return mAppName.c_str(); }
     int proxyFlags() const { return mProxyFlags; }
     AcRxClass* myParent() const { return mParent; }
@@ -86,6 +88,7 @@ private:
     };
 
     std::wstring mName, mDxfName, mAppName;
+    std::string mDxfRecordName;
     AcRxClass* mParent = nullptr;
     AcRxObjectMaker mMaker = nullptr;
     int mProxyFlags = 0;

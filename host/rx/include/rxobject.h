@@ -21,6 +21,8 @@ public:
 
     /// The descriptor of AcRxObject itself; null before the class system is up and after it is down.
     static AcRxClass* desc();
+    /// The root is always registered.
+    static void rxInit() {}
     static AcRxObject* cast(const AcRxObject* object) { return const_cast<AcRxObject*>(object); }
 
     /// The descriptor of this object's own class.

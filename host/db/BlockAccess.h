@@ -1,0 +1,22 @@
+#pragma once
+
+/// How readers fill blocks.
+
+#include "dbblock.h"
+
+struct BlockAccess {
+    /// Lists an entity that has an owner and a stub already.
+    static void list(AcDbBlockTableRecord& block, AcDbObjectId entity) { block.mEntities.push_back(entity); }
+    static std::vector<AcDbObjectId>& entities(AcDbBlockTableRecord& block) { return block.mEntities; }
+    static AcDbObjectId& begin(AcDbBlockTableRecord& block) { return block.mBegin; }
+    static AcDbObjectId& end(AcDbBlockTableRecord& block) { return block.mEnd; }
+    static AcDbObjectId& layout(AcDbBlockTableRecord& block) { return block.mLayout; }
+    static const CString& comments(const AcDbBlockTableRecord& block) { return block.mComments; }
+    static const CString& pathName(const AcDbBlockTableRecord& block) { return block.mPathName; }
+    /// Group 70 of the block's head.
+    static int flagsFor(const AcDbBlockTableRecord& block);
+    /// Takes over what the block's head in a file says.
+    static void takeHead(AcDbBlockTableRecord& block, const AcDbBlockBegin& head);
+    static const CString& nameOf(const AcDbBlockBegin& head) { return head.mName; }
+    static int flagsOf(const AcDbBlockBegin& head) { return head.mFlags; }
+};

@@ -1,0 +1,69 @@
+/// Blocks in drawing files: the record of the table, and the head and end around its entities.
+
+#include "BlockAccess.h"
+#include "ClassRegistration.h"
+#include "DxfFields.h"
+#include "Stub.h"
+
+ACDB_DXF_CLASS(AcDbBlockBegin, AcDbEntity, BLOCK)
+ACDB_DXF_CLASS(AcDbBlockEnd, AcDbEntity, ENDBLK)
+ACDB_DXF_CLASS(AcDbSequenceEnd, AcDbEntity, SEQEND)
+
+namespace
+{
+const AcDbBlockTableRecord* recordOf(const AcDbObject& head)
+{
+    return AcDbBlockTableRecord::cast(residentObject(head.ownerId()));
+}
+
+void writeHead(const AcDbObject& head, const DxfField&, DxfSink& sink)
+{
+    const AcDbBlockTableRecord* block = recordOf(head);
+    if (!block) return;
+    const AcGePoint3d origin = block->origin();
+    sink.wide(2, block->name());
+    sink.integer(70, BlockAccess::flagsFor(*block));
+    sink.point(10, origin.x, origin.y, origin.z);
+    sink.wide(3, block->name());
+    sink.wide(1, BlockAccess::pathName(*block));
+    if (!BlockAccess::comments(*block).IsEmpty()) sink.wide(4, BlockAccess::comments(*block));
+}
+
+void skip(AcDbObject&, const DxfField&, DxfSource& source) { source.take(); }
+} // namespace
+
+int BlockAccess::flagsFor(const AcDbBlockTableRecord& block)
+{
+    return (block.mFlags & ~2) | (block.hasAttributeDefinitions() ? 2 : 0);
+}
+
+void BlockAccess::takeHead(AcDbBlockTableRecord& block, const AcDbBlockBegin& head)
+{
+    block.mFlags = head.mFlags;
+    block.mOrigin = head.mOrigin;
+    block.mPathName = head.mPathName;
+    block.mComments = head.mComments;
+}
+
+// What the head says is the record's; here it is read, and written from the record.
+const DxfClass AcDbBlockBegin::dxf("AcDbBlockBegin", &AcDbEntity::dxf,
+                                   {
+                                       dxf::text<&AcDbBlockBegin::mName>(2).readOnly(),
+                                       dxf::integer<&AcDbBlockBegin::mFlags>(70).readOnly(),
+                                       dxf::point<&AcDbBlockBegin::mOrigin>(10).readOnly(),
+                                       dxf::custom(3, skip, nullptr),
+                                       dxf::text<&AcDbBlockBegin::mPathName>(1).readOnly(),
+                                       dxf::text<&AcDbBlockBegin::mComments>(4).readOnly(),
+                                       dxf::custom(0, nullptr, writeHead),
+                                   });
+const DxfClass AcDbBlockEnd::dxf("AcDbBlockEnd", &AcDbEntity::dxf, {});
+const DxfClass AcDbSequenceEnd::dxf(nullptr, &AcDbEntity::dxf, {});
+
+const DxfClass AcDbBlockTableRecord::dxf("AcDbBlockTableRecord", &AcDbSymbolTableRecord::dxf,
+                                         {
+                                             dxf::text<&AcDbBlockTableRecord::mName>(2),
+                                             dxf::reference<&AcDbBlockTableRecord::mLayout>(340),
+                                             dxf::integer<&AcDbBlockTableRecord::mInsertUnits>(70).from(DxfVersion::r2007),
+                                             dxf::integer<&AcDbBlockTableRecord::mExplodable>(280).from(DxfVersion::r2007),
+                                             dxf::integer<&AcDbBlockTableRecord::mUniformScale>(281).from(DxfVersion::r2007),
+                                         });

@@ -1,0 +1,8 @@
+#pragma once
+
+/// Groups that the class of their object does not know: kept, and written back in their section.
+
+#include "DxfFields.h"
+
+void keepGroup(AcDbObject& object, const DxfClass* section, const DxfGroup& group);
+void writeKeptGroups(const AcDbObject& object, const DxfClass* section, DxfSink& sink);

@@ -1,0 +1,187 @@
+#include "DbObjectAccess.h"
+#include "DxfFields.h"
+#include "DxfKept.h"
+
+namespace
+{
+/// Stands for the part of a record before the sections, where groups are kept too.
+const DxfClass frameSection(nullptr, nullptr, {});
+
+/// Reads one record.
+class RecordReader
+{
+public:
+    RecordReader(AcDbObject& object, DxfSource& source) : mObject(object), mSource(source), mSection(object.dxfClass()) {}
+
+    DxfFrame read()
+    {
+        while (const DxfGroup* group = mSource.peek()) take(*group);
+        return mFrame;
+    }
+
+private:
+    void take(const DxfGroup& group)
+    {
+        if (group.code == 100) return enterSection(group);
+        if (group.code >= 1000) return takeXData(group);
+        if (!mSectionsKnown && takeFrame(group)) return;
+        if (const DxfField* field = fieldFor(group.code)) return field->read(mObject, *field, mSource);
+        keep(mSection, group);
+    }
+
+    void enterSection(const DxfGroup& group)
+    {
+        mSectionsKnown = true;
+        const DxfClass* own = mObject.dxfClass();
+        mSection = own ? own->sectionOf(group.text) : nullptr;
+        if (mSection) {
+            mSource.take();
+        } else {
+            keep(nullptr, group);
+        }
+    }
+
+    void keep(const DxfClass* section, const DxfGroup& group)
+    {
+        keepGroup(mObject, section, group);
+        mSource.take();
+    }
+
+    bool takeFrame(const DxfGroup& group)
+    {
+        switch (group.code) {
+        case 5:
+        case 105:
+            if (group.kind != DxfKind::handle) return false;
+            mFrame.handle = static_cast<std::uint64_t>(group.integer);
+            break;
+        case 330: mFrame.owner = mSource.stubOf(static_cast<std::uint64_t>(group.integer)); break;
+        case 102: takeBraces(group); return true;
+        default: return false;
+        }
+        mSource.take();
+        return true;
+    }
+
+    /// A list in braces: the reactors, the extension dictionary, or one of another application, which is kept.
+    void takeBraces(const DxfGroup& group)
+    {
+        if (group.text == "{ACAD_REACTORS") return takeReactors();
+        if (group.text == "{ACAD_XDICTIONARY") return takeExtensionDictionary();
+        keep(&frameSection, group);
+        while (const DxfGroup* inner = mSource.peek()) {
+            if (inner->code == 100) return;
+            const bool isEnd = inner->code == 102;
+            keep(&frameSection, *inner);
+            if (isEnd) return;
+        }
+    }
+
+    /// Calls `take` for each group of the list that is skipped; a list that is not closed ends with the frame.
+    template <class Take>
+    void forEachInBraces(Take take)
+    {
+        for (mSource.take(); const DxfGroup* group = mSource.peek(); mSource.take()) {
+            if (group->code == 102) return mSource.take();
+            if (group->code == 100) return;
+            take(*group);
+        }
+    }
+
+    void takeReactors()
+    {
+        std::vector<AcDbObjectId>& reactors = DbObjectAccess::needExtras(mObject).persistentReactors;
+        forEachInBraces([&](const DxfGroup& group) {
+            if (AcDbStub* stub = mSource.stubOf(static_cast<std::uint64_t>(group.integer))) reactors.push_back(stub);
+        });
+    }
+
+    void takeExtensionDictionary()
+    {
+        forEachInBraces([&](const DxfGroup& group) {
+            DbObjectAccess::needExtras(mObject).extensionDictionary =
+                mSource.stubOf(static_cast<std::uint64_t>(group.integer));
+        });
+    }
+
+    void takeXData(const DxfGroup& group)
+    {
+        std::vector<AppXData>& all = DbObjectAccess::needExtras(mObject).xdata;
+        if (group.code == 1001) {
+            all.push_back({mSource.recordOf(1001, group.text), {}});
+        } else if (mHasApplication) {
+            all.back().groups.append(group);
+        } else {
+            mSource.report(group, "extended data without an application");
+        }
+        mHasApplication |= group.code == 1001;
+        mSource.take();
+    }
+
+    /// The field that takes a group: of the section, or, in files without sections, of any class from the innermost
+    /// out.
+    const DxfField* fieldFor(int code) const
+    {
+        if (mSectionsKnown) return mSection ? mSection->fieldOf(code) : nullptr;
+        for (const DxfClass* at = mSection; at; at = at->base()) {
+            if (const DxfField* field = at->fieldOf(code)) return field;
+        }
+        return nullptr;
+    }
+
+    AcDbObject& mObject;
+    DxfSource& mSource;
+    const DxfClass* mSection;
+    bool mSectionsKnown = false;
+    bool mHasApplication = false;
+    DxfFrame mFrame;
+};
+
+void writeReactors(const DbObjectExtras& extras, DxfSink& sink)
+{
+    if (extras.persistentReactors.empty()) return;
+    sink.text(102, "{ACAD_REACTORS");
+    for (const AcDbObjectId reactor : extras.persistentReactors) sink.handle(330, reactor);
+    sink.text(102, "}");
+}
+
+void writeExtensionDictionary(const DbObjectExtras& extras, DxfSink& sink)
+{
+    if (extras.extensionDictionary.isNull()) return;
+    sink.text(102, "{ACAD_XDICTIONARY");
+    sink.handle(360, extras.extensionDictionary);
+    sink.text(102, "}");
+}
+
+void writeXData(const DbObjectExtras& extras, DxfSink& sink)
+{
+    for (const AppXData& data : extras.xdata) {
+        sink.record(1001, data.regapp);
+        writeGroups(data.groups, sink);
+    }
+}
+} // namespace
+
+DxfFrame dxfRead(AcDbObject& object, DxfSource& source) { return RecordReader(object, source).read(); }
+
+void dxfWrite(const AcDbObject& object, DxfSink& sink)
+{
+    if (const DxfClass* own = object.dxfClass()) own->write(object, sink);
+    writeKeptGroups(object, nullptr, sink);
+}
+
+void dxfWriteRecord(const AcDbObject& object, DxfSink& sink)
+{
+    const DbObjectExtras* extras = DbObjectAccess::extras(object);
+    const std::string_view name = object.dxfRecordName();
+    sink.text(0, name);
+    sink.rawHandle(name == "DIMSTYLE" ? 105 : 5, object.handle());
+    if (extras) {
+        writeExtensionDictionary(*extras, sink);
+        writeReactors(*extras, sink);
+        writeKeptGroups(object, &frameSection, sink);
+    }
+    sink.handle(330, object.ownerId());
+    dxfWrite(object, sink);
+    if (extras) writeXData(*extras, sink);
+}

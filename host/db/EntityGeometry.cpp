@@ -1,0 +1,128 @@
+/// The geometric members of AcDbEntity: what they check and hand on to the classes.
+
+#include "dbentity.h"
+
+#include "EntityAccess.h"
+#include "acgi.h"
+#include "gecurv3d.h"
+
+namespace
+{
+bool isFinite(const AcGeMatrix3d& matrix)
+{
+    for (const auto& row : matrix.entry) {
+        for (const double value : row) {
+            if (!std::isfinite(value)) return false;
+        }
+    }
+    return true;
+}
+
+bool areAllInRange(const AcDbIntArray& indices, int count)
+{
+    for (int i = 0; i < indices.length(); ++i) {
+        if (indices[i] < 0 || indices[i] >= count) return false;
+    }
+    return true;
+}
+} // namespace
+
+Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& xform)
+{
+    if (!isFinite(xform) || xform.isSingular()) return Acad::eInvalidInput;
+    const Acad::ErrorStatus status = beginChange();
+    return status == Acad::eOk ? subTransformBy(xform) : status;
+}
+
+Acad::ErrorStatus AcDbEntity::getTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copy) const
+{
+    copy = nullptr;
+    if (!isFinite(xform) || xform.isSingular()) return Acad::eInvalidInput;
+    return subGetTransformedCopy(xform, copy);
+}
+
+Acad::ErrorStatus AcDbEntity::subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copy) const
+{
+    std::unique_ptr<AcDbEntity> made(AcDbEntity::cast(clone()));
+    if (!made) return Acad::eNotImplementedYet;
+    const Acad::ErrorStatus status = made->subTransformBy(xform);
+    if (status == Acad::eOk) copy = made.release();
+    return status;
+}
+
+Acad::ErrorStatus AcDbEntity::explode(AcDbVoidPtrArray& entitySet) const
+{
+    const int before = entitySet.length();
+    const Acad::ErrorStatus status = subExplode(entitySet);
+    for (int i = before; i < entitySet.length(); ++i) {
+        EntityAccess::takeProperties(*static_cast<AcDbEntity*>(entitySet[i]), *this);
+    }
+    return status;
+}
+
+Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents& extents) const
+{
+    AcDbExtents found;
+    const Acad::ErrorStatus status = subGetGeomExtents(found);
+    if (status != Acad::eOk) return status;
+    if (found.isEmpty()) return Acad::eInvalidExtents;
+    extents = found;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbEntity::getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
+                                            AcDbIntArray& geomIds) const
+{
+    return subGetGripPoints(gripPoints, osnapModes, geomIds);
+}
+
+Acad::ErrorStatus AcDbEntity::moveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset)
+{
+    if (indices.isEmpty()) return Acad::eOk;
+    AcGePoint3dArray grips;
+    AcDbIntArray modes, ids;
+    const Acad::ErrorStatus known = subGetGripPoints(grips, modes, ids);
+    if (known == Acad::eOk && !areAllInRange(indices, grips.length())) return Acad::eInvalidIndex;
+    const Acad::ErrorStatus status = beginChange();
+    return status == Acad::eOk ? subMoveGripPointsAt(indices, offset) : status;
+}
+
+Acad::ErrorStatus AcDbEntity::subMoveGripPointsAt(const AcDbIntArray&, const AcGeVector3d& offset)
+{
+    return subTransformBy(AcGeMatrix3d().setToTranslation(offset));
+}
+
+Acad::ErrorStatus AcDbEntity::getStretchPoints(AcGePoint3dArray& stretchPoints) const
+{
+    AcDbIntArray modes, ids;
+    return subGetGripPoints(stretchPoints, modes, ids);
+}
+
+Acad::ErrorStatus AcDbEntity::moveStretchPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset)
+{
+    return moveGripPointsAt(indices, offset);
+}
+
+Acad::ErrorStatus AcDbEntity::getOsnapPoints(AcDb::OsnapMode osnapMode, Adesk::GsMarker, const AcGePoint3d& pickPoint,
+                                             const AcGePoint3d& lastPoint, const AcGeMatrix3d&,
+                                             AcGePoint3dArray& snapPoints, AcDbIntArray&) const
+{
+    return subGetOsnapPoints(osnapMode, pickPoint, lastPoint, snapPoints);
+}
+
+bool AcDbEntity::worldDraw(AcGiWorldDraw* draw) const
+{
+    if (!draw) return true;
+    AcGiSubEntityTraits& traits = draw->subEntityTraits();
+    traits.setLayer(layerId());
+    if (mColor.isByColor()) {
+        traits.setTrueColor(mColor);
+    } else {
+        traits.setColor(colorIndex());
+    }
+    traits.setLineType(linetypeId());
+    traits.setLineTypeScale(mLinetypeScale);
+    traits.setLineWeight(lineWeight());
+    traits.setTransparency(mTransparency);
+    return subWorldDraw(draw);
+}

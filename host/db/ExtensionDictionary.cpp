@@ -1,0 +1,4 @@
+#include "DbObjectAccess.h"
+#include "dbobject.h"
+
+AcDbObjectId AcDbObject::extensionDictionary() const { return mExtras ? mExtras->extensionDictionary : AcDbObjectId(); }

@@ -1,0 +1,8 @@
+#pragma once
+
+/// Arrays of object ids.
+
+#include "acarray.h"
+#include "dbid.h"
+
+using AcDbObjectIdArray = AcArray<AcDbObjectId>;

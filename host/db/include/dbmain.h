@@ -1,0 +1,11 @@
+#pragma once
+
+/// The core of the drawing database in one include.
+
+#include "dbapserv.h"
+#include "dbblock.h"
+#include "dbdatabase.h"
+#include "dbentity.h"
+#include "dbidar.h"
+#include "dbobject.h"
+#include "dbsymtb.h"
