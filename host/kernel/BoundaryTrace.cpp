@@ -1,0 +1,149 @@
+#include "BoundaryTrace.h"
+
+#include "AreaMoments.h"
+#include "CurveFactory.h"
+#include "CurvePart.h"
+#include "TraceSteps.h"
+
+#include <cmath>
+
+namespace kernel
+{
+using namespace gecore;
+
+namespace
+{
+using Owned = std::vector<std::unique_ptr<AcGeCurve2d>>;
+
+/// The curves as strands, with the curves that had to be made for them.
+class Input
+{
+public:
+    Input(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick, double tol) : mCurves(curves)
+    {
+        mReach.add(pick);
+        for (const TraceCurve& c : curves)
+            if (c.curve->form().isBounded()) mReach.add(flatBoxOf(c.curve->form()));
+        mTol = safeTolerance(tol, mReach);
+        for (std::size_t i = 0; i < curves.size(); ++i)
+            add(bounded(curves[i].curve->form()), static_cast<int>(i));
+    }
+
+    const std::vector<Strand>& strands() const { return mStrands; }
+    double tolerance() const { return mTol; }
+    double reach() const { return mReach.diagonal(); }
+    /// Adds the segments that close gaps.
+    void addBridges(Owned bridges)
+    {
+        for (auto& bridge : bridges) {
+            add(bridge->form(), kGapPiece);
+            mBridges.push_back(std::move(bridge));
+        }
+    }
+    bool hasBridges() const { return !mBridges.empty(); }
+    int indexOf(int source) const
+    {
+        return source < 0 ? kGapPiece : mCurves[static_cast<std::size_t>(source)].index;
+    }
+
+private:
+    CurveForm bounded(CurveForm form) const
+    {
+        if (form.kind != FormKind::kLine || form.isBounded() || !(form.u.length() > 0)) return form;
+        const AcGePoint3d middle((mReach.minX + mReach.maxX) / 2, (mReach.minY + mReach.maxY) / 2, 0);
+        const double speed = form.u.length(),
+                     foot = (middle - form.origin).dotProduct(form.u) / (speed * speed);
+        const double half = (mReach.diagonal() + 1) / speed;
+        form.lo = std::max(form.lo, foot - half);
+        form.hi = std::max(form.lo, std::min(form.hi, foot + half));
+        return form;
+    }
+
+    void add(const CurveForm& form, int source)
+    {
+        for (const Strand& strand : strandsOf(form, source, mTol))
+            mStrands.push_back(strand);
+    }
+
+    const std::vector<TraceCurve>& mCurves;
+    Owned mBridges;
+    Box2 mReach;
+    double mTol = 0;
+    std::vector<Strand> mStrands;
+};
+
+/// Neighbouring parts of one curve become one part.
+std::vector<TracePiece> piecesOf(Arrangement& plane, const Cycle& cycle, const Input& input)
+{
+    std::vector<TracePiece> pieces;
+    for (const CyclePart& part : partsOf(plane, cycle)) {
+        const CurveForm form = part.run.form;
+        const double lo = part.source(form.lo), hi = part.source(form.hi);
+        const bool forward = part.run.forward;
+        pieces.push_back(
+            {input.indexOf(part.strand->source), forward ? lo : hi, forward ? hi : lo, curveOf(part.run)});
+    }
+    return pieces;
+}
+
+TraceLoop loopOf(Arrangement& plane, const Cycle& cycle, int depth, const Input& input)
+{
+    return {piecesOf(plane, cycle, input), areaOf(runsOf(plane, cycle)), depth};
+}
+
+/// The widest segment over a gap that a boundary needs.
+void reportGap(Arrangement& plane, const Cycle& outer, TraceResult& result)
+{
+    for (const HalfEdge& h : outer) {
+        const CurveForm& form = plane.strand(h.strand).form;
+        if (plane.strand(h.strand).source != kGapPiece) continue;
+        const AcGePoint3d a = startOf(form), b = endOf(form);
+        if (a.distanceTo(b) <= result.gapWidth) continue;
+        result.gapWidth = a.distanceTo(b);
+        result.gapPoint = {(a.x + b.x) / 2, (a.y + b.y) / 2};
+    }
+}
+
+/// Nothing was found: it may be that only gaps are to blame.
+TraceResult explained(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick,
+                      const TraceOptions& options)
+{
+    TraceResult result;
+    Input input(curves, pick, options.tolerance);
+    input.addBridges(bridgesOver(input.strands(), input.tolerance(), input.reach()));
+    if (!input.hasBridges()) return result;
+    Arrangement plane(input.strands(), input.tolerance());
+    const Enclosure closed = enclosureOf(plane, pick);
+    if (closed.status != TraceStatus::kOk) return result;
+    reportGap(plane, closed.outer, result);
+    if (result.gapWidth > 0) result.status = TraceStatus::kGap;
+    return result;
+}
+
+bool areUsable(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick)
+{
+    for (const TraceCurve& c : curves)
+        if (!c.curve || !isFinite(c.curve->form())) return false;
+    return std::isfinite(pick.x) && std::isfinite(pick.y);
+}
+} // namespace
+
+TraceResult traceBoundary(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick,
+                          const TraceOptions& options)
+{
+    TraceResult result;
+    result.status = TraceStatus::kBadCurve;
+    if (!areUsable(curves, pick)) return result;
+    Input input(curves, pick, options.tolerance);
+    if (options.gap > 0) input.addBridges(bridgesOver(input.strands(), input.tolerance(), options.gap));
+    Arrangement plane(input.strands(), input.tolerance());
+    const Enclosure enclosure = enclosureOf(plane, pick);
+    result.status = enclosure.status;
+    if (result.status == TraceStatus::kOutside) return explained(curves, pick, options);
+    if (result.status != TraceStatus::kOk) return result;
+    result.loops.push_back(loopOf(plane, enclosure.outer, 0, input));
+    for (const Island& island : islandsIn(plane, enclosure, options.islands))
+        result.loops.push_back(loopOf(plane, island.cycle, island.depth, input));
+    return result;
+}
+} // namespace kernel
