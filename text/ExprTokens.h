@@ -4,6 +4,7 @@
 
 #include "ExprOperators.h"
 
+#include <cstddef>
 #include <string_view>
 
 namespace expression
@@ -40,8 +41,8 @@ private:
 
     const char* m_at;
     const char* m_end;
-    int m_pendingOperands = 0; ///< read, and not yet taken by an operator
-    int m_openParentheses = 0;
+    std::ptrdiff_t m_pendingOperands = 0; ///< read, and not yet taken by an operator
+    std::ptrdiff_t m_openParentheses = 0;
 };
 
 /// The value of a run of digits and points, up to the second point: 0 when it has no digit, the largest
