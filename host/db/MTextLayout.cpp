@@ -9,8 +9,6 @@ namespace
 {
 /// Baselines are this many heights apart at a factor of 1 (documented for both kinds of spacing).
 constexpr double spacingOfHeights = 5.0 / 3;
-/// Between the parts of a stack, in heights.
-constexpr double stackGap = 0.3;
 
 using Paragraphs = std::vector<MTextParagraph>;
 
@@ -41,12 +39,11 @@ public:
 private:
     void add(MTextLine&& line, const MTextParagraph& paragraph)
     {
-        const double step = spacingOfHeights * factor();
-        const bool isExact = mBox.spacing == LineSpacing::exactly && !mLines.empty();
+        const bool isExact = mBox.spacing == LineSpacing::exactly;
         const double height = isExact ? mUnit : line.height;
-        const double baseline = mTop - height;
-        mTop = baseline + mUnit - step * mUnit;
-        if (mBox.spacing != LineSpacing::exactly) mTop = baseline + height - step * height;
+        // The first line begins at the top of its own characters, whatever the spacing.
+        const double baseline = mTop - (isExact && !mLines.empty() ? mUnit : line.rise);
+        mTop = baseline - (isExact ? 0 : line.drop) - (spacingOfHeights * factor() - 1) * height;
         mLines.push_back({std::move(line), &paragraph, baseline});
     }
     double factor() const
@@ -76,12 +73,6 @@ ParagraphAlignment alignmentOf(const MTextParagraph& paragraph, Attachment attac
                                               ParagraphAlignment::right};
     const ParagraphAlignment own = paragraph.format.alignment;
     return own == ParagraphAlignment::byAttachment ? columns[columnOf(attachment)] : own;
-}
-
-/// How far a part of this height is above the baseline of its line.
-double riseOf(LinePlace place, double lineHeight, double height)
-{
-    return place == LinePlace::bottom ? 0 : (lineHeight - height) * (place == LinePlace::middle ? 0.5 : 1);
 }
 
 /// Puts the atoms of a line into fragments.
@@ -120,8 +111,7 @@ private:
     }
     void stack(const MTextPiece& piece, double width)
     {
-        const double h = piece.format.height,
-                     total = piece.stack == StackKind::slash ? 1.5 * h : (2 + stackGap) * h;
+        const double h = piece.format.height, total = stackHeight(piece);
         const double bottom = mPen.y + riseOf(piece.format.place, mHeight, total);
         const Font& font = fontNamed(piece.format.font);
         const double upper = advanceOf(font, lookOf(piece.format), piece.text);
@@ -215,7 +205,7 @@ MTextLayout layoutMText(std::wstring_view contents, const MTextFormat& format, c
         reach = std::max(reach, placed.line.indent + placed.line.width);
     }
     layout.lineCount = static_cast<int>(lines.size());
-    layout.height = -lines.back().baseline;
+    layout.height = lines.back().line.drop - lines.back().baseline;
     const double frameWidth = box.width > 0 ? box.width : reach;
     const AcGeVector2d shift = frame(layout, box, frameWidth);
     for (const PlacedLine& placed : lines)

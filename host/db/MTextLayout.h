@@ -22,7 +22,7 @@ enum class Attachment {
 
 /// How far lines are apart (group 73).
 enum class LineSpacing {
-    atLeast = 1, ///< by their own highest characters
+    atLeast = 1, ///< by their own highest characters and stacks
     exactly = 2  ///< by the height of the multiline text
 };
 
@@ -55,8 +55,8 @@ struct MTextLayout {
     std::vector<MTextFragment> fragments;
     std::vector<MTextRule> rules;
     int lineCount = 0;
-    double width = 0;     ///< of the longest line, without the blanks at its end
-    double height = 0;    ///< from the top of the first line to the last baseline
+    double width = 0;  ///< of the longest line, without the blanks at its end
+    double height = 0; ///< from the top of the first line to the last baseline, or a stack's bottom below it
     AcGePoint2d min, max; ///< the frame around the lines: `height` high, `width` wide
 };
 

@@ -175,8 +175,20 @@ private:
         for (const MTextAtom& atom : mLine.atoms)
             heighten(atom);
         if (mLine.height == 0) mLine.height = mParagraph.endFormat.height;
+        reach();
         mLine.width = mPlace - mLine.indent;
         mLines.push_back(std::move(mLine));
+    }
+    void reach()
+    {
+        mLine.rise = mLine.height;
+        for (const MTextAtom& atom : mLine.atoms) {
+            if (atom.kind != AtomKind::stack) continue;
+            const double height = stackHeight(*atom.piece);
+            const double bottom = riseOf(atom.piece->format.place, mLine.height, height);
+            mLine.rise = std::max(mLine.rise, bottom + height);
+            mLine.drop = std::max(mLine.drop, -bottom);
+        }
     }
     void heighten(const MTextAtom& atom) { mLine.height = std::max(mLine.height, atom.piece->format.height); }
 
@@ -186,6 +198,16 @@ private:
     std::vector<MTextLine> mLines;
 };
 } // namespace
+
+double riseOf(LinePlace place, double lineHeight, double height)
+{
+    return place == LinePlace::bottom ? 0 : (lineHeight - height) * (place == LinePlace::middle ? 0.5 : 1);
+}
+
+double stackHeight(const MTextPiece& piece)
+{
+    return piece.format.height * (piece.stack == StackKind::slash ? 1.5 : 2 + stackGap);
+}
 
 Look lookOf(const MTextFormat& format)
 {

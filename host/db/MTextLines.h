@@ -22,9 +22,18 @@ struct MTextLine {
     std::vector<MTextAtom> atoms; ///< without the blanks at the end
     double width = 0;             ///< drawing units
     double height = 0;            ///< of its highest characters
+    double rise = 0, drop = 0;    ///< how far it reaches above and, with a stack, below its baseline
     double indent = 0;            ///< from the left edge of the frame
     bool endsParagraph = false;
 };
+
+/// How far above the baseline the bottom of something `height` high stands in a line `lineHeight` high.
+double riseOf(LinePlace place, double lineHeight, double height);
+
+/// The parts of a stack, one above the other or across, in drawing units.
+double stackHeight(const MTextPiece& piece);
+/// Between the parts of a stack, in heights.
+constexpr double stackGap = 0.3;
 
 /// The look of a format's characters.
 Look lookOf(const MTextFormat& format);

@@ -116,10 +116,20 @@ bool* switched(TextLines& lines, std::wstring_view text, std::size_t at)
     }
 }
 
-void append(std::vector<TextRun>& runs, const TextLines& lines, std::uint32_t character)
+/// The text that further characters with these lines go to.
+std::wstring& openText(std::vector<TextRun>& runs, const TextLines& lines)
 {
     if (runs.empty() || !(runs.back().lines == lines)) runs.push_back({{}, lines});
-    appendCharacter(runs.back().text, character);
+    return runs.back().text;
+}
+
+/// How many characters from text[at], one at least, hold no start of a code behind the first.
+std::size_t plainLength(std::wstring_view text, std::size_t at)
+{
+    std::size_t end = at + 1;
+    while (end < text.size() && text[end] != L'%' && text[end] != L'\\')
+        ++end;
+    return end - at;
 }
 } // namespace
 
@@ -160,10 +170,12 @@ std::vector<TextRun> decodeTextCodes(std::wstring_view text)
             *line = !*line;
             at += 3;
         } else if (const CodedCharacter coded = codedCharacter(text, at); coded.length) {
-            append(runs, lines, coded.character);
+            appendCharacter(openText(runs, lines), coded.character);
             at += coded.length;
         } else {
-            append(runs, lines, takeCharacter(text, at));
+            const std::size_t length = plainLength(text, at);
+            openText(runs, lines) += text.substr(at, length);
+            at += length;
         }
     }
     return runs;

@@ -145,11 +145,14 @@ TEST(MTextLayout, LowerTextStandsAtItsPlaceInTheLine)
 
 TEST(MTextLayout, FractionsHaveABarBetweenTheirParts)
 {
-    const MTextLayout layout = laidOut(L"\\A1;x\\S1/100;y");
-    ASSERT_EQ(texts(layout), (Texts{L"x", L"1", L"100", L"y"}));
+    const MTextLayout layout = laidOut(L"\\A1;x\\S1/100;y\\Pz");
+    ASSERT_EQ(texts(layout), (Texts{L"x", L"1", L"100", L"y", L"z"}));
     ASSERT_EQ(layout.rules.size(), 1u);
     const TextBar& bar = layout.rules[0].bar;
-    EXPECT_NEAR(bar.start.y, -1.5, 1e-9); // the middle of the line
+    // 2.3 heights, 6.9, about the middle of the line: from the top to the baseline are 1.5 + 3.45.
+    EXPECT_NEAR(bar.start.y, -3.45, 1e-9);
+    EXPECT_NEAR(layout.fragments[0].position.y, -4.95, 1e-9);
+    EXPECT_NEAR(layout.fragments[4].position.y, -6.9 - 2 - 3, 1e-9); // the gap of two thirds, and z itself
     EXPECT_NEAR(bar.end.x - bar.start.x, widthOf(L"100"), 1e-9);
     EXPECT_GT(layout.fragments[1].position.y, bar.start.y);
     EXPECT_LT(layout.fragments[2].position.y + 3, bar.start.y);
