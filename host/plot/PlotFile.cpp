@@ -1,4 +1,5 @@
 #include "PlotFile.h"
+#include "PngImage.h"
 
 #include <cairo-pdf.h>
 #include <cairo-svg.h>
@@ -98,19 +99,20 @@ PlotStatus PlotFile::status() const
 PlotStatus PlotFile::finish()
 {
     PlotStatus result = status();
-    if (result == PlotStatus::done) {
-        cairo_status_t written = CAIRO_STATUS_SUCCESS;
-        if (mFormat == PlotFormat::png) {
-            written = cairo_surface_write_to_png_stream(mSurface, append, mFile.get());
-        } else {
-            cairo_surface_finish(mSurface);
-            written = cairo_surface_status(mSurface);
-        }
-        result = written == CAIRO_STATUS_SUCCESS ? statusOf(mFile->commit()) : status();
-        if (written != CAIRO_STATUS_SUCCESS && result == PlotStatus::done) result = PlotStatus::failed;
+    if (result == PlotStatus::done && !writeRest()) {
+        result = status();
+        if (result == PlotStatus::done) result = PlotStatus::failed;
     }
+    if (result == PlotStatus::done) result = statusOf(mFile->commit());
     discard();
     return result;
+}
+
+bool PlotFile::writeRest()
+{
+    if (mFormat == PlotFormat::png) return writePng(mSurface, mScale * 25.4, *mFile);
+    cairo_surface_finish(mSurface);
+    return cairo_surface_status(mSurface) == CAIRO_STATUS_SUCCESS;
 }
 
 void PlotFile::discard()

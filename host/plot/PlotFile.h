@@ -40,6 +40,7 @@ private:
     PlotStatus open();
     cairo_surface_t* newSurface();
     PlotStatus status() const;
+    bool writeRest();
 
     std::wstring mPath;
     PlotFormat mFormat;
