@@ -5,6 +5,7 @@
 #include "DatabaseState.h"
 #include "DbObjectAccess.h"
 #include "EntityAccess.h"
+#include "NamedObjects.h"
 #include "SymbolTableAccess.h"
 
 #include <algorithm>
@@ -88,6 +89,7 @@ AcDbDatabase::AcDbDatabase() : mState(std::make_unique<DatabaseState>(this))
 {
     addTables(*this, *mState);
     addFirstRecords(*this, *mState);
+    mState->namedObjects = addNamedObjects(*this);
 }
 
 AcDbDatabase::~AcDbDatabase()

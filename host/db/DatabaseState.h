@@ -11,6 +11,7 @@ struct DatabaseState {
     AcDbObjectId blockTable, layerTable, linetypeTable, textStyleTable, dimStyleTable, ucsTable, viewTable,
         viewportTable, regAppTable;
     AcDbObjectId layerZero, byLayer, byBlock, continuous, modelSpace, paperSpace;
+    AcDbObjectId namedObjects; ///< the dictionary of all dictionaries
 
     // What new entities get.
     AcDbObjectId clayer, celtype;

@@ -4,6 +4,7 @@
 #include "DatabaseHooks.h"
 #include "DbObjectAccess.h"
 #include "ObjectNotices.h"
+#include "OwnedObjects.h"
 
 ACDB_ABSTRACT_CLASS(AcDbObject, AcRxObject)
 ACDB_ABSTRACT_CLASS(AcDbObjectReactor, AcRxObject)
@@ -101,7 +102,10 @@ Acad::ErrorStatus AcDbObject::cancel()
 {
     if (!mOpenForWrite) return close();
     // An object added in this very opening never was: erased is the nearest state that ids can still ask about.
-    if (mIsNew || mEraseToggled) static_cast<AcDbStub*>(mStub)->erased = mIsNew || !isErased();
+    if (mIsNew || mEraseToggled) {
+        static_cast<AcDbStub*>(mStub)->erased = mIsNew || !isErased();
+        owned::followErase(*this, isErased());
+    }
     if (mExtras && mExtras->before) {
         subCancel(*mExtras->before);
         assignState(*mExtras->before);
@@ -134,6 +138,7 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
     assertWriteEnabled();
     mEraseToggled = !mEraseToggled;
     static_cast<AcDbStub*>(mStub)->erased = erasing;
+    owned::followErase(*this, erasing);
     notices::erased(*this, erasing);
     return Acad::eOk;
 }

@@ -49,9 +49,6 @@ Acad::ErrorStatus AcDbBlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray&,
     return Acad::eNotImplementedYet;
 }
 
-Acad::ErrorStatus AcDbObject::createExtensionDictionary() { return Acad::eNotImplementedYet; }
-Acad::ErrorStatus AcDbObject::releaseExtensionDictionary() { return Acad::eNotImplementedYet; }
-
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId) { return Acad::eNotImplementedYet; }
 Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId) { return Acad::eNotImplementedYet; }
 Acad::ErrorStatus AcDbDatabase::setCecolor(const AcCmColor&) { return Acad::eNotImplementedYet; }

@@ -11,6 +11,8 @@
 
 #include <memory>
 
+class AcDbDictionary;
+class AcDbDictionaryWithDefault;
 struct DatabaseState;
 
 class AcDbDatabase : public AcRxObject
@@ -71,6 +73,35 @@ public:
     AcDbObjectId viewTableId() const;
     AcDbObjectId viewportTableId() const;
     AcDbObjectId regAppTableId() const;
+
+    // The dictionaries, opened as asked: the statuses of acdbOpenObject; eKeyNotFound when the drawing has none.
+
+    Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getColorDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getGroupDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getLayoutDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getMaterialDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getMLeaderStyleDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getMLStyleDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getPlotSettingsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getScaleListDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getTableStyleDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getVisualStyleDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
+    Acad::ErrorStatus getPlotStyleNameDictionary(AcDbDictionaryWithDefault*& dictionary,
+                                                 AcDb::OpenMode mode = AcDb::kForRead);
+
+    AcDbObjectId namedObjectsDictionaryId() const;
+    AcDbObjectId colorDictionaryId() const;
+    AcDbObjectId groupDictionaryId() const;
+    AcDbObjectId layoutDictionaryId() const;
+    AcDbObjectId materialDictionaryId() const;
+    AcDbObjectId mleaderStyleDictionaryId() const;
+    AcDbObjectId mLStyleDictionaryId() const;
+    AcDbObjectId plotSettingsDictionaryId() const;
+    AcDbObjectId plotStyleNameDictionaryId() const;
+    AcDbObjectId scaleListDictionaryId() const;
+    AcDbObjectId tableStyleDictionaryId() const;
+    AcDbObjectId visualStyleDictionaryId() const;
 
     // Records that every drawing has.
 

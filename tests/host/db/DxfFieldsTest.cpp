@@ -1,53 +1,10 @@
 #include "DxfFields.h"
 
 #include "DatabaseFixture.h"
-#include "PackedGroups.h"
+#include "RecordLists.h"
 
 namespace
 {
-/// Gives the groups of a list, as a file would.
-class ListSource : public DxfSource
-{
-public:
-    explicit ListSource(const PackedGroups& groups) : mGroups(groups) { take(); }
-    const DxfGroup* peek() override { return mMore ? &mGroup : nullptr; }
-    void take() override { mMore = mGroups.read(mAt, mGroup); }
-    AcDbStub* stubOf(std::uint64_t) override { return nullptr; }
-    AcDbStub* recordOf(int, std::string_view) override { return nullptr; }
-    void report(const DxfGroup&, const char*) override {}
-
-private:
-    const PackedGroups& mGroups;
-    std::size_t mAt = 0;
-    DxfGroup mGroup;
-    bool mMore = false;
-};
-
-class ListSink : public DxfSink
-{
-public:
-    explicit ListSink(DxfVersion version) : mVersion(version) {}
-    void real(int code, double value) override { groups.appendReal(code, value); }
-    void integer(int code, std::int64_t value) override { groups.appendInteger(code, value); }
-    void text(int code, std::string_view utf8) override { groups.appendText(code, utf8); }
-    void handle(int code, AcDbStub*) override { groups.appendHandle(code, 0); }
-    void binary(int code, std::string_view bytes) override { groups.appendBinary(code, bytes); }
-    void rawHandle(int code, std::uint64_t value) override { groups.appendHandle(code, value); }
-    int version() const override { return static_cast<int>(mVersion); }
-
-    PackedGroups groups;
-
-private:
-    DxfVersion mVersion;
-};
-
-PackedGroups written(const AcDbObject& object, DxfVersion version)
-{
-    ListSink sink(version);
-    dxfWrite(object, sink);
-    return sink.groups;
-}
-
 /// A record as newer programs write it: with groups and a section that the class does not know.
 PackedGroups recordOfTheFuture()
 {

@@ -1,0 +1,21 @@
+#pragma once
+
+/// How readers and owners reach into dictionaries.
+
+#include "dbdict.h"
+
+struct DictionaryAccess {
+    /// Lists an object that has an owner already; `code` is the group that named it.
+    static void list(AcDbDictionary& dictionary, const CString& name, AcDbObjectId id, int code = 0)
+    {
+        dictionary.add(name, id, code);
+    }
+    /// Calls `visit(name, id, code)` for each entry, erased ones too, in the order they were added.
+    template <class Visit>
+    static void forEach(const AcDbDictionary& dictionary, Visit visit)
+    {
+        for (const AcDbDictionary::Entry& entry : dictionary.mEntries) visit(entry.name, entry.id, entry.code);
+    }
+    /// Forgets the entries whose objects are erased.
+    static void dropErased(AcDbDictionary& dictionary);
+};

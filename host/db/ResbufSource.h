@@ -1,0 +1,45 @@
+#pragma once
+
+/// Groups read from a list (resbuf): points are taken apart into coordinates, entity names and texts of handles become
+/// handles.
+
+#include "DxfGroup.h"
+#include "acutads.h"
+
+#include <string>
+
+class AcDbDatabase;
+
+class ResbufSource : public DxfSource
+{
+public:
+    /// Reads from `chain` up to the first node of code `end` (by default the whole chain). References are resolved in
+    /// `database`, which may be null.
+    ResbufSource(const resbuf* chain, AcDbDatabase* database, int end = noCode);
+
+    const DxfGroup* peek() override { return mMore ? &mGroup : nullptr; }
+    void take() override;
+    AcDbStub* stubOf(std::uint64_t handle) override;
+    /// Null for a name that the database does not have, which counts as a fault; a layer is made.
+    AcDbStub* recordOf(int code, std::string_view name) override;
+    void report(const DxfGroup&, const char*) override { mHasFault = true; }
+
+    /// True when the chain held something that is no group, or its reader complained.
+    bool hasFault() const { return mHasFault; }
+
+private:
+    static constexpr int noCode = -100;
+
+    void load();
+    bool loadValue();
+    bool loadText();
+
+    const resbuf* mNode;
+    AcDbDatabase* mDatabase;
+    int mEnd;
+    int mCoordinate = 0; ///< of the point that is being taken apart
+    DxfGroup mGroup;
+    std::string mText;
+    bool mMore = false;
+    bool mHasFault = false;
+};
