@@ -13,6 +13,8 @@ namespace
 {
 /// Meetings of the same place, found from several pairs of curves, differ by less than this many tolerances.
 constexpr double kSnap = 4;
+/// The width of a cell of the grid of vertices in such distances: most places are near to one cell only.
+constexpr double kCell = 32;
 /// Directions closer than this are told apart by their course and not by their tangents.
 constexpr double kClearAngle = 1e-3;
 
@@ -39,18 +41,29 @@ std::uint64_t cellKey(double x, double y)
 
 Arrangement::Arrangement(std::vector<Strand> strands, double tol)
     : mStrands(std::move(strands)), mBoxes(boxesOf(mStrands)), mTree(mBoxes), mTol(tol),
-      mNodes(mStrands.size())
+      mNodeOf(mStrands.size(), -1)
 {
+}
+
+Arrangement::Node& Arrangement::node(int i)
+{
+    int& at = mNodeOf[static_cast<std::size_t>(i)];
+    if (at < 0) {
+        at = static_cast<int>(mNodes.size());
+        mNodes.emplace_back();
+    }
+    return mNodes[static_cast<std::size_t>(at)];
 }
 
 int Arrangement::vertexAt(const AcGePoint2d& p)
 {
-    const double cell = kSnap * mTol, column = std::floor(p.x / cell), row = std::floor(p.y / cell);
+    const double reach = kSnap * mTol, cell = kCell * reach;
+    const auto index = [&](double x) { return std::floor(x / cell); };
     int best = -1;
-    double least = cell;
-    for (int i = -1; i <= 1; ++i)
-        for (int j = -1; j <= 1; ++j) {
-            const auto range = mCells.equal_range(cellKey(column + i, row + j));
+    double least = reach;
+    for (double column = index(p.x - reach); column <= index(p.x + reach); ++column)
+        for (double row = index(p.y - reach); row <= index(p.y + reach); ++row) {
+            const auto range = mCells.equal_range(cellKey(column, row));
             for (auto it = range.first; it != range.second; ++it) {
                 const double distance = point(it->second).distanceTo(p);
                 if (distance > least) continue;
@@ -61,7 +74,7 @@ int Arrangement::vertexAt(const AcGePoint2d& p)
     if (best >= 0) return best;
     mVertices.push_back(p);
     best = static_cast<int>(mVertices.size()) - 1;
-    mCells.emplace(cellKey(column, row), best);
+    mCells.emplace(cellKey(index(p.x), index(p.y)), best);
     return best;
 }
 
@@ -190,6 +203,8 @@ std::vector<HalfEdge> Arrangement::leaving(int vertex)
     Box2 place;
     place.add(point(vertex));
     mTree.eachIn(place.grown(2 * kSnap * mTol), [&](int i) {
+        // The boxes of long curves lie around most vertices.
+        if (!isNear(strand(i).form, point(vertex), 2 * kSnap * mTol)) return;
         const int count = static_cast<int>(events(i).size());
         for (int k = 0; k < count; ++k) {
             if (node(i).events[static_cast<std::size_t>(k)].vertex != vertex) continue;

@@ -6,6 +6,7 @@
 #include "Winding.h"
 
 #include <cstdint>
+#include <deque>
 #include <unordered_map>
 
 namespace kernel
@@ -19,9 +20,9 @@ struct Strand {
     double sourceParam(double t) const { return offset + scale * t; }
 };
 
-/// The strands of a bounded curve: composite curves fall into their parts, splines are cut where they turn
-/// so much that they could cross themselves. Parts shorter than tol are left out.
-std::vector<Strand> strandsOf(const gecore::CurveForm& form, int source, double tol);
+/// Adds the strands of a bounded curve: composite curves fall into their parts, splines are cut where they
+/// turn so much that they could cross themselves. Parts shorter than tol are left out.
+void addStrands(const gecore::CurveForm& form, int source, double tol, std::vector<Strand>& strands);
 
 /// One side of an edge: the edge between two neighbouring events of a strand, and a direction. The side meant
 /// is the left one.
@@ -92,7 +93,7 @@ private:
         bool done = false;
     };
 
-    Node& node(int i) { return mNodes[static_cast<std::size_t>(i)]; }
+    Node& node(int i);
     int vertexAt(const AcGePoint2d& p);
     void meetStrands(int first, int second);
     void addMeeting(int first, double s, int second, double t);
@@ -108,7 +109,8 @@ private:
     std::vector<Box2> mBoxes;
     BoxTree mTree;
     double mTol;
-    std::vector<Node> mNodes;
+    std::deque<Node> mNodes;  ///< of the strands that were touched
+    std::vector<int> mNodeOf; ///< -1 for the others
     std::vector<AcGePoint2d> mVertices;
     std::unordered_multimap<std::uint64_t, int> mCells; ///< vertices by the cell of the grid that they are in
     std::unordered_map<int, std::vector<HalfEdge>> mFans;

@@ -25,11 +25,13 @@ public:
         for (const TraceCurve& c : curves)
             if (c.curve->form().isBounded()) mReach.add(flatBoxOf(c.curve->form()));
         mTol = safeTolerance(tol, mReach);
+        mStrands.reserve(curves.size());
         for (std::size_t i = 0; i < curves.size(); ++i)
             add(bounded(curves[i].curve->form()), static_cast<int>(i));
     }
 
     const std::vector<Strand>& strands() const { return mStrands; }
+    std::vector<Strand> takeStrands() { return std::move(mStrands); }
     double tolerance() const { return mTol; }
     double reach() const { return mReach.diagonal(); }
     /// Adds the segments that close gaps.
@@ -59,11 +61,7 @@ private:
         return form;
     }
 
-    void add(const CurveForm& form, int source)
-    {
-        for (const Strand& strand : strandsOf(form, source, mTol))
-            mStrands.push_back(strand);
-    }
+    void add(const CurveForm& form, int source) { addStrands(form, source, mTol, mStrands); }
 
     const std::vector<TraceCurve>& mCurves;
     Owned mBridges;
@@ -112,7 +110,7 @@ TraceResult explained(const std::vector<TraceCurve>& curves, const AcGePoint2d& 
     Input input(curves, pick, options.tolerance);
     input.addBridges(bridgesOver(input.strands(), input.tolerance(), input.reach()));
     if (!input.hasBridges()) return result;
-    Arrangement plane(input.strands(), input.tolerance());
+    Arrangement plane(input.takeStrands(), input.tolerance());
     const Enclosure closed = enclosureOf(plane, pick);
     if (closed.status != TraceStatus::kOk) return result;
     reportGap(plane, closed.outer, result);
@@ -136,7 +134,7 @@ TraceResult traceBoundary(const std::vector<TraceCurve>& curves, const AcGePoint
     if (!areUsable(curves, pick)) return result;
     Input input(curves, pick, options.tolerance);
     if (options.gap > 0) input.addBridges(bridgesOver(input.strands(), input.tolerance(), options.gap));
-    Arrangement plane(input.strands(), input.tolerance());
+    Arrangement plane(input.takeStrands(), input.tolerance());
     const Enclosure enclosure = enclosureOf(plane, pick);
     result.status = enclosure.status;
     if (result.status == TraceStatus::kOutside) return explained(curves, pick, options);

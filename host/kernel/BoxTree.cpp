@@ -1,7 +1,6 @@
 #include "BoxTree.h"
 
 #include <cmath>
-#include <numeric>
 
 namespace kernel
 {
@@ -43,11 +42,11 @@ Box2 flatBoxOf(const gecore::CurveForm& form)
     return {box.min.x, box.min.y, box.max.x, box.max.y};
 }
 
-BoxTree::BoxTree(const std::vector<Box2>& boxes) : mOrder(boxes.size())
+BoxTree::BoxTree(const std::vector<Box2>& boxes)
 {
-    std::iota(mOrder.begin(), mOrder.end(), 0);
     sortTiles(boxes);
     mLevels.emplace_back();
+    mLevels[0].reserve(boxes.size());
     for (const int i : mOrder) {
         mLevels[0].push_back(boxes[static_cast<std::size_t>(i)]);
         mTotal.add(mLevels[0].back());
@@ -63,16 +62,22 @@ BoxTree::BoxTree(const std::vector<Box2>& boxes) : mOrder(boxes.size())
 
 void BoxTree::sortTiles(const std::vector<Box2>& boxes)
 {
-    const auto box = [&](int i) -> const Box2& { return boxes[static_cast<std::size_t>(i)]; };
-    std::sort(mOrder.begin(), mOrder.end(),
-              [&](int i, int j) { return box(i).minX + box(i).maxX < box(j).minX + box(j).maxX; });
+    std::vector<std::pair<double, int>> keys;
+    keys.reserve(boxes.size());
+    for (const Box2& b : boxes)
+        keys.emplace_back(b.minX + b.maxX, static_cast<int>(keys.size()));
+    std::sort(keys.begin(), keys.end());
+    for (auto& [key, index] : keys) {
+        const Box2& b = boxes[static_cast<std::size_t>(index)];
+        key = b.minY + b.maxY;
+    }
     const double leaves = std::ceil(static_cast<double>(boxes.size()) / static_cast<double>(kFan));
     const std::size_t strip = kFan * static_cast<std::size_t>(std::max(1.0, std::ceil(std::sqrt(leaves))));
-    for (std::size_t from = 0; from < mOrder.size(); from += strip) {
-        const auto first = mOrder.begin() + static_cast<std::ptrdiff_t>(from);
-        const auto last = mOrder.begin() + static_cast<std::ptrdiff_t>(std::min(from + strip, mOrder.size()));
-        std::sort(first, last,
-                  [&](int i, int j) { return box(i).minY + box(i).maxY < box(j).minY + box(j).maxY; });
-    }
+    for (std::size_t from = 0; from < keys.size(); from += strip)
+        std::sort(keys.begin() + static_cast<std::ptrdiff_t>(from),
+                  keys.begin() + static_cast<std::ptrdiff_t>(std::min(from + strip, keys.size())));
+    mOrder.reserve(keys.size());
+    for (const auto& [key, index] : keys)
+        mOrder.push_back(index);
 }
 } // namespace kernel

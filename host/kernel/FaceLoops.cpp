@@ -99,8 +99,7 @@ bool areSimple(const std::vector<Loop>& loops, double tol)
     int source = 0;
     for (const Loop& loop : loops)
         for (const CurvePtr& curve : loop)
-            for (const Strand& strand : strandsOf(curve->form(), source++, tol))
-                strands.push_back(strand);
+            addStrands(curve->form(), source++, tol, strands);
     Arrangement plane(strands, tol);
     for (int i = 0; i < static_cast<int>(strands.size()); ++i)
         for (int k = 0; k < plane.edgeCount(i); ++k) {

@@ -3,7 +3,7 @@
 /// Planar areas bounded by curves.
 
 #include "gecurv3d.h"
-#include "Winding.h"
+#include "Side.h"
 
 #include <memory>
 #include <vector>

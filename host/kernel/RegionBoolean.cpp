@@ -54,12 +54,11 @@ private:
     {
         std::vector<Strand> all;
         int source = 0;
-        for (int operand = 0; operand < 2; ++operand)
+        for (int operand = 0; operand < 2; ++operand) {
             for (const Run& run : mOperands[operand])
-                for (const Strand& strand : strandsOf(run.form, source++, tol)) {
-                    all.push_back(strand);
-                    mOwner.push_back(operand);
-                }
+                addStrands(run.form, source++, tol, all);
+            mOwner.resize(all.size(), operand);
+        }
         return all;
     }
 

@@ -10,51 +10,44 @@ namespace
 /// A stretch whose tangents stay within this angle of its chord cannot come back to itself.
 constexpr double kWidestCone = 1.2;
 
-void addMonotone(const Span& span, const CurveForm& whole, std::vector<CurveForm>& parts)
+void addMonotone(const Span& span, const Strand& whole, double tol, std::vector<Strand>& strands)
 {
-    if (span.cone <= kWidestCone || !span.canSplit()) {
-        parts.push_back(trimmed(whole, span.lo, span.hi));
+    if (span.cone > kWidestCone && span.canSplit()) {
+        Span left, right;
+        span.split(left, right);
+        addMonotone(left, whole, tol, strands);
+        addMonotone(right, whole, tol, strands);
         return;
     }
-    Span left, right;
-    span.split(left, right);
-    addMonotone(left, whole, parts);
-    addMonotone(right, whole, parts);
+    strands.push_back(whole);
+    strands.back().form = trimmed(whole.form, span.lo, span.hi);
+    if (flatBoxOf(strands.back().form).diagonal() <= tol) strands.pop_back();
 }
 
-std::vector<CurveForm> monotoneParts(const CurveForm& form)
+void addLinks(const std::vector<ChainLink>& links, int source, double tol, std::vector<Strand>& strands)
 {
-    if (form.kind != FormKind::kSpline) return {form};
-    std::vector<CurveForm> parts;
-    for (const Span& span : spansOf(form))
-        addMonotone(span, form, parts);
-    return parts;
-}
-
-/// Nothing of it is further than tol from its start.
-bool isSmall(const CurveForm& form, double tol)
-{
-    return flatBoxOf(form).diagonal() <= tol;
+    for (const ChainLink& link : links) {
+        const double rate = link.scale() > 0 ? 1 / link.scale() : 0;
+        std::size_t first = strands.size();
+        addStrands(link.form, source, tol, strands);
+        for (; first < strands.size(); ++first) {
+            strands[first].offset = link.start + (strands[first].offset - link.form.lo) * rate;
+            strands[first].scale *= rate;
+        }
+    }
 }
 } // namespace
 
-std::vector<Strand> strandsOf(const CurveForm& form, int source, double tol)
+void addStrands(const CurveForm& form, int source, double tol, std::vector<Strand>& strands)
 {
-    std::vector<Strand> strands;
-    if (form.kind == FormKind::kChain) {
-        for (const ChainLink& link : *form.chain) {
-            const double rate = link.scale() > 0 ? 1 / link.scale() : 0;
-            for (Strand part : strandsOf(link.form, source, tol)) {
-                part.offset = link.start + (part.offset - link.form.lo) * rate;
-                part.scale *= rate;
-                strands.push_back(part);
-            }
-        }
-        return strands;
+    if (form.kind == FormKind::kChain) return addLinks(*form.chain, source, tol, strands);
+    const Strand whole{form, source, 1, 0};
+    if (form.kind == FormKind::kSpline) {
+        for (const Span& span : spansOf(form))
+            addMonotone(span, whole, tol, strands);
+    } else if (flatBoxOf(form).diagonal() > tol) {
+        strands.push_back(whole);
     }
-    for (const CurveForm& part : monotoneParts(form))
-        if (!isSmall(part, tol)) strands.push_back({part, source, 1, 0});
-    return strands;
 }
 
 double safeTolerance(double tol, const Box2& box)

@@ -4,13 +4,12 @@
 
 #include "CurveForm.h"
 #include "gepnt2d.h"
+#include "Side.h"
 
 #include <vector>
 
 namespace kernel
 {
-enum class Side : char { kOutside, kInside, kOn };
-
 /// A curve with the direction in which it is run through. The form is bounded and no chain; it points into
 /// the entity that it came from.
 struct Run {
