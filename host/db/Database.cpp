@@ -80,6 +80,7 @@ void addFirstRecords(AcDbDatabase& database, DatabaseState& state)
     state.continuous = addRecord<AcDbLinetypeTable>(database, new AcDbLinetypeTableRecord, L"Continuous");
     state.layerZero = state.clayer = addRecord<AcDbLayerTable>(database, new AcDbLayerTableRecord, L"0");
     state.celtype = state.byLayer;
+    state.textstyle = addRecord<AcDbTextStyleTable>(database, new AcDbTextStyleTableRecord, L"Standard");
     state.modelSpace = addSpace(database, ACDB_MODEL_SPACE);
     state.paperSpace = addSpace(database, ACDB_PAPER_SPACE);
 }
@@ -158,6 +159,7 @@ AcDbObjectId AcDbDatabase::currentSpaceId() const { return mState->modelSpace; }
 
 AcDbObjectId AcDbDatabase::clayer() const { return mState->clayer; }
 AcDbObjectId AcDbDatabase::celtype() const { return mState->celtype; }
+AcDbObjectId AcDbDatabase::textstyle() const { return mState->textstyle; }
 AcCmColor AcDbDatabase::cecolor() const { return mState->cecolor; }
 double AcDbDatabase::celtscale() const { return mState->celtscale; }
 AcDb::LineWeight AcDbDatabase::celweight() const { return mState->celweight; }

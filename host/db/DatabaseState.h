@@ -14,7 +14,7 @@ struct DatabaseState {
     AcDbObjectId namedObjects; ///< the dictionary of all dictionaries
 
     // What new entities get.
-    AcDbObjectId clayer, celtype;
+    AcDbObjectId clayer, celtype, textstyle;
     AcCmColor cecolor;
     double celtscale = 1.0;
     AcDb::LineWeight celweight = AcDb::kLnWtByLayer;

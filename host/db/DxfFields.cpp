@@ -53,8 +53,20 @@ DxfClass::DxfClass(const char* marker, const DxfClass* base, std::initializer_li
 
 const DxfClass* DxfClass::sectionOf(std::string_view marker) const
 {
+    const DxfClass* innermost = this;
     for (const DxfClass* at = this; at; at = at->mBase) {
-        if (at->mMarker && marker == at->mMarker) return at;
+        if (!at->mMarker) continue;
+        if (marker == at->mMarker) return innermost;
+        innermost = at->mBase;
+    }
+    return nullptr;
+}
+
+const DxfField* DxfClass::fieldInSection(int code) const
+{
+    for (const DxfClass* at = this; at; at = at->mBase) {
+        if (const DxfField* field = at->fieldOf(code)) return field;
+        if (at->mMarker) break;
     }
     return nullptr;
 }

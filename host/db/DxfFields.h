@@ -66,8 +66,11 @@ public:
         const int at = code >= 0 && code < static_cast<int>(sizeof mIndex) ? mIndex[code] : 0;
         return at ? &mFields[at - 1] : mAny;
     }
-    /// This class or the nearest base whose section a marker names; null when none does.
+    /// The innermost class whose fields stand in the section that a marker names: the class with the marker, or one that
+    /// derives from it without a section of its own. Null when no class has the marker.
     const DxfClass* sectionOf(std::string_view marker) const;
+    /// The field that begins with a code, in this class's section.
+    const DxfField* fieldInSection(int code) const;
 
     /// Writes the sections from the outermost class to this one.
     void write(const AcDbObject& object, DxfSink& sink) const;

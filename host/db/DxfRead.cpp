@@ -22,8 +22,10 @@ public:
 private:
     void take(const DxfGroup& group)
     {
-        if (group.code == 100) return enterSection(group);
         if (group.code >= 1000) return takeXData(group);
+        if (group.code == 101) mIsEmbedded = true;
+        if (mIsEmbedded) return keep(nullptr, group);
+        if (group.code == 100) return enterSection(group);
         if (!mSectionsKnown && takeFrame(group)) return;
         if (const DxfField* field = fieldFor(group.code)) return field->read(mObject, *field, mSource);
         keep(mSection, group);
@@ -122,7 +124,7 @@ private:
     /// out.
     const DxfField* fieldFor(int code) const
     {
-        if (mSectionsKnown) return mSection ? mSection->fieldOf(code) : nullptr;
+        if (mSectionsKnown) return mSection ? mSection->fieldInSection(code) : nullptr;
         for (const DxfClass* at = mSection; at; at = at->base()) {
             if (const DxfField* field = at->fieldOf(code)) return field;
         }
@@ -134,6 +136,7 @@ private:
     const DxfClass* mSection;
     bool mSectionsKnown = false;
     bool mHasApplication = false;
+    bool mIsEmbedded = false; ///< inside an object that newer programs embed at the end of a record: kept as it is
     DxfFrame mFrame;
 };
 

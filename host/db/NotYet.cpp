@@ -54,3 +54,4 @@ Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId) { return Acad::eNotImpl
 Acad::ErrorStatus AcDbDatabase::setCecolor(const AcCmColor&) { return Acad::eNotImplementedYet; }
 Acad::ErrorStatus AcDbDatabase::setCeltscale(double) { return Acad::eNotImplementedYet; }
 Acad::ErrorStatus AcDbDatabase::setCelweight(AcDb::LineWeight) { return Acad::eNotImplementedYet; }
+Acad::ErrorStatus AcDbDatabase::setTextstyle(AcDbObjectId) { return Acad::eNotImplementedYet; }

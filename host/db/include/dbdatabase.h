@@ -124,6 +124,9 @@ public:
     Acad::ErrorStatus setCecolor(const AcCmColor& color);
     double celtscale() const;
     Acad::ErrorStatus setCeltscale(double scale);
+    /// The current text style.
+    AcDbObjectId textstyle() const;
+    Acad::ErrorStatus setTextstyle(AcDbObjectId style);
     AcDb::LineWeight celweight() const;
     Acad::ErrorStatus setCelweight(AcDb::LineWeight weight);
 

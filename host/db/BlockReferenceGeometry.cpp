@@ -1,0 +1,260 @@
+/// What a block reference shows: the entities of its block, mapped.
+
+#include "Ocs.h"
+#include "Stub.h"
+#include "acgi.h"
+#include "dbattdef.h"
+#include "dbattrib.h"
+#include "dbblkref.h"
+#include "dbblock.h"
+#include "gecurv3d.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+/// References nest; a drawing that is damaged may nest a block in itself.
+constexpr int deepest = 64;
+thread_local int depth = 0;
+
+struct Nesting {
+    Nesting() { ++depth; }
+    ~Nesting() { --depth; }
+    bool isTooDeep() const { return depth > deepest; }
+};
+
+const AcDbBlockTableRecord* blockOf(AcDbObjectId id) { return AcDbBlockTableRecord::cast(residentObject(id)); }
+
+/// Calls `visit` for each entity of a block that is there.
+template <class Visit>
+void forEachEntity(AcDbObjectId blockId, Visit visit)
+{
+    const AcDbBlockTableRecord* block = blockOf(blockId);
+    if (!block) return;
+    for (const AcDbObjectId id : block->entityIds()) {
+        const AcDbEntity* entity = id.isErased() ? nullptr : AcDbEntity::cast(residentObject(id));
+        if (entity) visit(*entity);
+    }
+}
+
+/// A definition is a pattern: what is seen is the attribute.
+bool isShown(const AcDbEntity& entity)
+{
+    const auto* definition = AcDbAttributeDefinition::cast(&entity);
+    return !definition || definition->isConstant();
+}
+
+/// Boxes stay tight when each axis goes into an axis.
+bool keepsBoxes(const AcGeMatrix3d& map)
+{
+    for (int column = 0; column < 3; ++column) {
+        int used = 0;
+        for (int row = 0; row < 3; ++row) used += std::fabs(map.entry[row][column]) > 1e-12 ? 1 : 0;
+        if (used > 1) return false;
+    }
+    return true;
+}
+
+bool extentsOf(const AcDbEntity& entity, const AcGeMatrix3d& map, AcDbExtents& extents)
+{
+    if (!keepsBoxes(map)) {
+        AcDbEntity* mapped = nullptr;
+        if (entity.getTransformedCopy(map, mapped) == Acad::eOk) {
+            const std::unique_ptr<AcDbEntity> owned(mapped);
+            return owned->getGeomExtents(extents) == Acad::eOk;
+        }
+    }
+    if (entity.getGeomExtents(extents) != Acad::eOk) return false;
+    extents.transformBy(map);
+    return true;
+}
+} // namespace
+
+AcGeMatrix3d AcDbBlockReference::blockTransform() const
+{
+    AcGeMatrix3d move, turn, scale, origin;
+    move.setToTranslation(mPosition.asVector());
+    turn.setToRotation(mRotation, AcGeVector3d::kZAxis);
+    scale.entry[0][0] = mScale.sx;
+    scale.entry[1][1] = mScale.sy;
+    scale.entry[2][2] = mScale.sz;
+    if (const AcDbBlockTableRecord* block = blockOf(mBlock)) origin.setToTranslation(-block->origin().asVector());
+    return ocs::toWorld(mNormal) * move * turn * scale * origin;
+}
+
+Acad::ErrorStatus AcDbBlockReference::setBlockTransform(const AcGeMatrix3d& xform)
+{
+    if (xform.isSingular() || !xform.isScaledOrtho()) return Acad::eCannotScaleNonUniformly;
+    const Acad::ErrorStatus status = beginChange();
+    if (status != Acad::eOk) return status;
+    AcGePoint3d origin;
+    AcGeVector3d x, y, z;
+    xform.getCoordSystem(origin, x, y, z);
+    // A map that mirrors does so along X; the plane's upper side stays up.
+    const bool mirrors = x.crossProduct(y).dotProduct(z) < 0.0;
+    mScale.set(mirrors ? -x.length() : x.length(), y.length(), z.length());
+    mNormal = z.normal();
+    const AcGeVector3d along = ocs::fromWorld(mNormal) * (mirrors ? -x : x);
+    mRotation = std::atan2(along.y, along.x);
+    const AcDbBlockTableRecord* block = blockOf(mBlock);
+    mPosition = ocs::fromWorld(mNormal) * (xform * (block ? block->origin() : AcGePoint3d::kOrigin));
+    return status;
+}
+
+Acad::ErrorStatus AcDbBlockReference::changeAttributes(const AcGeMatrix3d& xform)
+{
+    if (!mAttributes) return Acad::eOk;
+    for (const AcDbObjectId id : mAttributes->ids) {
+        AcDbAttribute* attribute = nullptr;
+        if (acdbOpenObject(attribute, id, AcDb::kForWrite) != Acad::eOk) continue;
+        attribute->transformBy(xform);
+        attribute->close();
+    }
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& xform)
+{
+    const AcGeScale3d before = mScale;
+    const Acad::ErrorStatus status = setBlockTransform(xform * blockTransform());
+    if (status != Acad::eOk) return status;
+    // A reference that was mirrored stays so in the same axes, where that says the same.
+    if (before.sx < 0.0 && before.sy < 0.0 && mScale.sx > 0.0) {
+        mScale.set(-mScale.sx, -mScale.sy, mScale.sz);
+        mRotation += 3.14159265358979323846;
+    }
+    return changeAttributes(xform);
+}
+
+Acad::ErrorStatus AcDbBlockReference::subExplode(AcDbVoidPtrArray& entitySet) const
+{
+    if (!blockOf(mBlock)) return Acad::eCannotExplodeEntity;
+    Acad::ErrorStatus result = Acad::eOk;
+    for (const AcGeMatrix3d& map : instances()) {
+        forEachEntity(mBlock, [&](const AcDbEntity& entity) {
+            AcDbEntity* mapped = nullptr;
+            const Acad::ErrorStatus status = entity.getTransformedCopy(map, mapped);
+            if (status == Acad::eOk) {
+                entitySet.append(mapped);
+            } else {
+                result = status;
+            }
+        });
+    }
+    return result;
+}
+
+Acad::ErrorStatus AcDbBlockReference::explodeToOwnerSpace() const
+{
+    AcDbVoidPtrArray pieces;
+    AcDbBlockTableRecord* owner = nullptr;
+    Acad::ErrorStatus status = acdbOpenObject(owner, ownerId(), AcDb::kForWrite);
+    if (status != Acad::eOk) return status;
+    status = explode(pieces);
+    for (int i = 0; i < pieces.length(); ++i) {
+        auto* piece = static_cast<AcDbEntity*>(pieces[i]);
+        if (status == Acad::eOk && owner->appendAcDbEntity(piece) == Acad::eOk) {
+            piece->close();
+        } else {
+            delete piece;
+        }
+    }
+    owner->close();
+    return status;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subGetGeomExtents(AcDbExtents& extents) const
+{
+    const Nesting nesting;
+    if (nesting.isTooDeep()) return Acad::eInvalidExtents;
+    AcDbExtents one;
+    for (const AcGeMatrix3d& map : instances()) {
+        forEachEntity(mBlock, [&](const AcDbEntity& entity) {
+            if (isShown(entity) && extentsOf(entity, map, one)) extents.addExt(one);
+        });
+    }
+    if (mAttributes) {
+        for (const AcDbObjectId id : mAttributes->ids) {
+            const auto* attribute = id.isErased() ? nullptr : AcDbAttribute::cast(residentObject(id));
+            if (attribute && !attribute->isInvisible() && attribute->getGeomExtents(one) == Acad::eOk)
+                extents.addExt(one);
+        }
+    }
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::geomExtentsBestFit(AcDbExtents& extents, const AcGeMatrix3d& parentXform) const
+{
+    return extentsOf(*this, parentXform, extents) ? Acad::eOk : Acad::eInvalidExtents;
+}
+
+bool AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw) const
+{
+    const Nesting nesting;
+    if (nesting.isTooDeep()) return true;
+    for (const AcGeMatrix3d& map : instances()) {
+        draw->geometry().pushModelTransform(map);
+        forEachEntity(mBlock, [&](const AcDbEntity& entity) {
+            if (isShown(entity) && entity.visibility() == AcDb::kVisible) entity.worldDraw(draw);
+        });
+        draw->geometry().popModelTransform();
+    }
+    if (!mAttributes) return true;
+    for (const AcDbObjectId id : mAttributes->ids) {
+        const auto* attribute = id.isErased() ? nullptr : AcDbEntity::cast(residentObject(id));
+        if (attribute && attribute->visibility() == AcDb::kVisible) attribute->worldDraw(draw);
+    }
+    return true;
+}
+
+void AcDbBlockReference::intersectionCurves(Curves& curves, bool extended) const
+{
+    const Nesting nesting;
+    if (nesting.isTooDeep()) return;
+    for (const AcGeMatrix3d& map : instances()) {
+        forEachEntity(mBlock, [&](const AcDbEntity& entity) {
+            AcDbEntity* mapped = nullptr;
+            if (!isShown(entity) || entity.getTransformedCopy(map, mapped) != Acad::eOk) return;
+            const std::unique_ptr<AcDbEntity> owned(mapped);
+            owned->intersectionCurves(curves, extended);
+        });
+    }
+}
+
+void AcDbBlockReference::getEcs(AcGeMatrix3d& matrix) const
+{
+    AcGeMatrix3d move, turn;
+    move.setToTranslation(mPosition.asVector());
+    turn.setToRotation(mRotation, AcGeVector3d::kZAxis);
+    matrix = ocs::toWorld(mNormal) * move * turn;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&, AcDbIntArray&) const
+{
+    gripPoints.append(position());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
+                                                        AcGePoint3dArray& points) const
+{
+    if (mode == AcDb::kOsModeIns) points.append(position());
+    return Acad::eOk;
+}
+
+std::vector<AcGeMatrix3d> AcDbMInsertBlock::instances() const
+{
+    constexpr std::size_t most = 1000000; // a damaged file may ask for 65535 times 65535
+    std::vector<AcGeMatrix3d> maps;
+    AcGeMatrix3d ecs;
+    getEcs(ecs);
+    const AcGeMatrix3d first = blockTransform();
+    for (int row = 0; row < mRows; ++row) {
+        for (int column = 0; column < mColumns && maps.size() < most; ++column) {
+            const AcGeVector3d step(column * mColumnSpacing, row * mRowSpacing, 0.0);
+            maps.push_back(AcGeMatrix3d().setToTranslation(ecs * step) * first);
+        }
+    }
+    return maps;
+}

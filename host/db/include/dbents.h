@@ -1,0 +1,16 @@
+#pragma once
+
+/// The entities of drawings in one include.
+
+#include "dbattdef.h"
+#include "dbattrib.h"
+#include "dbblkref.h"
+#include "dbblock.h"
+#include "dbface.h"
+#include "dbline.h"
+#include "dbobjiter.h"
+#include "dbpoint.h"
+#include "dbray.h"
+#include "dbsolid.h"
+#include "dbtext.h"
+#include "dbxline.h"
