@@ -109,7 +109,8 @@ TEST_F(EntityRecord, PropertiesAreKeptAsTheFileHasThem)
 TEST_F(EntityRecord, AColourNumberOutOfRangeIsReportedAndLeftOut)
 {
     AcDbLine line;
-    ListSource source(groupsOf({{100, "AcDbEntity"}, {62, 400.0}}), &mDatabase);
+    const PackedGroups groups = groupsOf({{100, "AcDbEntity"}, {62, 400.0}});
+    ListSource source(groups, &mDatabase);
     dxfRead(line, source);
     EXPECT_EQ(source.reports, 1);
     EXPECT_EQ(line.colorIndex(), 256);
