@@ -10,9 +10,26 @@ namespace lettering
 {
 namespace
 {
-FcConfig* machineFonts()
+/// The list of the machine's fonts, held as long as somebody refers to it.
+class FontConfig
 {
-    static FcConfig* const config = FcInitLoadConfigAndFonts();
+public:
+    explicit FontConfig(FcConfig* config) : mConfig(config) {}
+    FontConfig(const FontConfig& other) : mConfig(FcConfigReference(other.mConfig)) {}
+    FontConfig& operator=(const FontConfig&) = delete;
+    ~FontConfig()
+    {
+        if (mConfig) FcConfigDestroy(mConfig);
+    }
+    operator FcConfig*() const { return mConfig; }
+
+private:
+    FcConfig* mConfig;
+};
+
+const FontConfig& machineFonts()
+{
+    static const FontConfig config(FcInitLoadConfigAndFonts());
     return config;
 }
 
@@ -75,7 +92,8 @@ FcPattern* newPattern(const FontName& font)
     const Substitute substitute = substituteFor(font.name);
     for (const std::string& family : substitute.families)
         FcPatternAddString(pattern, FC_FAMILY, bytes(family));
-    for (const std::string& family : substituteFor(L"gbcbig.shx").families)
+    const std::wstring chinese = font.bigFont.empty() ? L"gbcbig.shx" : font.bigFont;
+    for (const std::string& family : substituteFor(chinese).families)
         FcPatternAddString(pattern, FC_FAMILY, bytes(family));
     const char* language = substitute.isChinese ? "zh-cn" : "en";
     FcPatternAddString(pattern, FC_LANG, reinterpret_cast<const FcChar8*>(language));
@@ -114,10 +132,7 @@ bool FontName::operator==(const FontName& other) const
 
 bool isShapeFont(const FontName& font)
 {
-    if (font.name.empty()) return true;
-    if (font.name.size() < 4) return false;
-    const std::wstring end = font.name.substr(font.name.size() - 4);
-    return end[0] == L'.' && (end[1] | 0x20) == L's' && (end[2] | 0x20) == L'h' && (end[3] | 0x20) == L'x';
+    return isShapeFile(font.name);
 }
 
 bool FaceFile::operator<(const FaceFile& other) const
@@ -157,6 +172,7 @@ struct FaceList::Faces {
         return {};
     }
 
+    FontConfig config = machineFonts();
     FcFontSet* sorted = nullptr;
     bool bold, italic;
 };

@@ -20,7 +20,7 @@ struct FontName {
     bool operator==(const FontName& other) const;
 };
 
-/// True for a font whose name ends in .shx, or has no name: its strokes are drawn from a shape file.
+/// True for a font whose strokes come from a shape file: "txt.shx", "txt", and no name.
 bool isShapeFont(const FontName& font);
 
 /// A face in a font file of this machine, and what has to be added to its outlines.

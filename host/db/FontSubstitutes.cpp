@@ -131,6 +131,18 @@ std::string utf8(std::wstring_view text)
     return bytes;
 }
 
+constexpr std::wstring_view shapeFiles[] = {L"txt",    L"simplex", L"monotxt", L"romanc",   L"romand",
+                                            L"romans", L"romant",  L"isocp",   L"gbenor",   L"gbeitc",
+                                            L"gbcbig", L"hztxt",   L"hzfs",    L"chineset", L"bigfont"};
+
+std::wstring inLowerCase(std::wstring_view name)
+{
+    std::wstring lower(name);
+    for (wchar_t& c : lower)
+        c = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c)));
+    return lower;
+}
+
 bool endsWith(std::wstring_view text, std::wstring_view end)
 {
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
@@ -149,21 +161,26 @@ KnownFont knownOrDefault(const std::wstring& bare, bool isShape)
 std::wstring bareFontName(std::wstring_view name)
 {
     const auto slash = name.find_last_of(L"/\\");
-    std::wstring bare(slash == std::wstring_view::npos ? name : name.substr(slash + 1));
+    std::wstring bare = inLowerCase(slash == std::wstring_view::npos ? name : name.substr(slash + 1));
     // In front of a Chinese face stands an @ when its characters lie on their side.
     if (!bare.empty() && bare[0] == L'@') bare.erase(0, 1);
-    std::transform(bare.begin(), bare.end(), bare.begin(),
-                   [](wchar_t c) { return static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c))); });
     for (const wchar_t* extension : {L".shx", L".ttf", L".ttc", L".otf", L".pfb"}) {
         if (endsWith(bare, extension)) return bare.substr(0, bare.size() - 4);
     }
     return bare;
 }
 
+bool isShapeFile(std::wstring_view name)
+{
+    const std::wstring lower = inLowerCase(name);
+    return lower.empty() || endsWith(lower, L".shx") ||
+           std::find(std::begin(shapeFiles), std::end(shapeFiles), lower) != std::end(shapeFiles);
+}
+
 Substitute substituteFor(std::wstring_view name)
 {
     const std::wstring bare = bareFontName(name);
-    const bool isShape = bare.empty() || endsWith(name, L".shx") || endsWith(name, L".SHX");
+    const bool isShape = isShapeFile(name);
     const KnownFont known = knownOrDefault(bare, isShape);
     Substitute result;
     result.isChinese = isChineseKind(known.kind);

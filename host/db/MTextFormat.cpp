@@ -104,8 +104,7 @@ bool setShapeFont(MTextFormat& format, std::wstring_view text)
     const std::vector<std::wstring_view> files = split(split(text, L'|')[0], L',');
     if (files[0].empty()) return false;
     format.font = {std::wstring(files[0]), files.size() > 1 ? std::wstring(files[1]) : L"", false, false};
-    if (!isShapeFont(format.font) && files[0].find(L'.') == std::wstring_view::npos)
-        format.font.name += L".shx";
+    if (files[0].find(L'.') == std::wstring_view::npos) format.font.name += L".shx";
     return true;
 }
 

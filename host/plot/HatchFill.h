@@ -38,8 +38,8 @@ struct HatchPieces {
 /// The lines of a pattern inside loops, by the even-odd rule; islands stay free. A family whose lines are
 /// closer than 1.5 times the finest length, or which would exceed the number of pieces, is left out and
 /// reported; dashes with a period below twice the finest length are drawn through. Loops with a point that is
-/// not finite, or fewer than three points, count for nothing. Lines on the upper side of an edge along them
-/// are inside, those on the lower side too: an area holds its lower and not its upper edge (seen with the
+/// not finite, or fewer than three points, count for nothing. A line along an
+/// edge is drawn where the edge is the area's lower one, and not where it is the upper one (seen with the
 /// lines level). Every edge is looked at once: the cost is that of sorting the crossings.
 HatchPieces hatchLoops(const Loops& loops, const std::vector<HatchFamily>& pattern,
                        const HatchLimits& limits = {});

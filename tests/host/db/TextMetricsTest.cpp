@@ -81,9 +81,13 @@ TEST(TextMetrics, ArialHasTheWidthsOfArial)
 
 TEST(TextMetrics, BigFontCharactersAreAsHighAsTheText)
 {
-    const TextMeasure m = measureText(fontNamed({L"txt.shx", L"gbcbig.shx"}), {}, L"国");
-    EXPECT_NEAR(m.ink.min.y, 0, 1e-9);
-    EXPECT_NEAR(m.ink.max.y, 1, 1e-9);
+    for (const wchar_t* name : {L"txt.shx", L"TXT", L"D:\\fonts\\Other.Shx", L""}) {
+        const TextMeasure m = measureText(fontNamed({name, L"gbcbig.shx"}), {}, L"国");
+        EXPECT_NEAR(m.ink.min.y, 0, 1e-9) << name;
+        EXPECT_NEAR(m.ink.max.y, 1, 1e-9) << name;
+    }
+    // A TrueType font's ideographs share the em of its letters, which are lower.
+    EXPECT_GT(measureText(fontNamed({L"Arial", {}}), {}, L"国").ink.height(), 1.1);
 }
 
 TEST(TextMetrics, ObliqueTextLeansByTheTangentOfItsAngle)
