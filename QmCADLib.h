@@ -5,6 +5,8 @@
 #include "AlgorString.h"
 #include "CEncoding.h"
 #include "CFamStuStr.h"
+#include "CMatrix.h"
+#include "CMatrixHelper.h"
 #include "CRegexString.h"
 #include "CtransStr.h"
 #include "ExprEvaluate.h"

@@ -1,8 +1,9 @@
 # The library: QmCADLib.arx, made of the folders named here. Each folder sees the interface headers of
 # the host and the folders below it, nothing else.
 
-function(qm_library_folder name)
-  qm_folder(lib_${name} ${CMAKE_SOURCE_DIR}/${name} ${ARGN})
+function(qm_library_folder path)
+  string(REPLACE "/" "_" name ${path})
+  qm_folder(lib_${name} ${CMAKE_SOURCE_DIR}/${path} ${ARGN})
   target_include_directories(lib_${name} PRIVATE
     $<TARGET_PROPERTY:arxhost,INTERFACE_INCLUDE_DIRECTORIES>)
   target_compile_definitions(lib_${name} PRIVATE _AFXEXT)
@@ -10,14 +11,25 @@ function(qm_library_folder name)
     VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
 
+qm_library_folder(geometry/dense)
+# The kernels of the matrix are the same everywhere, bit for bit: nothing is fused unless it says so.
+target_compile_options(lib_geometry_dense PRIVATE -ffp-contract=off)
+# These run after a look at the processor only; the look itself takes one instruction more.
+set_source_files_properties(${CMAKE_SOURCE_DIR}/geometry/dense/TileAvx2.cpp PROPERTIES
+  COMPILE_OPTIONS "-mavx2;-mfma")
+set_source_files_properties(${CMAKE_SOURCE_DIR}/geometry/dense/TileAvx512.cpp PROPERTIES
+  COMPILE_OPTIONS -mavx512f)
+set_source_files_properties(${CMAKE_SOURCE_DIR}/geometry/dense/Processor.cpp PROPERTIES COMPILE_OPTIONS -mxsave)
+qm_library_folder(geometry)
+
 qm_library_folder(text)
 # Runs after a look at the processor only.
 set_source_files_properties(${CMAKE_SOURCE_DIR}/text/Utf8Blocks.cpp PROPERTIES COMPILE_OPTIONS -mssse3)
 
-set(QM_LIBRARY_FOLDERS text)
+set(QM_LIBRARY_FOLDERS geometry text)
 list(TRANSFORM QM_LIBRARY_FOLDERS PREPEND lib_ OUTPUT_VARIABLE folder_targets)
 list(TRANSFORM folder_targets REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE folder_objects)
-arx_add_module(QmCADLib ${folder_objects} VERSION ${PROJECT_VERSION}.0)
+arx_add_module(QmCADLib ${folder_objects} $<TARGET_OBJECTS:lib_geometry_dense> VERSION ${PROJECT_VERSION}.0)
 add_library(QmCADLib::QmCADLib ALIAS QmCADLib)
 # The build's own run path would be padded with empty entries, which mean the current folder.
 set_target_properties(QmCADLib PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
