@@ -157,8 +157,8 @@ public:
     /// to the next one, whose index is returned, or to the end of the text, whose length is. From the end on
     /// the token is empty.
     static int GetStringToken(const CString& source, CString& token, int start, TCHAR separator);
-    /// Reads UTF-16 characters up to a line feed or the end of the file; a carriage return before either is
-    /// dropped.
+    /// Reads UTF-16 characters up to a line feed or the end of the file; a carriage return before the line
+    /// feed is dropped.
     static CString ReadLine(CFile& file);
 
     /// The archive has, low byte first: DWORD 0x434D6174, DWORD 0x72697843, LONG version 1, LONG columns,

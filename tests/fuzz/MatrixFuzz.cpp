@@ -6,6 +6,7 @@
 // Memory out of proportion is a fault too: under the address sanitizer no single block may be larger than
 // 64 MB, while the files have some kilobytes.
 
+#include "../geometry/TemporaryFile.h"
 #include "QmCADLib.h"
 
 #include <chrono>
@@ -136,37 +137,6 @@ bool tryArchive(const std::string& bytes)
     return true;
 }
 
-/// A file in the system's folder for temporary ones.
-class TemporaryFile
-{
-public:
-    TemporaryFile()
-    {
-        wchar_t folder[MAX_PATH], name[MAX_PATH];
-        GetTempPathW(MAX_PATH, folder);
-        GetTempFileNameW(folder, L"fuz", 0, name);
-        m_path = name;
-    }
-    ~TemporaryFile() { DeleteFileW(m_path); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    const CString& path() const { return m_path; }
-    void write(const std::string& bytes) const
-    {
-        CFile file(m_path, CFile::modeCreate | CFile::modeWrite);
-        file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
-    }
-    std::string read() const
-    {
-        CFile file(m_path, CFile::modeRead);
-        return contentOf(file);
-    }
-
-private:
-    CString m_path;
-};
-
 std::string narrowed(const std::string& utf16)
 {
     std::string bytes;
@@ -178,13 +148,13 @@ std::string narrowed(const std::string& utf16)
 std::string csvOf(const CMatrix& matrix, const TemporaryFile& file, Random& random)
 {
     matrix.WriteAsCSVFile(file.path());
-    const std::string bytes = file.read();
+    const std::string bytes = file.bytes();
     return random() % 4 == 0 ? narrowed(bytes) : bytes;
 }
 
 bool tryCsv(const std::string& bytes, const TemporaryFile& file)
 {
-    file.write(bytes);
+    file.setBytes(bytes);
     CMatrix matrix;
     try {
         matrix = CMatrix::ReadFromCSVFile(file.path());
@@ -196,9 +166,9 @@ bool tryCsv(const std::string& bytes, const TemporaryFile& file)
         static_cast<size_t>(matrix.GetNumColumns()) * static_cast<size_t>(matrix.GetNumRows());
     require(elements <= bytes.size(), "more elements than bytes");
     matrix.WriteAsCSVFile(file.path());
-    const std::string written = file.read();
+    const std::string written = file.bytes();
     CMatrix::ReadFromCSVFile(file.path()).WriteAsCSVFile(file.path());
-    require(file.read() == written, "a file is read back as it was written");
+    require(file.bytes() == written, "a file is read back as it was written");
     return true;
 }
 

@@ -58,8 +58,7 @@ TEST(MatrixProduct, WithNothingBetweenIsZero)
 TEST(MatrixProduct, TransposesInReverse)
 {
     const CMatrix a = randomMatrix(70, 90, 1), b = randomMatrix(90, 50, 2);
-    const CMatrix difference =
-        (a * b).GetTransposed().GetTransposed() - (b.GetTransposed() * a.GetTransposed()).GetTransposed();
+    const CMatrix difference = a * b - (b.GetTransposed() * a.GetTransposed()).GetTransposed();
     EXPECT_LE(largestElement(difference), 90 * 1.2e-16 * 90);
 }
 
@@ -123,9 +122,7 @@ TEST(MatrixInverse, OfNoSquareIsRefusedUnchanged)
     EXPECT_EQ(matrix, fromRows({{1, 2}, {3, 4}, {5, 6}}));
 }
 
-// The plain method on column x of (4 2 / 1 3), by hand: k = 0: p = 4, column 0 becomes (1/4, 1/4), element
-// (1, 0) was 2, so that column 1 becomes (-1/2, 3 - 2/4 = 5/2); k = 1: p = 5/2 ...: the inverse is
-// (3 -2 / -1 4) / 10.
+// The inverse of (4 2 / 1 3), whose determinant is 10, is (3 -2 / -1 4) / 10.
 TEST(MatrixInverse, LeavesSharersAlone)
 {
     const CMatrix matrix = fromRows({{4, 2}, {1, 3}});

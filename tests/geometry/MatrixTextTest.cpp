@@ -1,4 +1,5 @@
 #include "MatrixCases.h"
+#include "TemporaryFile.h"
 
 #include <afxwin.h>
 #include <cmath>
@@ -7,39 +8,6 @@
 
 namespace
 {
-/// A file of the test's own, gone with it.
-class TestFile
-{
-public:
-    TestFile()
-    {
-        wchar_t folder[MAX_PATH], name[MAX_PATH];
-        GetTempPathW(MAX_PATH, folder);
-        GetTempFileNameW(folder, L"csv", 0, name);
-        m_path = name;
-    }
-    ~TestFile() { DeleteFileW(m_path); }
-    TestFile(const TestFile&) = delete;
-    TestFile& operator=(const TestFile&) = delete;
-
-    const CString& path() const { return m_path; }
-    std::string bytes() const
-    {
-        CFile file(m_path, CFile::modeRead);
-        std::string read(static_cast<size_t>(file.GetLength()), 0);
-        file.Read(&read[0], static_cast<UINT>(read.size()));
-        return read;
-    }
-    void setBytes(const std::string& bytes) const
-    {
-        CFile file(m_path, CFile::modeCreate | CFile::modeWrite);
-        file.Write(bytes.data(), static_cast<UINT>(bytes.size()));
-    }
-
-private:
-    CString m_path;
-};
-
 std::string utf16(const std::string& ascii)
 {
     std::string bytes;
@@ -50,7 +18,7 @@ std::string utf16(const std::string& ascii)
 
 CMatrix readFrom(const std::string& bytes)
 {
-    const TestFile file;
+    const TemporaryFile file;
     file.setBytes(bytes);
     return CMatrix::ReadFromCSVFile(file.path());
 }
@@ -82,7 +50,7 @@ std::vector<std::wstring> tokensOf(const CString& text, TCHAR separator)
 
 TEST(MatrixCsv, RowIsALineOfNumbersInUtf16)
 {
-    const TestFile file;
+    const TemporaryFile file;
     file.setBytes("an older and longer file that goes away, whatever it held before the matrix was written");
     fromRows({{1, 2}}).WriteAsCSVFile(file.path());
     EXPECT_EQ(file.bytes(), utf16("1.000000e+00,2.000000e+00\r\n"));
@@ -96,15 +64,15 @@ TEST(MatrixCsv, ReadsBackWhatWasWritten)
         large.SetElement(i % 300, i / 300, (i % 1999 - 999) / 1024.0 * 64);
     for (const CMatrix& matrix :
          {fromRows({{1.5, -2e-300}, {0, 1e308}, {INFINITY, -INFINITY}}), fromRows({{7}}), CMatrix(0, 0)}) {
-        const TestFile file;
+        const TemporaryFile file;
         matrix.WriteAsCSVFile(file.path());
         EXPECT_EQ(CMatrix::ReadFromCSVFile(file.path()), matrix);
     }
-    const TestFile first, second;
+    const TemporaryFile first, second;
     large.WriteAsCSVFile(first.path());
     CMatrix::ReadFromCSVFile(first.path()).WriteAsCSVFile(second.path());
     EXPECT_EQ(first.bytes(), second.bytes());
-    const TestFile file;
+    const TemporaryFile file;
     fromRows({{NAN}}).WriteAsCSVFile(file.path());
     EXPECT_TRUE(std::isnan(CMatrix::ReadFromCSVFile(file.path())[0][0]));
 }
@@ -114,6 +82,7 @@ TEST(MatrixCsv, ReadsWhatOthersWrite)
     const CMatrix expected = fromRows({{1, 2}, {3, 4}});
     EXPECT_EQ(readFrom("\xff\xfe" + utf16("1,2\r\n3,4")), expected);
     EXPECT_EQ(readFrom("1,2\n3,4\n"), expected);
+    EXPECT_EQ(readFrom("7"), fromRows({{7}}));
     EXPECT_EQ(readFrom("\xef\xbb\xbf"
                        "1,2\r\n3,4\r\n"),
               expected);
@@ -173,7 +142,7 @@ TEST(MatrixLine, EndsAtALineFeedOrTheEnd)
     file.SeekToBegin();
     EXPECT_EQ(CMatrix::ReadLine(file), L"one");
     EXPECT_EQ(CMatrix::ReadLine(file), L"");
-    EXPECT_EQ(CMatrix::ReadLine(file), L"two\rx");
+    EXPECT_EQ(CMatrix::ReadLine(file), L"two\rx\r");
     EXPECT_EQ(CMatrix::ReadLine(file), L"");
 }
 

@@ -1,10 +1,7 @@
 #include "CMatrix.h"
 #include "MatrixMessages.h"
 
-#include <afxwin.h>
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
 #include <cwchar>
 #include <iterator>
 #include <limits>
@@ -14,19 +11,11 @@
 namespace
 {
 using std::size_t;
-using Units = std::vector<std::uint16_t>;
 
 constexpr wchar_t byteOrderMark = 0xfeff;
 constexpr TCHAR separator = L',';
 
-/// The texts made here are ASCII: each character is one unit.
-void append(Units& units, const wchar_t* text)
-{
-    for (; *text; ++text)
-        units.push_back(static_cast<std::uint16_t>(*text));
-}
-
-/// UTF-16 to a file, low byte first, in pieces.
+/// ASCII to a file as UTF-16, low byte first, in pieces.
 class TextWriter
 {
 public:
@@ -62,33 +51,14 @@ bool read(CFile& file, wchar_t& unit)
     return true;
 }
 
-struct NumberText {
-    wchar_t characters[32];
-};
-
-NumberText textOf(double number, const wchar_t* format)
-{
-    NumberText text{};
-    swprintf_s(text.characters, std::size(text.characters), format, number);
-    return text;
-}
-
-/// The shortest of three forms that reads back as the number.
-NumberText exactTextOf(double number)
-{
-    for (const wchar_t* const format : {L"%.15g", L"%.16g"}) {
-        const NumberText text = textOf(number, format);
-        if (std::wcstod(text.characters, nullptr) == number) return text;
-    }
-    return textOf(number, L"%.17g");
-}
-
 void addLine(TextWriter& writer, const double* row, int columns)
 {
     const wchar_t between[] = {separator, 0};
     for (int x = 0; x < columns; ++x) {
+        wchar_t number[32];
+        swprintf_s(number, L"%e", row[x]);
         if (x > 0) writer.add(between);
-        writer.add(textOf(row[x], L"%e").characters);
+        writer.add(number);
     }
     writer.add(L"\r\n");
 }
@@ -131,7 +101,7 @@ bool beginsAsUtf16(CFile& file)
     wchar_t first = 0;
     const bool isThere = read(file, first);
     if (!isThere || first != byteOrderMark) file.SeekToBegin();
-    return !isThere || first == byteOrderMark || first < 0x100;
+    return isThere && (first == byteOrderMark || first < 0x100);
 }
 
 void skipUtf8Mark(CFile& file)
@@ -168,53 +138,6 @@ int asSize(size_t count)
     if (count > static_cast<size_t>(std::numeric_limits<int>::max())) throw matrixmessages::invalidOperation;
     return static_cast<int>(count);
 }
-
-/// The clipboard, open as long as this lives.
-class OpenedClipboard
-{
-public:
-    OpenedClipboard() : m_isOpen(OpenClipboard(owner()) != FALSE) {}
-    ~OpenedClipboard()
-    {
-        if (m_isOpen) CloseClipboard();
-    }
-    OpenedClipboard(const OpenedClipboard&) = delete;
-    OpenedClipboard& operator=(const OpenedClipboard&) = delete;
-
-    bool isOpen() const { return m_isOpen; }
-
-private:
-    // Without an owner the clipboard takes no data.
-    static HWND owner()
-    {
-        const CWnd* const window = AfxGetMainWnd();
-        return window ? window->GetSafeHwnd() : nullptr;
-    }
-
-    bool m_isOpen;
-};
-
-/// Null when there is no memory.
-HGLOBAL asGlobalText(const Units& units)
-{
-    const size_t bytes = units.size() * sizeof units[0];
-    const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
-    if (!block) return nullptr;
-    std::memcpy(GlobalLock(block), units.data(), bytes);
-    GlobalUnlock(block);
-    return block;
-}
-
-bool putOnClipboard(const Units& units)
-{
-    const OpenedClipboard clipboard;
-    if (!clipboard.isOpen()) return false;
-    const HGLOBAL block = asGlobalText(units);
-    if (!block) return false;
-    if (EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, block)) return true;
-    GlobalFree(block);
-    return false;
-}
 } // namespace
 
 void CMatrix::WriteAsCSVFile(const CString& path) const
@@ -235,28 +158,6 @@ CMatrix CMatrix::ReadFromCSVFile(const CString& path)
     return matrix;
 }
 
-CString CMatrix::GetRowAsText(int y) const
-{
-    RequireRow(y);
-    CString text;
-    for (int x = 0; x < m_columns; ++x) {
-        if (x > 0) text += L'\t';
-        text += exactTextOf(Row(y)[x]).characters;
-    }
-    return text;
-}
-
-bool CMatrix::CopyToClipboard() const
-{
-    Units units;
-    for (int y = 0; y < m_rows; ++y) {
-        append(units, GetRowAsText(y));
-        append(units, L"\r\n");
-    }
-    units.push_back(0);
-    return putOnClipboard(units);
-}
-
 int CMatrix::GetStringToken(const CString& source, CString& token, int start, TCHAR separator)
 {
     const int length = source.GetLength();
@@ -275,8 +176,9 @@ int CMatrix::GetStringToken(const CString& source, CString& token, int start, TC
 CString CMatrix::ReadLine(CFile& file)
 {
     std::wstring line;
-    for (wchar_t unit = 0; read(file, unit) && unit != L'\n';)
+    wchar_t unit = 0;
+    while (read(file, unit) && unit != L'\n')
         line.push_back(unit);
-    if (!line.empty() && line.back() == L'\r') line.pop_back();
+    if (unit == L'\n' && !line.empty() && line.back() == L'\r') line.pop_back();
     return CString(line.data(), asSize(line.size()));
 }
