@@ -6,6 +6,7 @@
 #include "gecurv3d.h"
 #include "geintrvl.h"
 #include "geponc3d.h"
+#include "PlanarCoords.h"
 
 #include <cmath>
 
@@ -50,8 +51,6 @@ bool clampParam(const AcGeCurve3d& curve, double& param)
     }
     return true;
 }
-
-bool isFinite(const AcGePoint3d& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
 } // namespace
 
 bool AcDbCurve::isClosed() const
@@ -105,7 +104,7 @@ Acad::ErrorStatus AcDbCurve::getParamAtPoint(const AcGePoint3d& point, double& p
     if (!curve || !isFinite(point)) return Acad::eInvalidInput;
     AcGePointOnCurve3d nearest;
     curve->getClosestPointTo(point, nearest);
-    if (!nearest.point3d().isEqualTo(point)) return Acad::ePointNotOnEntity;
+    if (nearest.point3d().distanceTo(point) > onCurveTolerance(point)) return Acad::ePointNotOnEntity;
     param = dbParam(nearest.parameter());
     return Acad::eOk;
 }
@@ -154,7 +153,7 @@ Acad::ErrorStatus AcDbCurve::getFirstDeriv(double param, AcGeVector3d& deriv) co
     if (!curve || !clampParam(*curve, at)) return Acad::eInvalidInput;
     AcGeVector3dArray derivs;
     curve->evalPoint(at, 1, derivs);
-    deriv = derivs[0];
+    deriv = derivs[0] * (geParam(1.0) - geParam(0.0));
     return Acad::eOk;
 }
 
@@ -172,7 +171,7 @@ Acad::ErrorStatus AcDbCurve::getSecondDeriv(double param, AcGeVector3d& deriv) c
     if (!curve || !clampParam(*curve, at)) return Acad::eInvalidInput;
     AcGeVector3dArray derivs;
     curve->evalPoint(at, 2, derivs);
-    deriv = derivs[1];
+    deriv = derivs[1] * std::pow(geParam(1.0) - geParam(0.0), 2);
     return Acad::eOk;
 }
 
@@ -183,7 +182,8 @@ Acad::ErrorStatus AcDbCurve::getSecondDeriv(const AcGePoint3d& point, AcGeVector
     return status == Acad::eOk ? getSecondDeriv(param, deriv) : status;
 }
 
-Acad::ErrorStatus AcDbCurve::getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve, bool extend) const
+Acad::ErrorStatus AcDbCurve::getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
+                                               bool extend) const
 {
     std::unique_ptr<AcGeCurve3d> curve = extend ? makeExtendedGeCurve() : nullptr;
     if (!curve) curve = makeGeCurve();

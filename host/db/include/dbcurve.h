@@ -89,7 +89,7 @@ protected:
     virtual std::unique_ptr<AcGeCurve3d> makeGeCurve() const = 0;
     /// The curve extended as far as its class can be: a whole line or circle. Null: it cannot.
     virtual std::unique_ptr<AcGeCurve3d> makeExtendedGeCurve() const { return nullptr; }
-    /// The parameters of the free curve, where the entity's are others.
+    /// The parameters of the free curve, where the entity's are others: a linear map.
     virtual double geParam(double param) const { return param; }
     virtual double dbParam(double geParam) const { return geParam; }
 
