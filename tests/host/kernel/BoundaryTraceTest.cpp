@@ -135,6 +135,49 @@ TEST(BoundaryTrace, WhatIsSeenFromThePointIsInside)
     }
 }
 
+TEST(BoundaryTrace, SegmentsOfAGridMatchFloodFill)
+{
+    // Segments along grid lines overlap, end on each other and meet at corners all the time.
+    constexpr int kSize = 12;
+    for (unsigned seed = 0; seed < 150; ++seed) {
+        RandomShapes shapes(seed);
+        Drawing drawing;
+        drawing.box(0, 0, kSize, kSize);
+        bool below[kSize + 1][kSize + 1] = {}, before[kSize + 1][kSize + 1] = {}; // walls of cell (x, y)
+        for (int n = 0; n < 50; ++n) {
+            const int x = shapes.whole(0, kSize - 1), y = shapes.whole(0, kSize - 1),
+                      length = shapes.whole(1, 5);
+            const bool flat = n % 2 == 0;
+            const int end = std::min(kSize, (flat ? x : y) + length);
+            flat ? drawing.line(x, y, end, y) : drawing.line(x, end, x, y);
+            for (int i = flat ? x : y; i < end; ++i)
+                (flat ? below[i][y] : before[x][i]) = true;
+        }
+        bool filled[kSize][kSize] = {};
+        std::vector<std::pair<int, int>> open{{shapes.whole(0, kSize - 1), shapes.whole(0, kSize - 1)}};
+        const auto pick = open.front();
+        int cells = 0;
+        while (!open.empty()) {
+            const auto [x, y] = open.back();
+            open.pop_back();
+            if (x < 0 || y < 0 || x >= kSize || y >= kSize || filled[x][y]) continue;
+            filled[x][y] = true;
+            ++cells;
+            if (!before[x][y]) open.emplace_back(x - 1, y);
+            if (!before[x + 1][y]) open.emplace_back(x + 1, y);
+            if (!below[x][y]) open.emplace_back(x, y - 1);
+            if (!below[x][y + 1]) open.emplace_back(x, y + 1);
+        }
+        const TraceResult result =
+            drawing.trace(pick.first + 0.37, pick.second + 0.41, {1e-8, 0, IslandMode::kOuter});
+        ASSERT_EQ(result.status, TraceStatus::kOk) << seed;
+        double area = 0;
+        for (const TraceLoop& loop : result.loops)
+            area += loop.area;
+        EXPECT_NEAR(area, cells, 1e-9) << seed;
+    }
+}
+
 TEST(BoundaryTrace, CurvesOfAllKindsBoundTogether)
 {
     // Left of the circle, above the line, below the ellipse: cross-checked by counting random points.
