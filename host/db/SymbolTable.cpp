@@ -48,9 +48,11 @@ Acad::ErrorStatus AcDbSymbolTableRecord::getName(const ACHAR*& name) const
 
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name)
 {
-    if (!isSymbolName(name)) return Acad::eInvalidSymbolTableName;
+    const bool mayBeNameless = sharesName() && name && !*name;
+    if (!isSymbolName(name) && !mayBeNameless) return Acad::eInvalidSymbolTableName;
     AcDbSymbolTable* table = tableOf(*this);
-    const AcDbObjectId other = table ? table->find(name, false) : AcDbObjectId();
+    if (table && isPermanent() && mName.CompareNoCase(name) != 0) return Acad::eIllegalReplacement;
+    const AcDbObjectId other = table && !sharesName() ? table->find(name, false) : AcDbObjectId();
     if (!other.isNull() && other != objectId()) return Acad::eDuplicateRecordName;
     const Acad::ErrorStatus status = assertWriteEnabled();
     if (status != Acad::eOk) return status;
@@ -90,7 +92,7 @@ void AcDbSymbolTable::rename(AcDbObjectId id, const CString& from, const CString
 
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id, bool getErased) const
 {
-    id = name ? find(name, getErased) : AcDbObjectId();
+    id = name && *name ? find(name, getErased) : AcDbObjectId();
     return id.isNull() ? Acad::eKeyNotFound : Acad::eOk;
 }
 
@@ -120,8 +122,9 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     if (!record) return Acad::eNullObjectPointer;
     if (!record->isKindOf(recordClass())) return Acad::eWrongObjectType;
     if (record->database()) return Acad::eAlreadyInDb;
-    if (!isSymbolName(record->name())) return Acad::eInvalidSymbolTableName;
-    if (has(record->name())) return Acad::eDuplicateRecordName;
+    const bool isNameless = record->sharesName() && record->name().IsEmpty();
+    if (!isSymbolName(record->name()) && !isNameless) return Acad::eInvalidSymbolTableName;
+    if (!record->sharesName() && has(record->name())) return Acad::eDuplicateRecordName;
     const Acad::ErrorStatus writable = assertWriteEnabled();
     if (writable != Acad::eOk) return writable;
     const Acad::ErrorStatus status = database()->addAcDbObject(id, record, objectId());

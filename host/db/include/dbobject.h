@@ -153,6 +153,15 @@ protected:
     /// Marks the picture of the object as changed; setters of geometry call it after assertWriteEnabled.
     void recordGraphicsModified(bool changed = true) { mModifiedGraphics |= changed; }
 
+    /// What most setters do: the gate, then the value.
+    template <class Member, class Value>
+    Acad::ErrorStatus assign(Member& member, const Value& value)
+    {
+        const Acad::ErrorStatus status = assertWriteEnabled();
+        if (status == Acad::eOk) member = value;
+        return status;
+    }
+
 private:
     friend struct DbObjectAccess;
 

@@ -1,0 +1,149 @@
+#pragma once
+
+/// Symbol tables: the named things of a drawing, one table a kind, and the iterators over them. dbsymtb.h adds the records.
+///
+/// Names are found without regard to case and kept as given. They are at most 255 characters, not empty, and hold
+/// none of < > / \ " : ; ? * | , = ` (a record of the system's own may begin with "*").
+
+#include "dbobject.h"
+
+#include <atlstr.h>
+
+#include <unordered_map>
+#include <vector>
+
+class AcDbSymbolTable;
+
+class AcDbSymbolTableRecord : public AcDbObject
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord);
+
+    /// The name, as a copy that the caller releases with acutDelString.
+    Acad::ErrorStatus getName(ACHAR*& name) const;
+    Acad::ErrorStatus getName(const ACHAR*& name) const;
+    const CString& name() const { return mName; }
+    /// Group 70, as files have it.
+    int flags() const { return mFlags; }
+    /// eInvalidSymbolTableName for a bad name, eDuplicateRecordName when the table has another record of that name,
+    /// eIllegalReplacement for a record of the system's own ("0", "Standard", "ACAD" ...).
+    virtual Acad::ErrorStatus setName(const ACHAR* name);
+    /// True when the record came from another drawing (an external reference).
+    bool isDependent() const { return (mFlags & 16) != 0; }
+    bool isResolved() const { return (mFlags & 32) != 0; }
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
+
+protected:
+    AcDbSymbolTableRecord() = default;
+    Acad::ErrorStatus subErase(bool erasing) override;
+    void subCancel(const AcDbObject& before) override;
+    /// True for records that a drawing cannot be without.
+    virtual bool isPermanent() const { return false; }
+    /// True for records that others of the table may share a name with, or that have none (shape files).
+    virtual bool sharesName() const { return false; }
+    /// Sets or clears a bit of group 70.
+    Acad::ErrorStatus setFlag(int flag, bool on) { return assign(mFlags, on ? mFlags | flag : mFlags & ~flag); }
+
+    CString mName;
+    int mFlags = 0; ///< group 70
+
+    friend class AcDbSymbolTable;
+    friend struct SymbolTableAccess;
+};
+
+/// Walks the records of a table, in the order they were added.
+class AcDbSymbolTableIterator
+{
+public:
+    /// Goes back to the first record, or to the last; `skipDeleted` leaves erased ones out.
+    void start(bool atBeginning = true, bool skipDeleted = true);
+    bool done() const { return mAt >= mIds->size(); }
+    void step(bool forward = true, bool skipDeleted = true);
+    Acad::ErrorStatus seek(AcDbObjectId id);
+    Acad::ErrorStatus getRecordId(AcDbObjectId& id) const;
+    /// Opens the record the iterator stands on; eIteratorDone past the end.
+    Acad::ErrorStatus getRecord(AcDbSymbolTableRecord*& record, AcDb::OpenMode mode = AcDb::kForRead,
+                                bool openErased = false) const;
+
+private:
+    friend class AcDbSymbolTable;
+    AcDbSymbolTableIterator(const std::vector<AcDbObjectId>& ids, bool atBeginning, bool skipDeleted)
+        : mIds(&ids)
+    {
+        start(atBeginning, skipDeleted);
+    }
+
+    const std::vector<AcDbObjectId>* mIds;
+    std::size_t mAt = 0; ///< past the end also means before the beginning
+};
+
+class AcDbSymbolTable : public AcDbObject
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbSymbolTable);
+
+    /// eKeyNotFound when no record has the name; an erased one counts only with `getErased`.
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id, bool getErased = false) const;
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
+                            bool openErased = false) const;
+    bool has(const ACHAR* name) const;
+    bool has(AcDbObjectId id) const;
+    /// Adds a new record, which stays open for write. eDuplicateRecordName, eInvalidSymbolTableName, eAlreadyInDb,
+    /// eWrongObjectType for a record of another table; the record stays the caller's then.
+    virtual Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
+    Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
+    /// A new iterator that the caller deletes. It may not outlive the opening of the table.
+    Acad::ErrorStatus newIterator(AcDbSymbolTableIterator*& iterator, bool atBeginning = true,
+                                  bool skipDeleted = true) const;
+
+    /// Every record, erased ones too, in the order they were added.
+    const std::vector<AcDbObjectId>& recordIds() const { return mIds; }
+
+    const DxfClass* dxfClass() const override { return &dxf; }
+    static const DxfClass dxf;
+
+protected:
+    AcDbSymbolTable() = default;
+    /// The class of the records that the table takes.
+    virtual const AcRxClass* recordClass() const = 0;
+
+private:
+    friend struct SymbolTableAccess;
+    friend class AcDbSymbolTableRecord;
+
+    AcDbObjectId find(const CString& name, bool erasedToo) const;
+    void rename(AcDbObjectId id, const CString& from, const CString& to);
+
+    std::vector<AcDbObjectId> mIds;
+    std::unordered_multimap<CString, AcDbObjectId> mByName; ///< keys in lower case
+};
+
+/// The members of a table whose records are of one class.
+#define ACDB_SYMBOL_TABLE(KIND)                                                                              \
+class AcDb##KIND##TableRecord;                                                                               \
+class AcDb##KIND##TableIterator;                                                                             \
+class AcDb##KIND##Table : public AcDbSymbolTable                                                             \
+{                                                                                                            \
+public:                                                                                                      \
+    ACRX_DECLARE_MEMBERS(AcDb##KIND##Table);                                                                 \
+    AcDb##KIND##Table() = default;                                                                           \
+    using AcDbSymbolTable::getAt;                                                                            \
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDb##KIND##TableRecord*& record, AcDb::OpenMode mode,        \
+                            bool openErased = false) const;                                                  \
+    using AcDbSymbolTable::add;                                                                              \
+                                                                                                             \
+protected:                                                                                                   \
+    const AcRxClass* recordClass() const override;                                                           \
+}
+
+ACDB_SYMBOL_TABLE(RegApp);
+ACDB_SYMBOL_TABLE(Layer);
+ACDB_SYMBOL_TABLE(Linetype);
+ACDB_SYMBOL_TABLE(TextStyle);
+ACDB_SYMBOL_TABLE(View);
+ACDB_SYMBOL_TABLE(UCS);
+ACDB_SYMBOL_TABLE(Viewport);
+ACDB_SYMBOL_TABLE(DimStyle);
+ACDB_SYMBOL_TABLE(Block);
