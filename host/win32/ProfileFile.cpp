@@ -22,6 +22,14 @@ std::wstring folded(std::wstring_view name)
     return key;
 }
 
+std::size_t hashOf(const std::wstring& foldedName)
+{
+    NameHash hash;
+    for (wchar_t c : foldedName)
+        hash.add(static_cast<std::uint32_t>(c));
+    return hash.value();
+}
+
 /// Where a line's contents end, and the next line begins.
 struct LineEnd {
     std::size_t content;
@@ -101,7 +109,6 @@ void ProfileFile::findSections()
         const LineEnd end = findLineEnd(_text, begin);
         if (readHeader(_text, skipBlanks(_text, begin, end.content), end.content, name)) {
             if (!_sections.empty()) _sections.back().end = begin;
-            _sectionOfName.emplace(folded(name), _sections.size());
             _sections.emplace_back();
             _sections.back().name = name;
             _sections.back().headerBegin = begin;
@@ -110,12 +117,47 @@ void ProfileFile::findSections()
         begin = end.next;
     }
     if (!_sections.empty()) _sections.back().end = _text.size();
+    indexSections();
+}
+
+void ProfileFile::indexSections()
+{
+    _sectionOfName.reset(_sections.size());
+    for (std::size_t i = 0; i < _sections.size(); ++i) {
+        const std::wstring name = folded(_sections[i].name);
+        _sectionOfName.add(::hashOf(name), i,
+                           [&](std::size_t other) { return folded(_sections[other].name) == name; });
+    }
 }
 
 const ProfileSection* ProfileFile::section(std::wstring_view name) const
 {
-    const auto found = _sectionOfName.find(folded(name));
-    return found == _sectionOfName.end() ? nullptr : &_sections[found->second];
+    const std::wstring wanted = folded(name);
+    const std::size_t found = _sectionOfName.find(
+        ::hashOf(wanted), [&](std::size_t other) { return folded(_sections[other].name) == wanted; });
+    return found == NameIndex::none ? nullptr : &_sections[found];
+}
+
+/// Most names are ASCII, and need not be decoded.
+std::size_t ProfileFile::hashOf(const ProfileEntry& entry) const
+{
+    NameHash hash;
+    for (std::size_t i = entry.nameBegin; i < entry.nameEnd; ++i) {
+        const unsigned unit = _text.unit(i);
+        if (unit >= 0x80) return ::hashOf(folded(name(entry)));
+        hash.add(unit >= 'a' && unit <= 'z' ? unit - 'a' + 'A' : unit);
+    }
+    return hash.value();
+}
+
+void ProfileFile::indexEntries(const ProfileSection& section) const
+{
+    const std::vector<ProfileEntry>& all = section.entries;
+    section.entryOfName.reset(all.size());
+    for (std::size_t i = 0; i < all.size(); ++i)
+        section.entryOfName.add(hashOf(all[i]), i, [&](std::size_t other) {
+            return folded(name(all[other])) == folded(name(all[i]));
+        });
 }
 
 void ProfileFile::parse(const ProfileSection& section) const
@@ -123,12 +165,11 @@ void ProfileFile::parse(const ProfileSection& section) const
     for (std::size_t line = section.bodyBegin; line < section.end;) {
         const LineEnd end = findLineEnd(_text, line);
         const std::size_t begin = skipBlanks(_text, line, end.content);
-        if (begin < end.content && _text.unit(begin) != ';') {
+        if (begin < end.content && _text.unit(begin) != ';')
             section.entries.push_back(readEntry(_text, line, begin, end));
-            section.entryOfName.emplace(folded(name(section.entries.back())), section.entries.size() - 1);
-        }
         line = end.next;
     }
+    indexEntries(section);
     section.isParsed = true;
 }
 
@@ -141,8 +182,10 @@ const std::vector<ProfileEntry>& ProfileFile::entries(const ProfileSection& sect
 const ProfileEntry* ProfileFile::entry(const ProfileSection& section, std::wstring_view name) const
 {
     const std::vector<ProfileEntry>& all = entries(section);
-    const auto found = section.entryOfName.find(folded(name));
-    return found == section.entryOfName.end() ? nullptr : &all[found->second];
+    const std::wstring wanted = folded(name);
+    const std::size_t found = section.entryOfName.find(
+        ::hashOf(wanted), [&](std::size_t other) { return folded(this->name(all[other])) == wanted; });
+    return found == NameIndex::none ? nullptr : &all[found];
 }
 
 /// The place behind the section's last line that is not blank.

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "ProfileNames.h"
 #include "ProfileText.h"
 
-#include <unordered_map>
 #include <vector>
 
 namespace win32
@@ -25,8 +25,8 @@ struct ProfileSection {
     std::size_t bodyBegin;
     std::size_t end; ///< where the next section, or nothing, begins
     mutable bool isParsed = false;
-    mutable std::vector<ProfileEntry> entries;                         ///< once it is parsed
-    mutable std::unordered_map<std::wstring, std::size_t> entryOfName; ///< by folded name
+    mutable std::vector<ProfileEntry> entries; ///< once it is parsed
+    mutable NameIndex entryOfName;
 };
 
 /// The parsed contents of a profile file. Sections are found when it is made, the lines of a section when
@@ -64,7 +64,10 @@ public:
 
 private:
     void findSections();
+    void indexSections();
     void parse(const ProfileSection& section) const;
+    void indexEntries(const ProfileSection& section) const;
+    std::size_t hashOf(const ProfileEntry& entry) const;
     std::size_t behindLastText(const ProfileSection& section) const;
     std::wstring lineBreakBefore(std::size_t position) const;
     std::wstring completion(std::size_t position) const;
@@ -72,7 +75,7 @@ private:
 
     ProfileText _text;
     std::vector<ProfileSection> _sections;
-    std::unordered_map<std::wstring, std::size_t> _sectionOfName;
+    NameIndex _sectionOfName;
 };
 
 /// The name without blanks around it.

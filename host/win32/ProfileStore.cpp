@@ -12,6 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -38,13 +39,14 @@ struct Stamp {
     dev_t device;
     ino_t inode;
     off_t size;
-    long long changed;
+    long long written;
+    long long changed; ///< cannot be set back
     UINT codePage;
 
     bool operator==(const Stamp& other) const
     {
         return device == other.device && inode == other.inode && size == other.size &&
-               changed == other.changed && codePage == other.codePage;
+               written == other.written && changed == other.changed && codePage == other.codePage;
     }
 };
 
@@ -63,7 +65,8 @@ std::list<Kept>& keptProfiles()
 
 Stamp stampOf(const struct stat& info)
 {
-    return {info.st_dev, info.st_ino, info.st_size, nanoseconds(info.st_mtim), ansiCodePage()};
+    return {info.st_dev,   info.st_ino, info.st_size, nanoseconds(info.st_mtim), nanoseconds(info.st_ctim),
+            ansiCodePage()};
 }
 
 bool readAll(int descriptor, std::string& bytes)
@@ -96,7 +99,8 @@ std::shared_ptr<const ProfileFile> parse(int descriptor, const std::string& path
     clock_gettime(CLOCK_REALTIME, &now);
     std::string bytes(static_cast<std::size_t>(info.st_size), '\0');
     if (!readAll(descriptor, bytes)) return failWith(errorOfErrno(errno)), nullptr;
-    const bool isSettled = nanoseconds(now) - nanoseconds(info.st_mtim) > clockGrainNs;
+    const long long lastChange = std::max(nanoseconds(info.st_mtim), nanoseconds(info.st_ctim));
+    const bool isSettled = nanoseconds(now) - lastChange > clockGrainNs;
     auto file = std::make_shared<const ProfileFile>(std::move(bytes));
     keptProfiles().push_front({path, stampOf(info), isSettled, file});
     if (keptProfiles().size() > keptFiles) keptProfiles().pop_back();

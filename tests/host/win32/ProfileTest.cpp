@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <filesystem>
 #include <vector>
 
 namespace
@@ -225,8 +226,21 @@ TEST_F(Profile, ChangeByAnotherProgramIsSeenAtOnce)
     }
     usleep(50000);
     EXPECT_EQ(read(L"s", L"k"), L"9");
+    const auto written = std::filesystem::last_write_time(host("a.ini"));
     put("a.ini", "[s]\nk=x\n");
+    std::filesystem::last_write_time(host("a.ini"), written); // a program may set the time back
     EXPECT_EQ(read(L"s", L"k"), L"x");
+}
+
+TEST_F(Profile, FirstOfManyEqualNamesCountsAndTheyCostNoMore)
+{
+    std::string contents = "[s]\nFirst=1\n";
+    for (int i = 0; i < 200000; ++i) // quadratic work would take minutes
+        contents += i % 2 ? "\xD6\xD0=2\n" : "first=3\n";
+    put("a.ini", contents + "[S]\nlast=4\n");
+    EXPECT_EQ(read(L"s", L"FIRST"), L"1");
+    EXPECT_EQ(read(L"s", L"\u4E2D"), L"2");
+    EXPECT_EQ(read(L"s", L"last"), L"?");
 }
 
 TEST_F(Profile, ThousandReadsOfALargeFileCostAFewParses)
