@@ -4,6 +4,7 @@
 
 #include "AlgorString.h"
 #include "CEncoding.h"
+#include "CFamStuIniFile.h"
 #include "CFamStuStr.h"
 #include "CMatrix.h"
 #include "CMatrixHelper.h"
