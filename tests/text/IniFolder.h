@@ -1,38 +1,21 @@
 #pragma once
 
+#include "../host/win32/TempFolder.h"
 #include "QmCADLib.h"
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
-#include <string>
 #include <vector>
 
 /// A fixture with a profile file in a folder of its own.
-class IniFolder : public testing::Test
+class IniFolder : public TempFolder
 {
 protected:
-    IniFolder()
-    {
-        char pattern[] = "/tmp/ini-test-XXXXXX";
-        _folder = mkdtemp(pattern);
-    }
-    ~IniFolder() override { std::filesystem::remove_all(_folder); }
-
-    std::string folder() const { return _folder; }
-    std::string host() const { return _folder + "/a.ini"; }
-    CString file() const { return L"Z:" + CString(host().c_str()); }
-
-    void put(const std::string& bytes) const { std::ofstream(host(), std::ios::binary) << bytes; }
-    std::string get() const
-    {
-        std::ifstream in(host(), std::ios::binary);
-        return in ? std::string(std::istreambuf_iterator<char>(in), {}) : "(missing)";
-    }
+    std::string folder() const { return TempFolder::host(""); }
+    std::string host() const { return TempFolder::host("a.ini"); }
+    CString file() const { return path(L"a.ini").c_str(); }
+    void put(const std::string& bytes) const { TempFolder::put("a.ini", bytes); }
+    std::string get() const { return TempFolder::get("a.ini"); }
 
     /// The texts with '|' between them, in UTF-8.
     static std::string listed(const CStringArray& texts)
@@ -72,6 +55,4 @@ private:
         }
         return bytes;
     }
-
-    std::string _folder;
 };
