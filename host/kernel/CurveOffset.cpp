@@ -146,8 +146,8 @@ class Trimmed
 public:
     Trimmed(const std::vector<CurveForm>& parts, const std::vector<CurvePtr>& raw, double distance,
             bool closed, double tol)
-        : mParts(parts), mPartTree(boxesOf(parts)), mRaw(raw), mDistance(std::fabs(distance)),
-          mClosed(closed), mPlane(strands(tol), tol)
+        : mParts(parts), mPartTree(boxesOf(parts)), mRaw(raw), mSigned(distance),
+          mDistance(std::fabs(distance)), mClosed(closed), mPlane(strands(tol), tol)
     {
     }
 
@@ -174,7 +174,8 @@ private:
         return boxes;
     }
 
-    /// After the raw curves the circles about the ends of an open chain, which only cut.
+    /// After the raw curves those that only cut. The distance from an open chain reaches its limit also on
+    /// its other side and around its ends and corners; what a closed one leaves there has loose ends.
     std::vector<Strand> strands(double tol)
     {
         std::vector<Strand> all;
@@ -183,10 +184,22 @@ private:
             addStrands(curve->form(), source++, tol, all);
         mKeepable = static_cast<int>(all.size());
         if (mClosed) return all;
-        const AcGeVector3d u(mDistance, 0, 0), v(0, mDistance, 0);
-        for (const AcGePoint3d& end : {startOf(mParts.front()), endOf(mParts.back())})
-            all.push_back({conicForm(end, u, v, 0, kTwoPi), source++, 1, 0});
+        addCircle(endOf(mParts.back()), source++, all);
+        for (const CurveForm& part : mParts) {
+            addCircle(startOf(part), source++, all);
+            for (const CurvePtr& curve : offsetPieces(part, -mSigned, kFit * mDistance)) {
+                mOther.push_back(curve);
+                addStrands(curve->form(), source++, tol, all);
+            }
+        }
         return all;
+    }
+
+    void addCircle(const AcGePoint3d& center, int source, std::vector<Strand>& strands) const
+    {
+        const CurveForm circle =
+            conicForm(center, AcGeVector3d(mDistance, 0, 0), AcGeVector3d(0, mDistance, 0), 0, kTwoPi);
+        strands.push_back({circle, source, 1, 0});
     }
 
     bool isFar(const HalfEdge& h)
@@ -246,7 +259,8 @@ private:
     const std::vector<CurveForm>& mParts;
     BoxTree mPartTree;
     const std::vector<CurvePtr>& mRaw;
-    double mDistance;
+    std::vector<CurvePtr> mOther; ///< the curves on the other side
+    double mSigned, mDistance;
     bool mClosed;
     int mKeepable = 0;
     Arrangement mPlane;

@@ -31,7 +31,7 @@ struct OffsetResult {
 /// The chain moved to the left by `distance` (drawing units; to the right when negative). Lines stay lines
 /// and arcs stay arcs about their centres; ellipses and splines become cubic splines that deviate by no more
 /// than 1e-6 of the distance. Corners that open are closed by extending their sides until they meet (by their
-/// tangents where sides do not meet); what comes nearer to the chain than the distance is cut away. A chain
-/// whose last curve ends at the start of the first, within tol, is closed.
+/// tangents where sides do not meet); what comes nearer to the chain than the distance (by more than 5e-6 of
+/// it) is cut away. A chain whose last curve ends at the start of the first, within tol, is closed.
 OffsetResult offsetChain(const std::vector<const AcGeCurve2d*>& chain, double distance, double tol = 1e-8);
 } // namespace kernel

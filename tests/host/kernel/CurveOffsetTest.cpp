@@ -127,7 +127,7 @@ TEST(CurveOffset, LineAndArcAreExtendedUntilTheyMeet)
 
 TEST(CurveOffset, RandomPolygonsKeepTheDistance)
 {
-    for (unsigned seed = 0; seed < 80; ++seed) {
+    for (unsigned seed = 1000; seed < 1400; ++seed) {
         SCOPED_TRACE(seed);
         RandomShapes shapes(seed);
         const std::vector<AcGePoint2d> corners = shapes.star({0, 0}, shapes.whole(4, 12));
@@ -140,7 +140,7 @@ TEST(CurveOffset, RandomPolygonsKeepTheDistance)
                 expectConnected(chain);
                 EXPECT_TRUE(chain.closed || !closed);
                 for (const AcGePoint2d& p : samples(chain, 9)) {
-                    EXPECT_GE(distanceTo(curves, p), std::fabs(distance) - 1e-6) << distance;
+                    EXPECT_GE(distanceTo(curves, p), std::fabs(distance) * (1 - 5e-6)) << distance;
                     EXPECT_TRUE(!closed || isInPolygons({corners}, p) == (distance > 0));
                 }
             }
