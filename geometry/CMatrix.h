@@ -43,7 +43,7 @@ public:
     /// no bit of VT_R8 (types that share a bit with it pass, and their data are read as doubles as far as
     /// they go); "SafeArray, incorrect number of dimensions"; "SafeArray access error" when bounds or data
     /// cannot be had.
-    explicit CMatrix(VARIANT& array);
+    CMatrix(VARIANT& array);
     /// Shares the elements.
     CMatrix(const CMatrix& other);
     ~CMatrix() override;

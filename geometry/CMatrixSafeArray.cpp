@@ -1,4 +1,5 @@
 #include "CMatrix.h"
+#include "dense/Transposition.h"
 #include "MatrixMessages.h"
 
 #include <algorithm>
@@ -90,12 +91,12 @@ VARIANT CMatrix::GetSafeArray() const
 {
     VARIANT result;
     VariantInit(&result);
-    const CMatrix byColumns = GetTransposed();
     SAFEARRAYBOUND bounds[2] = {{static_cast<ULONG>(m_columns), 0}, {static_cast<ULONG>(m_rows), 0}};
     SAFEARRAY* const array = SafeArrayCreate(VT_R8, 2, bounds);
     if (!array) return result;
     const ArrayData data(array);
-    std::copy_n(byColumns.m_block, Count(), data.get());
+    const auto columns = static_cast<std::size_t>(m_columns), rows = static_cast<std::size_t>(m_rows);
+    dense::transpose({m_block, columns}, columns, rows, {data.get(), rows});
     result.vt = VT_ARRAY | VT_R8;
     result.parray = array;
     return result;
