@@ -34,7 +34,7 @@ void skip(AcDbObject&, const DxfField&, DxfSource& source) { source.take(); }
 
 int BlockAccess::flagsFor(const AcDbBlockTableRecord& block)
 {
-    return (block.mFlags & ~2) | (block.hasAttributeDefinitions() ? 2 : 0);
+    return block.mFlags | (block.hasAttributeDefinitions() ? 2 : 0);
 }
 
 void BlockAccess::takeHead(AcDbBlockTableRecord& block, const AcDbBlockBegin& head)

@@ -86,20 +86,31 @@ void addFirstRecords(AcDbDatabase& database, DatabaseState& state)
 }
 } // namespace
 
-AcDbDatabase::AcDbDatabase() : mState(std::make_unique<DatabaseState>(this))
+AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool) : mState(std::make_unique<DatabaseState>(this))
 {
+    mState->isBare = !buildDefaultDrawing;
     addTables(*this, *mState);
     addFirstRecords(*this, *mState);
     mState->namedObjects = addNamedObjects(*this);
 }
 
-AcDbDatabase::~AcDbDatabase()
+AcDbDatabase::~AcDbDatabase() = default;
+
+DatabaseState::DatabaseState(AcDbDatabase* database) : stubs(database), codePage(GetACP()) {}
+
+DatabaseState::~DatabaseState()
 {
     // Objects go before the stubs that name them; nothing is told of the others while they do.
-    for (AcDbStub& stub : mState->stubs) {
+    for (AcDbStub& stub : stubs) {
         delete stub.object;
         stub.object = nullptr;
     }
+}
+
+void DatabaseAccess::reset(AcDbDatabase& database)
+{
+    database.mState = std::make_unique<DatabaseState>(&database);
+    database.mState->isBare = true;
 }
 
 Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound, const AcDbHandle& handle,

@@ -1,17 +1,29 @@
 #pragma once
 
+#include "HeaderVariables.h"
 #include "StubTable.h"
 #include "dbdatabase.h"
 
 /// What a database holds.
 struct DatabaseState {
-    explicit DatabaseState(AcDbDatabase* database) : stubs(database) {}
+    explicit DatabaseState(AcDbDatabase* database);
+    ~DatabaseState();
 
     StubTable stubs;
     AcDbObjectId blockTable, layerTable, linetypeTable, textStyleTable, dimStyleTable, ucsTable, viewTable,
         viewportTable, regAppTable;
     AcDbObjectId layerZero, byLayer, byBlock, continuous, modelSpace, paperSpace;
     AcDbObjectId namedObjects; ///< the dictionary of all dictionaries
+
+    HeaderVariables header;
+    std::vector<PackedGroups> classes;      ///< the file's list of application classes, an entry each
+    std::vector<PackedGroups> keptSections; ///< sections of a file that the host has no use for, whole
+    unsigned codePage = 0;                  ///< of texts in versions before R2007
+    int originalVersion = 0;                ///< of the file that was read, as $ACADVER has it; 0: none
+    int lastSavedVersion = 0;
+    CString fileName;
+    bool isBare = false;       ///< holds nothing but what a file will replace
+    bool needsRecovery = false; ///< the file had faults that were repaired
 
     // What new entities get.
     AcDbObjectId clayer, celtype, textstyle;
@@ -22,5 +34,7 @@ struct DatabaseState {
 
 struct DatabaseAccess {
     static DatabaseState& of(AcDbDatabase& database) { return *database.mState; }
+    /// Throws everything away; ids of its objects may not be used any more.
+    static void reset(AcDbDatabase& database);
     static const DatabaseState& of(const AcDbDatabase& database) { return *database.mState; }
 };

@@ -122,6 +122,7 @@ DxfField custom(int code, DxfField::Read read, DxfField::Write write)
     field.code = code;
     field.read = read;
     field.write = write;
+    field.repeats = true;
     return field;
 }
 } // namespace dxf

@@ -33,6 +33,7 @@ struct DxfField {
     Write write = nullptr;    ///< null: read only
     IsDefault isDefault = nullptr;
     double defaultValue = 0.0;
+    bool repeats = false;     ///< may stand several times in one section; otherwise a second one is kept as it is
     bool skipDefault = false; ///< left out of files and lists while it has its default
     DxfVersion since = DxfVersion::r12;
 
@@ -97,6 +98,8 @@ DxfFrame dxfRead(AcDbObject& object, DxfSource& source);
 void dxfWrite(const AcDbObject& object, DxfSink& sink);
 /// Writes the whole record: group 0, the frame, the classes, extended data.
 void dxfWriteRecord(const AcDbObject& object, DxfSink& sink);
+/// The same without its group 0.
+void dxfWriteBody(const AcDbObject& object, DxfSink& sink);
 
 namespace dxf
 {
@@ -263,6 +266,6 @@ DxfField record(int code)
     return field;
 }
 
-/// A field of a class's own making.
+/// A field of a class's own making; it may stand several times.
 DxfField custom(int code, DxfField::Read read, DxfField::Write write);
 } // namespace dxf

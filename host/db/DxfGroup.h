@@ -18,8 +18,10 @@ enum class DxfKind : std::uint8_t { text, real, integer, handle, binary };
 
 DxfKind dxfKindOf(int code);
 
-/// A text of the database as groups carry it.
+/// A text of the database as groups carry it, and back. Units that are half of a character are kept: as the three
+/// bytes that UTF-8 would have for them.
 std::string utf8Of(const CString& text);
+CString wideOf(std::string_view utf8);
 
 /// One group. Text and binary values are views that hold until the next group is asked for.
 struct DxfGroup {
@@ -31,7 +33,7 @@ struct DxfGroup {
 
     bool is(int wanted) const { return code == wanted; }
     /// The text as the database keeps it.
-    CString wide() const;
+    CString wide() const { return wideOf(text); }
 };
 
 /// Gives groups one after the other. Faults are reported by the source itself, with their place in the file.

@@ -2,6 +2,8 @@
 #include "DxfFields.h"
 #include "DxfKept.h"
 
+#include <bitset>
+
 namespace
 {
 /// Stands for the part of a record before the sections, where groups are kept too.
@@ -27,13 +29,32 @@ private:
         if (mIsEmbedded) return keep(nullptr, group);
         if (group.code == 100) return enterSection(group);
         if (!mSectionsKnown && takeFrame(group)) return;
-        if (const DxfField* field = fieldFor(group.code)) return field->read(mObject, *field, mSource);
+        if (const DxfField* field = fieldFor(group.code)) {
+            if (isFirst(*field)) return field->read(mObject, *field, mSource);
+        } else if (group.code == 5 && group.kind == DxfKind::handle && !mFrame.handle) {
+            // Some programs put the handle behind the first marker.
+            takeHandle(group);
+            return mSource.take();
+        }
         keep(mSection, group);
     }
+
+    /// A second group of a field with one value is kept beside it.
+    bool isFirst(const DxfField& field)
+    {
+        if (field.repeats) return true;
+        const auto place = static_cast<std::size_t>(field.code) % mTaken.size();
+        const bool isFirst = !mTaken[place];
+        mTaken[place] = true;
+        return isFirst;
+    }
+
+    void takeHandle(const DxfGroup& group) { mFrame.handle = static_cast<std::uint64_t>(group.integer); }
 
     void enterSection(const DxfGroup& group)
     {
         mSectionsKnown = true;
+        mTaken.reset();
         const DxfClass* own = mObject.dxfClass();
         mSection = own ? own->sectionOf(group.text) : nullptr;
         if (mSection) {
@@ -54,10 +75,14 @@ private:
         switch (group.code) {
         case 5:
         case 105:
-            if (group.kind != DxfKind::handle) return false;
-            mFrame.handle = static_cast<std::uint64_t>(group.integer);
+            if (group.kind != DxfKind::handle || mFrame.handle) return false;
+            takeHandle(group);
             break;
-        case 330: mFrame.owner = mSource.stubOf(static_cast<std::uint64_t>(group.integer)); break;
+        case 330:
+            if (mHasOwner) return false;
+            mHasOwner = true;
+            mFrame.owner = mSource.stubOf(static_cast<std::uint64_t>(group.integer));
+            break;
         case 102: takeBraces(group); return true;
         default: return false;
         }
@@ -137,6 +162,8 @@ private:
     bool mSectionsKnown = false;
     bool mHasApplication = false;
     bool mIsEmbedded = false; ///< inside an object that newer programs embed at the end of a record: kept as it is
+    bool mHasOwner = false;
+    std::bitset<512> mTaken; ///< codes of the fields of this section that have been read
     DxfFrame mFrame;
 };
 
@@ -175,10 +202,14 @@ void dxfWrite(const AcDbObject& object, DxfSink& sink)
 
 void dxfWriteRecord(const AcDbObject& object, DxfSink& sink)
 {
+    sink.text(0, object.dxfRecordName());
+    dxfWriteBody(object, sink);
+}
+
+void dxfWriteBody(const AcDbObject& object, DxfSink& sink)
+{
     const DbObjectExtras* extras = DbObjectAccess::extras(object);
-    const std::string_view name = object.dxfRecordName();
-    sink.text(0, name);
-    sink.rawHandle(name == "DIMSTYLE" ? 105 : 5, object.handle());
+    sink.rawHandle(object.dxfRecordName() == "DIMSTYLE" ? 105 : 5, object.handle());
     if (extras) {
         writeExtensionDictionary(*extras, sink);
         writeReactors(*extras, sink);

@@ -34,3 +34,19 @@ AcDbStub* StubTable::obtain(std::uint64_t handle)
     }
     return at;
 }
+
+AcDbStub* StubTable::addPending()
+{
+    mStubs.push_back({nullptr, mDatabase, 0, false});
+    mPending.push_back(&mStubs.back());
+    return mPending.back();
+}
+
+void StubTable::numberPending()
+{
+    for (AcDbStub* stub : mPending) {
+        stub->handle = mNextHandle++;
+        slot(stub->handle) = stub;
+    }
+    mPending.clear();
+}

@@ -8,6 +8,7 @@
 #include <deque>
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 /// Handles of one drawing are given out in rows, so the table keeps pages of neighbours: the page is found by the
 /// upper bits of the handle, the stub by the lower ones.
@@ -24,6 +25,12 @@ public:
     AcDbStub* obtain(std::uint64_t handle);
     /// A new stub under the next free handle.
     AcDbStub* add() { return obtain(mNextHandle); }
+
+    /// A new stub that gets its handle later: while a file is read, handles that it does not give must wait for those
+    /// that it gives.
+    AcDbStub* addPending();
+    /// Gives handles to what addPending made.
+    void numberPending();
 
     /// The handle that the next new object gets; always above every handle in use.
     std::uint64_t nextHandle() const { return mNextHandle; }
@@ -48,5 +55,6 @@ private:
     std::unordered_map<std::uint64_t, std::unique_ptr<Page>> mPages;
     mutable std::uint64_t mCachedKey = ~std::uint64_t(0);
     mutable Page* mCachedPage = nullptr;
+    std::vector<AcDbStub*> mPending;
     std::uint64_t mNextHandle = 1;
 };

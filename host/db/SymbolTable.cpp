@@ -7,6 +7,8 @@
 #include "acutads.h"
 #include "dbdatabase.h"
 
+#include <algorithm>
+
 ACDB_ABSTRACT_CLASS(AcDbSymbolTableRecord, AcDbObject)
 ACDB_ABSTRACT_CLASS(AcDbSymbolTable, AcDbObject)
 
@@ -129,9 +131,14 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     if (writable != Acad::eOk) return writable;
     const Acad::ErrorStatus status = database()->addAcDbObject(id, record, objectId());
     if (status != Acad::eOk) return status;
-    mIds.push_back(id);
-    mByName.emplace(keyOf(record->name()), id);
+    list(id, record->name());
     return Acad::eOk;
+}
+
+void AcDbSymbolTable::list(AcDbObjectId id, const CString& name)
+{
+    mIds.push_back(id);
+    mByName.emplace(keyOf(name), id);
 }
 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record)
@@ -184,5 +191,16 @@ Acad::ErrorStatus AcDbSymbolTableIterator::getRecord(AcDbSymbolTableRecord*& rec
     return done() ? Acad::eIteratorDone : acdbOpenObject(record, (*mIds)[mAt], mode, openErased);
 }
 
-const DxfClass AcDbSymbolTable::dxf("AcDbSymbolTable", nullptr, {});
+namespace
+{
+void skipCount(AcDbObject&, const DxfField&, DxfSource& source) { source.take(); }
+
+void writeCount(const AcDbObject& object, const DxfField&, DxfSink& sink)
+{
+    const std::vector<AcDbObjectId>& ids = static_cast<const AcDbSymbolTable&>(object).recordIds();
+    sink.integer(70, std::count_if(ids.begin(), ids.end(), [](AcDbObjectId id) { return !id.isErased(); }));
+}
+} // namespace
+
+const DxfClass AcDbSymbolTable::dxf("AcDbSymbolTable", nullptr, {dxf::custom(70, skipCount, writeCount)});
 const DxfClass AcDbSymbolTableRecord::dxf("AcDbSymbolTableRecord", nullptr, {});

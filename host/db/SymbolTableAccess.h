@@ -6,5 +6,9 @@
 
 struct SymbolTableAccess {
     static void setName(AcDbSymbolTableRecord& record, const CString& name) { record.mName = name; }
+    /// Lists a record that has a stub and this owner already; its name may be there twice (viewports).
+    static void list(AcDbSymbolTable& table, AcDbObjectId record, const CString& name) { table.list(record, name); }
+    /// The record of a name; null when there is none.
+    static AcDbObjectId find(const AcDbSymbolTable& table, const CString& name) { return table.find(name, false); }
     static int& flags(AcDbSymbolTableRecord& record) { return record.mFlags; }
 };

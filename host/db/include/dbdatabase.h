@@ -20,7 +20,9 @@ class AcDbDatabase : public AcRxObject
 public:
     ACRX_DECLARE_MEMBERS(AcDbDatabase);
 
-    AcDbDatabase();
+    /// A new drawing with all that AutoCAD puts into one; without `buildDefaultDrawing` an empty one for readDwgFile
+    /// and dxfIn. `noDocument` says that the drawing will not be shown in a document.
+    explicit AcDbDatabase(bool buildDefaultDrawing = true, bool noDocument = false);
     ~AcDbDatabase() override;
     AcDbDatabase(const AcDbDatabase&) = delete;
     AcDbDatabase& operator=(const AcDbDatabase&) = delete;

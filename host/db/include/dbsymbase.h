@@ -115,6 +115,7 @@ private:
 
     AcDbObjectId find(const CString& name, bool erasedToo) const;
     void rename(AcDbObjectId id, const CString& from, const CString& to);
+    void list(AcDbObjectId id, const CString& name);
 
     std::vector<AcDbObjectId> mIds;
     std::unordered_multimap<CString, AcDbObjectId> mByName; ///< keys in lower case

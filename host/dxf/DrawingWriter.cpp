@@ -1,0 +1,170 @@
+#include "DrawingWriter.h"
+
+#include "BlockAccess.h"
+#include "CodePageName.h"
+#include "SymbolTableAccess.h"
+
+#include <algorithm>
+
+namespace dxf
+{
+namespace
+{
+bool isActiveSpace(const AcDbBlockTableRecord& block)
+{
+    return block.name().CompareNoCase(ACDB_MODEL_SPACE) == 0 || block.name().CompareNoCase(ACDB_PAPER_SPACE) == 0;
+}
+
+/// Calls for the blocks that are not erased, in the order of their table.
+template <class Call>
+void forEachBlock(const DatabaseState& state, Call call)
+{
+    for (const AcDbObjectId id : static_cast<AcDbSymbolTable*>(residentObject(state.blockTable))->recordIds()) {
+        if (!id.isErased()) call(static_cast<const AcDbBlockTableRecord&>(*residentObject(id)));
+    }
+}
+
+bool isOfObjects(const AcDbStub& stub)
+{
+    const AcDbObject* object = stub.object;
+    return object && !AcDbObjectId(const_cast<AcDbStub*>(&stub)).isEffectivelyErased() &&
+           !object->isKindOf(AcDbEntity::desc()) && !object->isKindOf(AcDbSymbolTableRecord::desc()) &&
+           !object->isKindOf(AcDbSymbolTable::desc());
+}
+} // namespace
+
+DrawingWriter::DrawingWriter(AcDbDatabase& database, GroupWriter& writer, FileVersion version)
+    : _database(database), _state(DatabaseAccess::of(database)), _writer(writer), _sink(writer, version),
+      _version(version)
+{
+}
+
+void DrawingWriter::write()
+{
+    writeHeader();
+    writeClasses();
+    writeTables();
+    writeBlocks();
+    writeEntities();
+    writeObjects();
+    writeKeptSections();
+    _sink.text(0, "EOF");
+}
+
+void DrawingWriter::begin(const char* section)
+{
+    _sink.text(0, "SECTION");
+    _sink.text(2, section);
+}
+
+void DrawingWriter::writeHeader()
+{
+    HeaderVariables header = _state.header;
+    header.setText("$ACADVER", wideOf(nameOf(_version)));
+    header.setText("$DWGCODEPAGE", wideOf(nameOfCodePage(_state.codePage)));
+    PackedGroups& seed = header.at("$HANDSEED");
+    seed.clear();
+    seed.appendHandle(5, _state.stubs.nextHandle());
+    begin("HEADER");
+    // What the table does not know is of the file's own version, and may be newer than the one that is written.
+    header.write(_sink, static_cast<int>(_version) >= _state.originalVersion);
+    end();
+}
+
+void DrawingWriter::writeClasses()
+{
+    begin("CLASSES");
+    for (const PackedGroups& entry : _state.classes) {
+        _sink.text(0, "CLASS");
+        writeGroups(entry, _sink);
+    }
+    end();
+}
+
+void DrawingWriter::writeTables()
+{
+    begin("TABLES");
+    for (const TableInfo& info : tableInfos) writeTable(info);
+    end();
+}
+
+void DrawingWriter::writeTable(const TableInfo& info)
+{
+    const AcDbObjectId id = _state.*info.id;
+    const auto& table = static_cast<const AcDbSymbolTable&>(*residentObject(id));
+    _sink.text(0, "TABLE");
+    _sink.text(2, info.name);
+    dxfWriteBody(table, _sink);
+    for (const AcDbObjectId record : table.recordIds()) writeRecord(record);
+    _sink.text(0, "ENDTAB");
+}
+
+void DrawingWriter::writeRecord(AcDbObjectId id)
+{
+    if (id.isValid() && !id.isErased()) dxfWriteRecord(*residentObject(id), _sink);
+}
+
+void DrawingWriter::writeBlocks()
+{
+    begin("BLOCKS");
+    forEachBlock(_state, [&](const AcDbBlockTableRecord& block) { writeBlock(block); });
+    end();
+}
+
+void DrawingWriter::writeBlock(const AcDbBlockTableRecord& block)
+{
+    auto& head = const_cast<AcDbBlockTableRecord&>(block);
+    writeRecord(BlockAccess::begin(head));
+    if (!isActiveSpace(block)) writeEntitiesOf(block);
+    writeRecord(BlockAccess::end(head));
+}
+
+void DrawingWriter::writeEntities()
+{
+    begin("ENTITIES");
+    forEachBlock(_state, [&](const AcDbBlockTableRecord& block) {
+        if (isActiveSpace(block)) writeEntitiesOf(block);
+    });
+    end();
+}
+
+void DrawingWriter::writeEntitiesOf(const AcDbBlockTableRecord& block)
+{
+    for (const AcDbObjectId id : block.entityIds()) {
+        if (id.isValid() && !id.isErased()) writeEntity(static_cast<AcDbEntity&>(*residentObject(id)));
+    }
+}
+
+void DrawingWriter::writeEntity(AcDbEntity& entity)
+{
+    dxfWriteRecord(entity, _sink);
+    const DbSubentities* list = entity.subentities();
+    if (!list || list->sequenceEnd.isNull()) return;
+    for (const AcDbObjectId id : list->ids) writeRecord(id);
+    writeRecord(list->sequenceEnd);
+}
+
+void DrawingWriter::writeObjects()
+{
+    std::vector<AcDbStub*> objects;
+    for (AcDbStub& stub : _state.stubs) {
+        if (isOfObjects(stub)) objects.push_back(&stub);
+    }
+    const AcDbStub* root = _state.namedObjects;
+    std::sort(objects.begin(), objects.end(), [&](const AcDbStub* a, const AcDbStub* b) {
+        return a == root ? b != root : b != root && a->handle < b->handle;
+    });
+    begin("OBJECTS");
+    for (AcDbStub* stub : objects) writeRecord(stub);
+    end();
+}
+
+void DrawingWriter::writeKeptSections()
+{
+    if (static_cast<int>(_version) < _state.originalVersion) return;
+    for (const PackedGroups& section : _state.keptSections) {
+        writeGroups(section, _sink);
+        end();
+    }
+}
+} // namespace dxf

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "DxfFields.h"
+#include "FileSink.h"
+#include "GroupWriter.h"
+#include "dbblock.h"
+#include "TableKind.h"
+
+namespace dxf
+{
+/// Writes a drawing's sections, up to the end mark.
+class DrawingWriter
+{
+public:
+    DrawingWriter(AcDbDatabase& database, GroupWriter& writer, FileVersion version);
+    void write();
+
+private:
+    void writeHeader();
+    void writeClasses();
+    void writeTables();
+    void writeTable(const TableInfo& info);
+    void writeBlocks();
+    void writeBlock(const AcDbBlockTableRecord& block);
+    void writeEntities();
+    void writeEntitiesOf(const AcDbBlockTableRecord& block);
+    void writeEntity(AcDbEntity& entity);
+    void writeRecord(AcDbObjectId id);
+    void writeObjects();
+    void writeKeptSections();
+    void begin(const char* section);
+    void end() { _sink.text(0, "ENDSEC"); }
+
+    AcDbDatabase& _database;
+    DatabaseState& _state;
+    GroupWriter& _writer;
+    FileSink _sink;
+    FileVersion _version;
+};
+} // namespace dxf

@@ -1,0 +1,78 @@
+#include "FileSource.h"
+
+#include <algorithm>
+
+namespace dxf
+{
+namespace
+{
+bool isPlain(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0 && c != '^' && c != '\\'; });
+}
+} // namespace
+
+void FileSource::start(const Record& record)
+{
+    _record = &record;
+    _at = 0;
+    _isFilled = false;
+    _isPaperSpace = false;
+}
+
+void FileSource::fill(const Group& group)
+{
+    _group.code = group.code();
+    _group.kind = dxfKindOf(group.code());
+    _isFilled = true;
+    switch (_group.kind) {
+    case DxfKind::real: _group.real = group.real(); break;
+    case DxfKind::integer: _group.integer = group.integer(); break;
+    case DxfKind::handle:
+        _group.integer = static_cast<std::int64_t>(group.handle());
+        if (group.isMalformed()) fillText(group);
+        break;
+    case DxfKind::binary:
+        _scratch.clear();
+        group.appendBytes(_scratch);
+        _group.text = _scratch;
+        break;
+    case DxfKind::text: fillText(group);
+    }
+}
+
+void FileSource::fillText(const Group& group)
+{
+    _group.kind = DxfKind::text;
+    _group.text = group.text();
+    if (isPlain(_group.text)) return;
+    _decoded.clear();
+    _encoding.decode(group.text(), _decoded);
+    _scratch = utf8Of(CString(_decoded.data(), static_cast<int>(_decoded.size())));
+    _group.text = _scratch;
+}
+
+AcDbStub* FileSource::stubOf(std::uint64_t handle)
+{
+    if (!ReadContext::isHandle(handle)) _context.repair(RepairCode::badHandle, _record, "a handle beyond the largest");
+    return _context.stubOf(handle);
+}
+
+AcDbStub* FileSource::recordOf(int code, std::string_view name)
+{
+    const TableInfo* table = tableOfCode(code);
+    if (!table || name.empty()) return nullptr;
+    return _context.obtain(table->kind, name);
+}
+
+void FileSource::report(const DxfGroup&, const char* reason)
+{
+    const std::size_t position = _at < _record->groups.size() ? _record->groups[_at].position() : 0;
+    _context.repair(RepairCode::badValue, _record, reason, position);
+}
+
+void FileSource::takeAll(PackedGroups& to)
+{
+    for (; const DxfGroup* group = peek(); take()) to.append(*group);
+}
+} // namespace dxf
