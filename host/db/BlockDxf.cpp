@@ -34,7 +34,8 @@ void skip(AcDbObject&, const DxfField&, DxfSource& source) { source.take(); }
 
 int BlockAccess::flagsFor(const AcDbBlockTableRecord& block)
 {
-    return block.mFlags | (block.hasAttributeDefinitions() ? 2 : 0);
+    const bool offersAttributes = !block.isLayout() && block.hasAttributeDefinitions();
+    return block.mFlags | (offersAttributes ? 2 : 0);
 }
 
 void BlockAccess::takeHead(AcDbBlockTableRecord& block, const AcDbBlockBegin& head)
