@@ -171,5 +171,3 @@ bool AcDbBlockTableRecord::hasAttributeDefinitions() const
         return !id.isErased() && residentObject(id)->isKindOf(definitions);
     });
 }
-
-CString acdbLayoutNameOf(const AcDbBlockTableRecord&) { return CString(); }

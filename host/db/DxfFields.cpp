@@ -76,7 +76,8 @@ namespace
 bool isWritten(const DxfField& field, const AcDbObject& object, const DxfSink& sink)
 {
     if (!field.write || static_cast<int>(field.since) > sink.version()) return false;
-    return !(field.skipDefault && field.isDefault && field.isDefault(object, field));
+    const bool maySkip = field.skipDefault && field.isDefault && !sink.wantsDefault(field.code);
+    return !maySkip || !field.isDefault(object, field);
 }
 
 } // namespace

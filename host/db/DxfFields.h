@@ -96,6 +96,8 @@ struct DxfFrame {
 DxfFrame dxfRead(AcDbObject& object, DxfSource& source);
 /// Writes all groups of an object's classes, and what was kept, without the frame.
 void dxfWrite(const AcDbObject& object, DxfSink& sink);
+/// Writes what stands before the classes: group 0, handle, extension dictionary, reactors, owner.
+void dxfWriteFrame(const AcDbObject& object, DxfSink& sink);
 /// Writes the whole record: group 0, the frame, the classes, extended data.
 void dxfWriteRecord(const AcDbObject& object, DxfSink& sink);
 /// The same without its group 0.
@@ -141,12 +143,10 @@ DxfField angle(int code)
     using M = MemberTraits<Member>;
     DxfField field = real<Member>(code);
     field.read = [](AcDbObject& o, const DxfField&, DxfSource& s) {
-        M::of(o) = s.peek()->real * radiansPerDegree;
+        M::of(o) = s.angleOf(*s.peek());
         s.take();
     };
-    field.write = [](const AcDbObject& o, const DxfField& f, DxfSink& s) {
-        s.real(f.code, M::of(o) / radiansPerDegree);
-    };
+    field.write = [](const AcDbObject& o, const DxfField& f, DxfSink& s) { s.angle(f.code, M::of(o)); };
     return field;
 }
 

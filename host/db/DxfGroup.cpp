@@ -7,6 +7,8 @@
 
 namespace
 {
+constexpr double radiansPerDegree = 3.14159265358979323846 / 180.0;
+
 struct KindRange {
     int first, last;
     DxfKind kind;
@@ -106,6 +108,8 @@ std::string utf8Of(const CString& text)
     return utf8;
 }
 
+double DxfSource::angleOf(const DxfGroup& group) const { return group.real * radiansPerDegree; }
+void DxfSink::angle(int code, double radians) { real(code, radians / radiansPerDegree); }
 void DxfSink::wide(int code, const CString& value) { text(code, utf8Of(value)); }
 
 void DxfSink::point(int code, double x, double y)

@@ -53,6 +53,8 @@ public:
     virtual AcDbStub* recordOf(int code, std::string_view name) = 0;
     /// Told when an entity says which space it stands in: files before R13 name no owners.
     virtual void paperSpace(bool) {}
+    /// The angle of a group in radians: files have degrees, lists radians.
+    virtual double angleOf(const DxfGroup& group) const;
     /// Says that a value cannot be used; the object goes on with what it has.
     virtual void report(const DxfGroup& group, const char* reason) = 0;
 };
@@ -71,6 +73,10 @@ public:
     /// A handle that is not of a living object, kept as it was read.
     virtual void rawHandle(int code, std::uint64_t value) = 0;
 
+    /// An angle in radians: files have degrees, lists radians.
+    virtual void angle(int code, double radians);
+    /// Whether a field is wanted also where it may be left out.
+    virtual bool wantsDefault(int) const { return false; }
     /// The name of a record of a symbol table; nothing for the null stub.
     virtual void record(int code, AcDbStub* stub);
 

@@ -200,7 +200,7 @@ void dxfWrite(const AcDbObject& object, DxfSink& sink)
     writeKeptGroups(object, nullptr, sink);
 }
 
-void dxfWriteRecord(const AcDbObject& object, DxfSink& sink)
+void dxfWriteFrame(const AcDbObject& object, DxfSink& sink)
 {
     sink.text(0, object.dxfRecordName());
     dxfWriteBody(object, sink);
@@ -216,6 +216,11 @@ void dxfWriteBody(const AcDbObject& object, DxfSink& sink)
         writeKeptGroups(object, &frameSection, sink);
     }
     sink.handle(330, object.ownerId());
+}
+
+void dxfWriteRecord(const AcDbObject& object, DxfSink& sink)
+{
+    dxfWriteFrame(object, sink);
     dxfWrite(object, sink);
-    if (extras) writeXData(*extras, sink);
+    if (const DbObjectExtras* extras = DbObjectAccess::extras(object)) writeXData(*extras, sink);
 }

@@ -46,7 +46,7 @@ struct LinetypeAccess {
         case 75: shape.number = static_cast<int>(group->integer); break;
         case 340: shape.style = source.stubOf(static_cast<std::uint64_t>(group->integer)); break;
         case 46: shape.scale = group->real; break;
-        case 50: shape.rotation = group->real * dxf::radiansPerDegree; break;
+        case 50: shape.rotation = source.angleOf(*group); break;
         case 44: shape.offset.x = group->real; break;
         case 45: shape.offset.y = group->real; break;
         case 9: shape.text = group->wide(); break;
@@ -77,7 +77,7 @@ struct LinetypeAccess {
         sink.integer(75, dash.shape->number);
         sink.handle(340, dash.shape->style);
         sink.real(46, dash.shape->scale);
-        sink.real(50, dash.shape->rotation / dxf::radiansPerDegree);
+        sink.angle(50, dash.shape->rotation);
         sink.real(44, dash.shape->offset.x);
         sink.real(45, dash.shape->offset.y);
         if (dash.flags & isText) sink.wide(9, dash.shape->text);

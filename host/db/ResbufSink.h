@@ -31,6 +31,9 @@ public:
     void handle(int code, AcDbStub* stub) override;
     void binary(int code, std::string_view bytes) override;
     void rawHandle(int code, std::uint64_t value) override;
+    void angle(int code, double radians) override { real(code, radians); }
+    /// Lists have the normal also where it is the Z axis.
+    bool wantsDefault(int code) const override { return code == 210; }
     int version() const override { return 1032; }
 
     /// Adds the entity name of an object.

@@ -3,27 +3,39 @@
 #include "DatabaseState.h"
 #include "RecordNames.h"
 
-ResbufSource::ResbufSource(const resbuf* chain, AcDbDatabase* database, int end)
-    : mNode(chain), mDatabase(database), mEnd(end)
+namespace
+{
+std::vector<const resbuf*> nodesOf(const resbuf* chain)
+{
+    std::vector<const resbuf*> nodes;
+    for (; chain; chain = chain->rbnext) nodes.push_back(chain);
+    return nodes;
+}
+} // namespace
+
+ResbufSource::ResbufSource(const resbuf* chain, AcDbDatabase* database) : ResbufSource(nodesOf(chain), database) {}
+
+ResbufSource::ResbufSource(std::vector<const resbuf*> nodes, AcDbDatabase* database)
+    : mNodes(std::move(nodes)), mDatabase(database)
 {
     load();
 }
 
 void ResbufSource::take()
 {
-    const bool isInPoint = acdbGroupCodeToType(mNode->restype) == RT3DPOINT && mCoordinate < Z;
+    const bool isInPoint = acdbGroupCodeToType(node().restype) == RT3DPOINT && mCoordinate < Z;
     mCoordinate = isInPoint ? mCoordinate + 1 : 0;
-    if (!isInPoint) mNode = mNode->rbnext;
+    if (!isInPoint) ++mAt;
     load();
 }
 
 void ResbufSource::load()
 {
-    mMore = mNode && mNode->restype != mEnd;
+    mMore = mAt < mNodes.size();
     if (!mMore) return;
     mGroup = DxfGroup();
-    mGroup.code = mNode->restype + 10 * mCoordinate;
-    mGroup.kind = dxfKindOf(mNode->restype);
+    mGroup.code = node().restype + 10 * mCoordinate;
+    mGroup.kind = dxfKindOf(node().restype);
     if (loadValue()) return;
     mHasFault = true;
     mMore = false;
@@ -31,18 +43,18 @@ void ResbufSource::load()
 
 bool ResbufSource::loadValue()
 {
-    switch (acdbGroupCodeToType(mNode->restype)) {
-    case RT3DPOINT: mGroup.real = mNode->resval.rpoint[mCoordinate]; return true;
-    case RTREAL: mGroup.real = mNode->resval.rreal; return true;
-    case RTSHORT: mGroup.integer = mNode->resval.rint; return true;
-    case RTLONG: mGroup.integer = mNode->resval.rlong; return true;
-    case RTINT64: mGroup.integer = mNode->resval.mnInt64; return true;
+    switch (acdbGroupCodeToType(node().restype)) {
+    case RT3DPOINT: mGroup.real = node().resval.rpoint[mCoordinate]; return true;
+    case RTREAL: mGroup.real = node().resval.rreal; return true;
+    case RTSHORT: mGroup.integer = node().resval.rint; return true;
+    case RTLONG: mGroup.integer = node().resval.rlong; return true;
+    case RTINT64: mGroup.integer = node().resval.mnInt64; return true;
     case RTENAME:
         mGroup.integer = static_cast<std::int64_t>(
-            AcDbObjectId().setFromOldId(static_cast<std::intptr_t>(mNode->resval.rlname[0])).handle().value());
+            AcDbObjectId().setFromOldId(static_cast<std::intptr_t>(node().resval.rlname[0])).handle().value());
         return true;
     case RTLB: {
-        const ads_binary& chunk = mNode->resval.rbinary;
+        const ads_binary& chunk = node().resval.rbinary;
         if (chunk.clen > 0) mGroup.text = {chunk.buf, static_cast<std::size_t>(chunk.clen)};
         return chunk.clen >= 0;
     }
@@ -53,12 +65,12 @@ bool ResbufSource::loadValue()
 
 bool ResbufSource::loadText()
 {
-    if (!mNode->resval.rstring) return false;
+    if (!node().resval.rstring) return false;
     if (mGroup.kind == DxfKind::handle) {
-        mGroup.integer = static_cast<std::int64_t>(AcDbHandle(mNode->resval.rstring).value());
+        mGroup.integer = static_cast<std::int64_t>(AcDbHandle(node().resval.rstring).value());
         return true;
     }
-    mText = utf8Of(mNode->resval.rstring);
+    mText = utf8Of(node().resval.rstring);
     mGroup.text = mText;
     return true;
 }

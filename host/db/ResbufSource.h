@@ -7,18 +7,20 @@
 #include "acutads.h"
 
 #include <string>
+#include <vector>
 
 class AcDbDatabase;
 
 class ResbufSource : public DxfSource
 {
 public:
-    /// Reads from `chain` up to the first node of code `end` (by default the whole chain). References are resolved in
-    /// `database`, which may be null.
-    ResbufSource(const resbuf* chain, AcDbDatabase* database, int end = noCode);
+    /// Reads a chain, or nodes picked from one. References are resolved in `database`, which may be null.
+    ResbufSource(const resbuf* chain, AcDbDatabase* database);
+    ResbufSource(std::vector<const resbuf*> nodes, AcDbDatabase* database);
 
     const DxfGroup* peek() override { return mMore ? &mGroup : nullptr; }
     void take() override;
+    double angleOf(const DxfGroup& group) const override { return group.real; }
     AcDbStub* stubOf(std::uint64_t handle) override;
     /// Null for a name that the database does not have, which counts as a fault; a layer is made.
     AcDbStub* recordOf(int code, std::string_view name) override;
@@ -28,15 +30,15 @@ public:
     bool hasFault() const { return mHasFault; }
 
 private:
-    static constexpr int noCode = -100;
-
     void load();
     bool loadValue();
     bool loadText();
 
-    const resbuf* mNode;
+    const resbuf& node() const { return *mNodes[mAt]; }
+
+    std::vector<const resbuf*> mNodes;
+    std::size_t mAt = 0;
     AcDbDatabase* mDatabase;
-    int mEnd;
     int mCoordinate = 0; ///< of the point that is being taken apart
     DxfGroup mGroup;
     std::string mText;
