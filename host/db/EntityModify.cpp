@@ -26,13 +26,21 @@ Nodes& sectionIn(Sections& sections, const DxfClass* section)
     return sections.back().second;
 }
 
-/// The class that a group without a section belongs to: the innermost one that knows its code.
-const DxfClass* classKnowing(const DxfClass* innermost, int code)
+/// The marker of the section that the fields of a class stand in: its own or that of the nearest base; null without.
+const char* markerOf(const DxfClass* section)
 {
-    for (const DxfClass* at = innermost; at; at = at->base()) {
-        if (at->fieldOf(code)) return at;
-    }
-    return innermost;
+    while (section && !section->marker()) section = section->base();
+    return section ? section->marker() : nullptr;
+}
+
+/// The section that a group outside of sections belongs to: that of the innermost class which knows its code.
+const DxfClass* sectionKnowing(const DxfClass* innermost, int code)
+{
+    const DxfClass* known = innermost;
+    while (known && !known->fieldOf(code)) known = known->base();
+    if (!known) known = innermost;
+    const char* marker = markerOf(known);
+    return marker ? innermost->sectionOf(marker) : known;
 }
 
 bool hasSections(const resbuf* list)
@@ -52,7 +60,7 @@ Sections sectionsOf(const resbuf* list, const DxfClass* innermost)
         if (code == 100) {
             section = innermost->sectionOf(utf8Of(list->resval.rstring));
         } else if (section || (!isMarked && code != 5 && code != 102 && code != 330 && code > 0)) {
-            sectionIn(sections, section ? section : classKnowing(innermost, code)).push_back(list);
+            sectionIn(sections, section ? section : sectionKnowing(innermost, code)).push_back(list);
         }
     }
     return sections;
@@ -73,12 +81,13 @@ Nodes mergedNodes(const Nodes& old, const Nodes& changed)
 void readSections(AcDbObject& fresh, const Sections& old, Sections changed, AcDbDatabase* database, bool& hasFault)
 {
     for (const auto& [section, nodes] : old) {
+        const char* markerText = markerOf(section);
         resbuf marker{};
-        CString name(section->marker() ? section->marker() : "");
+        CString name(markerText ? markerText : "");
         marker.restype = 100;
         marker.resval.rstring = name.GetBuffer();
         Nodes all = mergedNodes(nodes, sectionIn(changed, section));
-        if (section->marker()) all.insert(all.begin(), &marker);
+        if (markerText) all.insert(all.begin(), &marker);
         ResbufSource source(std::move(all), database);
         dxfRead(fresh, source);
         hasFault |= source.hasFault();
