@@ -54,6 +54,7 @@ Acad::ErrorStatus AcDbEntity::explode(AcDbVoidPtrArray& entitySet) const
 {
     const int before = entitySet.length();
     const Acad::ErrorStatus status = subExplode(entitySet);
+    if (explodesWithOwnProperties()) return status;
     for (int i = before; i < entitySet.length(); ++i) {
         EntityAccess::takeProperties(*static_cast<AcDbEntity*>(entitySet[i]), *this);
     }
@@ -124,5 +125,6 @@ bool AcDbEntity::worldDraw(AcGiWorldDraw* draw) const
     traits.setLineTypeScale(mLinetypeScale);
     traits.setLineWeight(lineWeight());
     traits.setTransparency(mTransparency);
+    traits.setFillType(kAcGiFillNever);
     return subWorldDraw(draw);
 }

@@ -45,6 +45,7 @@ public:
     bool isVertical = false;
     bool isUnderlined = false;
     bool isOverlined = false;
+    bool isStrikethrough = false;
 };
 
 /// The traits of what is drawn next.

@@ -69,6 +69,7 @@ protected:
     Acad::ErrorStatus subErase(bool erasing) override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
+    bool explodesWithOwnProperties() const override { return true; }
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
     bool subWorldDraw(AcGiWorldDraw* draw) const override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,

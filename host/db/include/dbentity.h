@@ -96,7 +96,8 @@ public:
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& xform);
     /// A mapped copy that the caller owns; may be of another class (an ellipse of a circle scaled unevenly).
     Acad::ErrorStatus getTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copy) const;
-    /// Appends the simpler entities this one consists of; new ones that the caller owns, with this one's properties.
+    /// Appends the simpler entities this one consists of; new ones that the caller owns, with this one's properties, or
+    /// those that the pieces of its block have.
     /// eCannotExplodeEntity for simple entities.
     Acad::ErrorStatus explode(AcDbVoidPtrArray& entitySet) const;
     /// eInvalidExtents for an entity without extents (endless ones, empty ones).
@@ -151,6 +152,8 @@ protected:
     /// Copies and transforms unless a class overrides it.
     virtual Acad::ErrorStatus subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copy) const;
     virtual Acad::ErrorStatus subExplode(AcDbVoidPtrArray&) const { return Acad::eCannotExplodeEntity; }
+    /// True for entities whose pieces have properties of their own, such as those of blocks.
+    virtual bool explodesWithOwnProperties() const { return false; }
     virtual Acad::ErrorStatus subGetGeomExtents(AcDbExtents&) const { return Acad::eInvalidExtents; }
     virtual bool subWorldDraw(AcGiWorldDraw*) const { return true; }
     virtual Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray&, AcDbIntArray&, AcDbIntArray&) const

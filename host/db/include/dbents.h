@@ -8,6 +8,7 @@
 #include "dbblock.h"
 #include "dbface.h"
 #include "dbline.h"
+#include "dbmtext.h"
 #include "dbobjiter.h"
 #include "dbpoint.h"
 #include "dbray.h"
