@@ -1,0 +1,7 @@
+#include "InputSource.h"
+
+ed::InputSource& ed::currentInput()
+{
+    static InputSource ofProgram;
+    return ofProgram;
+}

@@ -1,0 +1,191 @@
+#include "InputSource.h"
+
+#include "CommandLine.h"
+
+namespace
+{
+using ed::Answer;
+using ed::Reading;
+
+bool isEnter(wchar_t key) { return key == L'\n' || key == L'\r'; }
+bool isBlank(wchar_t key) { return key == L' ' || key == L'\t'; }
+bool isEsc(wchar_t key) { return key == 3 || key == 27; }
+
+/// The keys with the two characters ^C made the one they stand for.
+std::wstring withEscapes(std::wstring_view keys)
+{
+    std::wstring typed;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const bool caret = keys[i] == L'^' && i + 1 < keys.size() && (keys[i + 1] == L'C' || keys[i + 1] == L'c');
+        typed += caret ? L'\x3' : keys[i];
+        if (caret) ++i;
+    }
+    return typed;
+}
+
+/// Reads one answer off a run of keys, key by key.
+class KeyReader
+{
+public:
+    explicit KeyReader(Reading reading) : mReading(reading) {}
+
+    /// True when the key ended the answer.
+    bool take(wchar_t key)
+    {
+        if (isEsc(key)) {
+            mCancelled = true;
+            return true;
+        }
+        if (isEnter(key) && mDepth <= 0) return true;
+        if (isBlank(key) && mReading != Reading::line && mDepth <= 0 && !mQuoted) return true;
+        keep(isEnter(key) ? L' ' : key);
+        return false;
+    }
+
+    Answer answer() const { return mCancelled ? Answer::cancel() : Answer::ofText(mText); }
+    const std::wstring& text() const { return mText; }
+
+private:
+    bool isLisp() const { return mReading == Reading::token && !mText.empty() && mText[0] == L'('; }
+
+    void keep(wchar_t key)
+    {
+        const bool quotes = key == L'"' && mReading != Reading::line && (mText.empty() || mQuoted || isLisp());
+        if (quotes) mQuoted = !mQuoted;
+        if (!quotes || isLisp()) mText += key;
+        if (isLisp() && !mQuoted) mDepth += key == L'(' ? 1 : key == L')' ? -1 : 0;
+    }
+
+    Reading mReading;
+    std::wstring mText;
+    int mDepth = 0;
+    bool mQuoted = false;
+    bool mCancelled = false;
+};
+} // namespace
+
+namespace ed
+{
+Answer Answer::ofText(std::wstring_view text)
+{
+    Answer made;
+    made.kind = text.empty() ? Kind::enter : Kind::text;
+    made.text = text;
+    return made;
+}
+
+Answer Answer::ofName(Kind kind, const ads_name name)
+{
+    Answer made;
+    made.kind = kind;
+    ads_name_set(name, made.name);
+    return made;
+}
+
+void InputSource::type(std::wstring_view keys, bool echo)
+{
+    if (keys.empty()) return;
+    Piece piece;
+    piece.keys = withEscapes(keys);
+    piece.echo = echo;
+    mLevels.back().push_back(std::move(piece));
+}
+
+void InputSource::give(Answer answer)
+{
+    Piece piece;
+    piece.answer = std::move(answer);
+    mLevels.back().push_back(std::move(piece));
+}
+
+void InputSource::pauseForUser()
+{
+    Piece piece;
+    piece.pause = true;
+    mLevels.back().push_back(std::move(piece));
+}
+
+bool InputSource::empty() const
+{
+    for (const Pieces& pieces : mLevels) {
+        if (!pieces.empty()) return false;
+    }
+    return true;
+}
+
+void InputSource::clear()
+{
+    for (Pieces& pieces : mLevels) pieces.clear();
+}
+
+Answer InputSource::next(Reading reading)
+{
+    for (;;) {
+        std::optional<Answer> answer = takeFrom(mLevels.size() - 1, reading, true);
+        if (!answer) {
+            mLevels.back().clear(); // what was half typed is dropped, as Esc does
+            return Answer::cancel();
+        }
+        if (reading != Reading::token || answer->kind != Answer::Kind::text || !mInterpreter) return *answer;
+        std::optional<Answer> result = mInterpreter(answer->text);
+        if (!result) return *answer;
+        if (result->kind != Answer::Kind::enter) return *result;
+    }
+}
+
+std::optional<Answer> InputSource::takeComplete(Reading reading)
+{
+    return takeFrom(mLevels.size() - 1, reading, false);
+}
+
+std::optional<Answer> InputSource::takeFrom(std::size_t level, Reading reading, bool mayAsk)
+{
+    Pieces& pieces = mLevels[level];
+    if (!pieces.empty() && pieces.front().pause) {
+        pieces.pop_front();
+        return level > 0 ? takeFrom(level - 1, reading, mayAsk) : std::nullopt;
+    }
+    if (!pieces.empty() && pieces.front().answer) {
+        Answer answer = std::move(*pieces.front().answer);
+        pieces.pop_front();
+        return answer;
+    }
+    return takeKeys(level, reading, mayAsk);
+}
+
+std::optional<Answer> InputSource::takeKeys(std::size_t level, Reading reading, bool mayAsk)
+{
+    Pieces& pieces = mLevels[level];
+    KeyReader reader(reading);
+    bool shown = false;
+    for (std::size_t at = 0;; ++at) {
+        if (at == pieces.size() && !(mayAsk && level == 0 && askReader(pieces))) return std::nullopt;
+        const Piece& piece = pieces[at];
+        if (piece.answer || piece.pause) return std::nullopt;
+        shown = shown || piece.echo;
+        for (std::size_t i = 0; i < piece.keys.size(); ++i) {
+            if (!reader.take(piece.keys[i])) continue;
+            const bool pair = piece.keys[i] == L'\r' && i + 1 < piece.keys.size() && piece.keys[i + 1] == L'\n';
+            pieces.erase(pieces.begin(), pieces.begin() + static_cast<std::ptrdiff_t>(at));
+            pieces.front().keys.erase(0, i + (pair ? 2 : 1));
+            if (pieces.front().keys.empty()) pieces.pop_front();
+            if (shown) echoAnswer(reader.text());
+            return reader.answer();
+        }
+    }
+}
+
+bool InputSource::askReader(Pieces& pieces)
+{
+    std::wstring keys;
+    if (!mReader || !mReader(keys) || keys.empty()) return false;
+    Piece piece;
+    piece.keys = withEscapes(keys);
+    piece.echo = false; // whoever types at a terminal sees it there
+    pieces.push_back(std::move(piece));
+    return true;
+}
+
+InputSource::Scope::Scope(InputSource& source) : mSource(source) { mSource.mLevels.emplace_back(); }
+InputSource::Scope::~Scope() { mSource.mLevels.pop_back(); }
+} // namespace ed

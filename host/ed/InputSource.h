@@ -1,0 +1,108 @@
+#pragma once
+
+/// Where the answers to AutoCAD's questions come from: keys typed in advance (scripts, sendStringToExecute, tests), whole
+/// answers of acedCommandS, and a reader (standard input) that is asked when both are used up.
+
+#include "adsdef.h"
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ed
+{
+/// One answer at the command line.
+struct Answer {
+    enum class Kind {
+        text,      ///< `text`, never empty
+        enter,     ///< the empty answer
+        cancel,    ///< Esc, or nobody there to answer
+        entity,    ///< `name` is an entity
+        selection, ///< `name` is a selection set, which stays the giver's
+    };
+    Kind kind = Kind::cancel;
+    std::wstring text;
+    ads_name name = {0, 0};
+
+    static Answer ofText(std::wstring_view text);
+    static Answer ofName(Kind kind, const ads_name name);
+    static Answer enter() { return ofText({}); }
+    static Answer cancel() { return {}; }
+};
+
+/// How an answer is read from the keys. Enter always ends it; Esc (27, 3 or the two characters ^C) drops what was typed
+/// before it on the line and is a cancel.
+enum class Reading {
+    token, ///< ends at a blank; "(...)" and 'COMMAND are carried out, and the result or the next token is the answer
+    word,  ///< ends at a blank, taken as it stands
+    line,  ///< blanks belong to the answer
+};
+
+/// The answers of one document. Text in quotes at the start of a token or word keeps its blanks and loses the quotes.
+class InputSource
+{
+public:
+    /// Puts keys behind those that wait. With `echo` they are shown on the command line when they are used.
+    void type(std::wstring_view keys, bool echo = true);
+    /// Puts a whole answer behind what waits.
+    void give(Answer answer);
+
+    /// The answer to a question of an input function, which has shown its prompt. A cancel when nobody answers: never waits
+    /// and never fails.
+    Answer next(Reading reading);
+    /// The next answer if all its keys are there; for the command prompt, which leaves half a command's name waiting.
+    std::optional<Answer> takeComplete(Reading reading);
+
+    /// Nothing waits; the reader may have more all the same.
+    bool empty() const;
+    /// Drops what waits.
+    void clear();
+
+    /// Is asked for keys when none wait: fills `keys` and returns true, or returns false when there are no more.
+    using Reader = std::function<bool(std::wstring& keys)>;
+    void setReader(Reader reader) { mReader = std::move(reader); }
+
+    /// Carries out "(...)" and 'COMMAND in the middle of a question. Returns what the answer is then: nothing when the text
+    /// is no such thing; an Answer of kind enter when it gave no value and the question stays.
+    using Interpreter = std::function<std::optional<Answer>(const std::wstring& text)>;
+    void setInterpreter(Interpreter interpreter) { mInterpreter = std::move(interpreter); }
+
+    /// While it lives, answers come from what is given after it was made; what waits before stays waiting.
+    class Scope
+    {
+    public:
+        explicit Scope(InputSource& source);
+        ~Scope();
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+
+    private:
+        InputSource& mSource;
+    };
+    /// Answers the next question from below the innermost scope: PAUSE of acedCommandS.
+    void pauseForUser();
+
+private:
+    struct Piece {
+        std::wstring keys;
+        bool echo = true;
+        std::optional<Answer> answer;
+        bool pause = false;
+    };
+    using Pieces = std::deque<Piece>;
+
+    std::optional<Answer> takeFrom(std::size_t level, Reading reading, bool mayAsk);
+    std::optional<Answer> takeKeys(std::size_t level, Reading reading, bool mayAsk);
+    bool askReader(Pieces& pieces);
+
+    std::vector<Pieces> mLevels = std::vector<Pieces>(1);
+    Reader mReader;
+    Interpreter mInterpreter;
+};
+
+/// The answers of the current document; without documents those of the program itself.
+InputSource& currentInput();
+} // namespace ed
