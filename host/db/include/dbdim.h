@@ -1,0 +1,9 @@
+#pragma once
+
+/// Every class of dimensions.
+
+#include "dbdimangular.h"
+#include "dbdimension.h"
+#include "dbdimlinear.h"
+#include "dbdimordinate.h"
+#include "dbdimradial.h"
