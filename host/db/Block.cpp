@@ -13,6 +13,26 @@
 ACDB_DXF_CLASS(AcDbBlockTableRecord, AcDbSymbolTableRecord, BLOCK_RECORD)
 ACDB_SYMBOL_TABLE_MEMBERS(Block)
 
+namespace
+{
+template <class T>
+AcDbObjectId addHidden(AcDbDatabase& database, AcDbObjectId owner)
+{
+    AcDbObjectId id;
+    auto* object = new T;
+    database.addAcDbObject(id, object, owner);
+    EntityAccess::resolveProperties(*object);
+    object->close();
+    return id;
+}
+} // namespace
+
+void BlockAccess::addMarks(AcDbBlockTableRecord& block)
+{
+    block.mBegin = addHidden<AcDbBlockBegin>(*block.database(), block.objectId());
+    block.mEnd = addHidden<AcDbBlockEnd>(*block.database(), block.objectId());
+}
+
 Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity)
 {
     AcDbObjectId id;

@@ -10,6 +10,8 @@ struct BlockAccess {
     static std::vector<AcDbObjectId>& entities(AcDbBlockTableRecord& block) { return block.mEntities; }
     static AcDbObjectId& begin(AcDbBlockTableRecord& block) { return block.mBegin; }
     static AcDbObjectId& end(AcDbBlockTableRecord& block) { return block.mEnd; }
+    /// Gives a block of a drawing the head and end that files show around its entities.
+    static void addMarks(AcDbBlockTableRecord& block);
     static AcDbObjectId& layout(AcDbBlockTableRecord& block) { return block.mLayout; }
     static const CString& comments(const AcDbBlockTableRecord& block) { return block.mComments; }
     static const CString& pathName(const AcDbBlockTableRecord& block) { return block.mPathName; }

@@ -36,24 +36,12 @@ AcDbObjectId addRecord(AcDbDatabase& database, Record* record, const wchar_t* na
     return id;
 }
 
-template <class T>
-AcDbObjectId addHidden(AcDbDatabase& database, AcDbObjectId owner)
-{
-    AcDbObjectId id;
-    auto* object = new T;
-    database.addAcDbObject(id, object, owner);
-    EntityAccess::resolveProperties(*object);
-    object->close();
-    return id;
-}
-
 AcDbObjectId addSpace(AcDbDatabase& database, const wchar_t* name)
 {
     const AcDbObjectId id = addRecord<AcDbBlockTable>(database, new AcDbBlockTableRecord, name);
     AcDbBlockTableRecord* space = nullptr;
     acdbOpenObject(space, id, AcDb::kForWrite);
-    BlockAccess::begin(*space) = addHidden<AcDbBlockBegin>(database, id);
-    BlockAccess::end(*space) = addHidden<AcDbBlockEnd>(database, id);
+    BlockAccess::addMarks(*space);
     space->close();
     return id;
 }

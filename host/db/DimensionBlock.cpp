@@ -1,5 +1,6 @@
 /// The picture of a dimension: from its block, or made from its points.
 
+#include "BlockAccess.h"
 #include "DimVariables.h"
 #include "DimensionPicture.h"
 #include "EntityAccess.h"
@@ -100,6 +101,7 @@ struct DimensionBlock {
         SymbolTableAccess::setName(*record, name);
         SymbolTableAccess::flags(*record) = 1;
         status = table->add(record.get());
+        if (status == Acad::eOk) BlockAccess::addMarks(*record);
         block = status == Acad::eOk ? record.release() : nullptr;
         table->close();
         return status;
@@ -159,7 +161,7 @@ Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool forceUpdate)
 
 void AcDbDimension::subClose()
 {
-    if (mIsStale && database() && isWriteEnabled() && isModified() && !isErased()) DimensionBlock::recompute(*this);
+    if (mIsStale && database() && isWriteEnabled() && (isModified() || isNewObject()) && !isErased()) DimensionBlock::recompute(*this);
     AcDbEntity::subClose();
 }
 
