@@ -44,11 +44,6 @@ Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity*, AcDb::Intersect, 
     return Acad::eNotImplementedYet;
 }
 
-Acad::ErrorStatus AcDbBlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray&, bool, bool) const
-{
-    return Acad::eNotImplementedYet;
-}
-
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId) { return Acad::eNotImplementedYet; }
 Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId) { return Acad::eNotImplementedYet; }
 Acad::ErrorStatus AcDbDatabase::setCecolor(const AcCmColor&) { return Acad::eNotImplementedYet; }

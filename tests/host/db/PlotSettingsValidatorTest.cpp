@@ -1,0 +1,38 @@
+#include "dbplotsetval.h"
+
+#include "DatabaseFixture.h"
+
+#include <cmath>
+
+using PlotSettingsValidator = DatabaseFixture;
+
+TEST_F(PlotSettingsValidator, PageTakesTheSizeOfItsPaper)
+{
+    AcDbPlotSettingsValidator validator;
+    AcDbPlotSettings settings;
+    AcArray<const ACHAR*> papers;
+    ASSERT_EQ(validator.canonicalMediaNameList(&settings, papers), Acad::eOk);
+    for (int i = 0; i < papers.length(); ++i) EXPECT_EQ(validator.setCanonicalMediaName(&settings, papers[i]), Acad::eOk);
+    EXPECT_EQ(validator.setPlotCfgName(&settings, L"none", L"ISO_A3_(297.00_x_420.00_MM)"), Acad::eOk);
+    double width = 0.0, height = 0.0;
+    settings.getPlotPaperSize(width, height);
+    EXPECT_EQ(width, 297.0);
+    EXPECT_EQ(height, 420.0);
+    EXPECT_EQ(validator.setPlotCfgName(&settings, L"Laser"), Acad::eInvalidInput);
+    EXPECT_EQ(validator.setCanonicalMediaName(&settings, L"A17"), Acad::eInvalidInput);
+    EXPECT_EQ(validator.setCanonicalMediaName(nullptr, papers[0]), Acad::eNullObjectPointer);
+}
+
+TEST_F(PlotSettingsValidator, RefusesWhatNoPageCanHave)
+{
+    AcDbPlotSettingsValidator validator;
+    AcDbPlotSettings settings;
+    EXPECT_EQ(validator.setCustomPrintScale(&settings, 1.0, 0.0), Acad::eInvalidInput);
+    EXPECT_EQ(validator.setPlotWindowArea(&settings, 1.0, 0.0, 1.0, 5.0), Acad::eInvalidInput);
+    EXPECT_EQ(validator.setPlotOrigin(&settings, std::nan(""), 0.0), Acad::eInvalidInput);
+    EXPECT_TRUE(settings.useStandardScale());
+    EXPECT_EQ(validator.setCustomPrintScale(&settings, 1.0, 250.0), Acad::eOk);
+    EXPECT_FALSE(settings.useStandardScale());
+    EXPECT_EQ(validator.setPlotCentered(&settings, true), Acad::eOk);
+    EXPECT_TRUE(settings.plotCentered());
+}
