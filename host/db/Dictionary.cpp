@@ -33,7 +33,8 @@ AcDbObjectId AcDbDictionary::find(const ACHAR* name) const
 {
     if (!name) return AcDbObjectId();
     const auto range = mByName.equal_range(keyOf(name));
-    const auto found = std::find_if(range.first, range.second, [](const auto& entry) { return !entry.second.isErased(); });
+    const auto found =
+        std::find_if(range.first, range.second, [](const auto& entry) { return !entry.second.isErased(); });
     return found == range.second ? AcDbObjectId() : found->second;
 }
 
@@ -51,7 +52,8 @@ void AcDbDictionary::add(const ACHAR* name, AcDbObjectId id, int code)
 void AcDbDictionary::drop(std::vector<Entry>::iterator entry)
 {
     const auto range = mByName.equal_range(keyOf(entry->name));
-    const auto found = std::find_if(range.first, range.second, [&](const auto& named) { return named.second == entry->id; });
+    const auto found =
+        std::find_if(range.first, range.second, [&](const auto& named) { return named.second == entry->id; });
     if (found != range.second) mByName.erase(found);
     mEntries.erase(entry);
 }
@@ -219,7 +221,8 @@ bool AcDbDictionaryIterator::next()
 
 bool AcDbDictionaryIterator::setPosition(AcDbObjectId id)
 {
-    const auto found = std::find_if(mEntries.begin(), mEntries.end(), [&](const Entry& entry) { return entry.id == id; });
+    const auto found =
+        std::find_if(mEntries.begin(), mEntries.end(), [&](const Entry& entry) { return entry.id == id; });
     if (found == mEntries.end()) return false;
     mAt = static_cast<std::size_t>(found - mEntries.begin());
     return true;

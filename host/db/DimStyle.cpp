@@ -31,8 +31,8 @@ namespace
 /// The version that brought a variable, by its code: R12 ends with DIMCLRT.
 DxfField since(DxfField field)
 {
-    const bool isNew = field.code == 49 || field.code == 50 || field.code == 69 || field.code == 79 || field.code == 90 ||
-                       field.code == 148 || field.code > 178;
+    const bool isNew = field.code == 49 || field.code == 50 || field.code == 69 || field.code == 79 ||
+                       field.code == 90 || field.code == 148 || field.code > 178;
     return isNew ? field.from(DxfVersion::r2000) : field;
 }
 } // namespace

@@ -29,7 +29,10 @@ Unfinished& unfinished()
 class MakingSource : public ResbufSource
 {
 public:
-    MakingSource(std::vector<const resbuf*> nodes, AcDbDatabase& database) : ResbufSource(std::move(nodes), &database) {}
+    MakingSource(std::vector<const resbuf*> nodes, AcDbDatabase& database)
+        : ResbufSource(std::move(nodes), &database)
+    {
+    }
     void paperSpace(bool isPaperSpace) override { mIsPaperSpace = isPaperSpace; }
     bool isPaperSpace() const { return mIsPaperSpace; }
 

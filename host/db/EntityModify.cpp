@@ -49,7 +49,8 @@ bool hasSections(const resbuf* list)
     return list && list->restype == 100;
 }
 
-/// The groups of a list that classes hold, by section: names, kind, handle, owner and lists in braces before the sections are left out.
+/// The groups of a list that classes hold, by section: names, kind, handle, owner and lists in braces before the
+/// sections are left out.
 Sections sectionsOf(const resbuf* list, const DxfClass* innermost)
 {
     Sections sections;

@@ -12,7 +12,8 @@ namespace
 {
 using Ids = std::vector<AcDbObjectId>;
 
-/// The place of an entity among its block's: the place behind the last one asked for is tried first, so that a walk is linear.
+/// The place of an entity among its block's: the place behind the last one asked for is tried first, so that a walk is
+/// linear.
 std::size_t placeOf(const Ids& ids, AcDbObjectId id)
 {
     static std::size_t expected = 0;
@@ -70,6 +71,7 @@ int acdbEntLast(ads_name result)
     const AcDbBlockTableRecord* space = database ? blockOf(database->currentSpaceId()) : nullptr;
     if (!space) return RTERROR;
     const Ids& ids = space->entityIds();
-    const auto found = std::find_if(ids.rbegin(), ids.rend(), [](AcDbObjectId id) { return id.isValid() && !id.isErased(); });
+    const auto found = std::find_if(ids.rbegin(), ids.rend(),
+                                    [](AcDbObjectId id) { return id.isValid() && !id.isErased(); });
     return found == ids.rend() ? RTERROR : giveName(*found, result);
 }

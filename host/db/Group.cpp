@@ -37,7 +37,8 @@ const DxfClass AcDbGroup::dxf("AcDbGroup", nullptr,
 
 namespace
 {
-/// Makes the group a reactor of an entity, or takes it away. An entity that its caller holds open for write is told as it is.
+/// Makes the group a reactor of an entity, or takes it away. An entity that its caller holds open for write is told as
+/// it is.
 Acad::ErrorStatus tell(AcDbObjectId id, AcDbObjectId group, bool belongs)
 {
     AcDbObject* entity = residentObject(id);
@@ -137,7 +138,10 @@ bool AcDbGroup::holds(AcDbObjectId id) const
     return std::find(mEntities.begin(), mEntities.end(), id) != mEntities.end();
 }
 
-bool AcDbGroup::has(const AcDbEntity* entity) const { return entity && entity->database() && holds(entity->objectId()); }
+bool AcDbGroup::has(const AcDbEntity* entity) const
+{
+    return entity && entity->database() && holds(entity->objectId());
+}
 
 std::uint32_t AcDbGroup::allEntityIds(AcDbObjectIdArray& ids) const
 {
@@ -155,7 +159,10 @@ Acad::ErrorStatus AcDbGroup::getIndex(AcDbObjectId id, std::uint32_t& index) con
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbGroup::append(AcDbObjectId id) { return insertAt(static_cast<std::uint32_t>(mEntities.size()), id); }
+Acad::ErrorStatus AcDbGroup::append(AcDbObjectId id)
+{
+    return insertAt(static_cast<std::uint32_t>(mEntities.size()), id);
+}
 
 Acad::ErrorStatus AcDbGroup::append(const AcDbObjectIdArray& ids)
 {

@@ -98,7 +98,9 @@ constexpr const wchar_t* transparencyApplication = L"AcCmTransparency";
 void registerApplication(AcDbDatabase& database, const wchar_t* name)
 {
     AcDbRegAppTable* table = nullptr;
-    if (recordNamed(database, 1001, utf8Of(name)) || database.getRegAppTable(table, AcDb::kForWrite) != Acad::eOk) return;
+    if (recordNamed(database, 1001, utf8Of(name)) ||
+        database.getRegAppTable(table, AcDb::kForWrite) != Acad::eOk)
+        return;
     auto record = std::make_unique<AcDbRegAppTableRecord>();
     record->setName(name);
     if (table->add(record.get()) == Acad::eOk) record.release()->close();

@@ -91,7 +91,9 @@ const DxfClass AcDbLinetypeTableRecord::dxf(
         dxf::integer<&AcDbLinetypeTableRecord::mFlags>(70),
         dxf::text<&AcDbLinetypeTableRecord::mComments>(3),
         dxf::integer<&AcDbLinetypeTableRecord::mAlignment>(72),
-        dxf::custom(73, [](AcDbObject&, const DxfField&, DxfSource& source) { source.take(); }, LinetypeAccess::writeCount),
+        dxf::custom(
+            73, [](AcDbObject&, const DxfField&, DxfSource& source) { source.take(); },
+            LinetypeAccess::writeCount),
         dxf::real<&AcDbLinetypeTableRecord::mPatternLength>(40),
         dxf::custom(49, LinetypeAccess::readDash, LinetypeAccess::writeDashes),
     });
@@ -129,7 +131,8 @@ double AcDbLinetypeTableRecord::dashLengthAt(int index) const
 Acad::ErrorStatus AcDbLinetypeTableRecord::setDashLengthAt(int index, double length)
 {
     if (!has(index)) return Acad::eInvalidIndex;
-    return std::isfinite(length) ? assign(mDashes[static_cast<std::size_t>(index)].length, length) : Acad::eInvalidInput;
+    return std::isfinite(length) ? assign(mDashes[static_cast<std::size_t>(index)].length, length)
+                                 : Acad::eInvalidInput;
 }
 
 AcDbLinetypeTableRecord::Shape AcDbLinetypeTableRecord::shapeAt(int index) const

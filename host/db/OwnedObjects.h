@@ -1,8 +1,8 @@
 #pragma once
 
-/// What an object owns hard follows it when it is erased or brought back: its extension dictionary, and the entries of a
-/// dictionary that owns them hard. An owned object that someone has open stays as it is; it counts as erased
-/// all the same (AcDbObjectId::isEffectivelyErased).
+/// What an object owns hard follows it when it is erased or brought back: its extension dictionary, and the entries of
+/// a dictionary that owns them hard. An owned object that someone has open stays as it is; it counts as erased all the
+/// same (AcDbObjectId::isEffectivelyErased).
 
 #include "dbobject.h"
 

@@ -8,8 +8,8 @@
 
 constexpr int layerNameCode = 8;
 
-/// The table whose records a group of entities names: line types (6), text styles (7), layers (8 and 1003), blocks (2), dimension
-/// styles (3), applications (1001); null for other groups.
+/// The table whose records a group of entities names: line types (6), text styles (7), layers (8 and 1003), blocks
+/// (2), dimension styles (3), applications (1001); null for other groups.
 AcDbObjectId tableNamedBy(const AcDbDatabase& database, int code);
 
 /// The record of a name that a group gives in UTF-8; null when the table has none.

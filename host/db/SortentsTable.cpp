@@ -72,7 +72,10 @@ void AcDbSortentsTable::setSortHandle(AcDbObjectId id, std::uint64_t handle)
     }
 }
 
-void AcDbSortentsTable::getSortHandle(AcDbObjectId id, AcDbHandle& handle) const { handle = AcDbHandle(sortHandle(id)); }
+void AcDbSortentsTable::getSortHandle(AcDbObjectId id, AcDbHandle& handle) const
+{
+    handle = AcDbHandle(sortHandle(id));
+}
 
 void AcDbSortentsTable::sort(Order& order) const
 {

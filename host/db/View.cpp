@@ -33,11 +33,21 @@ const DxfClass AcDbViewTableRecord::dxf(
         dxf::integer<&AcDbViewTableRecord::mHasUcs>(72).from(DxfVersion::r2000),
         dxf::integer<&AcDbViewTableRecord::mIsCameraPlottable>(73).unless(0.0).from(DxfVersion::r2007),
         dxf::reference<&AcDbViewTableRecord::mVisualStyle>(348).unlessDefault().from(DxfVersion::r2007),
-        dxf::point<&AcDbViewTableRecord::mUcsOrigin>(110).unlessIs(ViewAccess::hasNoUcs).from(DxfVersion::r2000),
-        dxf::point<&AcDbViewTableRecord::mUcsXAxis>(111).unlessIs(ViewAccess::hasNoUcs).from(DxfVersion::r2000),
-        dxf::point<&AcDbViewTableRecord::mUcsYAxis>(112).unlessIs(ViewAccess::hasNoUcs).from(DxfVersion::r2000),
-        dxf::integer<&AcDbViewTableRecord::mOrthographicType>(79).unlessIs(ViewAccess::hasNoUcs).from(DxfVersion::r2000),
-        dxf::real<&AcDbViewTableRecord::mElevation>(146).unlessIs(ViewAccess::hasNoUcs).from(DxfVersion::r2000),
+        dxf::point<&AcDbViewTableRecord::mUcsOrigin>(110)
+            .unlessIs(ViewAccess::hasNoUcs)
+            .from(DxfVersion::r2000),
+        dxf::point<&AcDbViewTableRecord::mUcsXAxis>(111)
+            .unlessIs(ViewAccess::hasNoUcs)
+            .from(DxfVersion::r2000),
+        dxf::point<&AcDbViewTableRecord::mUcsYAxis>(112)
+            .unlessIs(ViewAccess::hasNoUcs)
+            .from(DxfVersion::r2000),
+        dxf::integer<&AcDbViewTableRecord::mOrthographicType>(79)
+            .unlessIs(ViewAccess::hasNoUcs)
+            .from(DxfVersion::r2000),
+        dxf::real<&AcDbViewTableRecord::mElevation>(146)
+            .unlessIs(ViewAccess::hasNoUcs)
+            .from(DxfVersion::r2000),
         dxf::reference<&AcDbViewTableRecord::mUcsName>(345).unlessDefault().from(DxfVersion::r2000),
         dxf::reference<&AcDbViewTableRecord::mUcsBase>(346).unlessDefault().from(DxfVersion::r2000),
     });

@@ -22,7 +22,10 @@ struct XrecordAccess {
         }
     }
 
-    static const PackedGroups& groups(const AcDbObject& object) { return *static_cast<const AcDbXrecord&>(object).mGroups; }
+    static const PackedGroups& groups(const AcDbObject& object)
+    {
+        return *static_cast<const AcDbXrecord&>(object).mGroups;
+    }
 };
 
 namespace
@@ -38,7 +41,10 @@ void writeMergeStyle(const AcDbObject& object, const DxfField& field, DxfSink& s
     sink.integer(field.code, static_cast<const AcDbXrecord&>(object).mergeStyle());
 }
 
-void writeAll(const AcDbObject& object, const DxfField&, DxfSink& sink) { writeGroups(XrecordAccess::groups(object), sink); }
+void writeAll(const AcDbObject& object, const DxfField&, DxfSink& sink)
+{
+    writeGroups(XrecordAccess::groups(object), sink);
+}
 
 bool isXrecordCode(int code) { return code >= 1 && code <= 481 && code != 5 && code != 100 && code != 105; }
 } // namespace

@@ -2,10 +2,11 @@
 
 /// Entities, tables and dictionaries as lists of groups (resbuf), in the working database.
 ///
-/// Lists have the groups of drawing files with these differences: -1 is the object's name; the coordinates of a point stand in one node;
-/// angles are in radians; references are names; 210 is there also when it is the Z axis; extended data stand behind a node of code -3.
-/// Lists that are returned are the caller's, who releases them with acutRelRb; lists that are passed stay the caller's.
-/// Functions that return int give RTNORM, or RTERROR with nothing changed, unless they say more.
+/// Lists have the groups of drawing files with these differences: -1 is the object's name; the coordinates of a point
+/// stand in one node; angles are in radians; references are names; 210 is there also when it is the Z axis; extended
+/// data stand behind a node of code -3. Lists that are returned are the caller's, who releases them with acutRelRb;
+/// lists that are passed stay the caller's. Functions that return int give RTNORM, or RTERROR with nothing changed,
+/// unless they say more.
 
 #include "acadstrc.h"
 #include "adsdef.h"
@@ -23,13 +24,14 @@ resbuf* acdbEntGet(const ads_name name);
 /// The same with the extended data of the applications in a list of texts, in which "*" means all; null: none.
 resbuf* acdbEntGetX(const ads_name name, const resbuf* applications);
 
-/// Changes the object whose name stands under -1 in a list. Groups of a section that the list does not have stay as they are;
-/// the name, the kind, the handle and the owner cannot be changed. Extended data are replaced by application.
-/// RTREJ for a list that cannot be understood.
+/// Changes the object whose name stands under -1 in a list. Groups of a section that the list does not have stay as
+/// they are; the name, the kind, the handle and the owner cannot be changed. Extended data are replaced by
+/// application. RTREJ for a list that cannot be understood.
 int acdbEntMod(const resbuf* list);
-/// Makes an entity from a list that begins with its kind (group 0), in the current space, or in paper space with a group 67 of 1. A layer that the
-/// drawing does not have is made. The vertices and attributes behind an entity that has such belong to it up to the SEQEND;
-/// what stands between BLOCK and ENDBLK becomes the block. RTKWORD for the ENDBLK; RTREJ for a list that cannot be understood.
+/// Makes an entity from a list that begins with its kind (group 0), in the current space, or in paper space with a
+/// group 67 of 1. A layer that the drawing does not have is made. The vertices and attributes behind an entity that
+/// has such belong to it up to the SEQEND; what stands between BLOCK and ENDBLK becomes the block. RTKWORD for the
+/// ENDBLK; RTREJ for a list that cannot be understood.
 int acdbEntMake(const resbuf* list);
 /// The same, also of objects that are no entities, which nothing owns yet; `result` is the new object's name.
 int acdbEntMakeX(const resbuf* list, ads_name result);
@@ -38,16 +40,16 @@ int acdbEntDel(const ads_name name);
 /// Shows the entity anew; without a screen there is nothing to do.
 int acdbEntUpd(const ads_name name);
 
-/// The entity behind another one in its space; vertices and attributes follow their entity. The first of the current space for null or a name of zeros.
-/// Erased entities are passed over.
+/// The entity behind another one in its space; vertices and attributes follow their entity. The first of the current
+/// space for null or a name of zeros. Erased entities are passed over.
 int acdbEntNext(const ads_name name, ads_name result);
 /// The last entity of the current space.
 int acdbEntLast(ads_name result);
 
 /// Registers an application for extended data; RTNORM also when it was registered before.
 int acdbRegApp(const ACHAR* application);
-/// The groups of a record. `table` is "LAYER", "LTYPE", "VIEW", "STYLE", "BLOCK", "UCS", "APPID", "DIMSTYLE" or "VPORT". With
-/// `setNext` the next acdbTblNext goes on behind it. A block has its first entity under -2.
+/// The groups of a record. `table` is "LAYER", "LTYPE", "VIEW", "STYLE", "BLOCK", "UCS", "APPID", "DIMSTYLE" or
+/// "VPORT". With `setNext` the next acdbTblNext goes on behind it. A block has its first entity under -2.
 resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int setNext);
 /// The next record of a table, from the first with `rewind`; null at the end.
 resbuf* acdbTblNext(const ACHAR* table, int rewind);

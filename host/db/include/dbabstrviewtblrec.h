@@ -6,8 +6,9 @@
 #include "gepnt3d.h"
 #include "gevec3d.h"
 
-/// What named views and viewports of model space have in common. The centre is in the view's own coordinate system (DCS), in which
-/// height and width are measured; target and direction are in world coordinates; angles are in radians.
+/// What named views and viewports of model space have in common. The centre is in the view's own coordinate system
+/// (DCS), in which height and width are measured; target and direction are in world coordinates; angles are in
+/// radians.
 class AcDbAbstractViewTableRecord : public AcDbSymbolTableRecord
 {
 public:

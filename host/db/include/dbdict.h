@@ -18,8 +18,8 @@ namespace AcDb
 enum DictIterType { kDictSorted = 0, kDictCollated = 1 };
 } // namespace AcDb
 
-/// Walks the entries of a dictionary; erased ones are passed over. It stands on the first entry when made, and does not see what is
-/// added or removed later. It may not outlive the opening of the dictionary.
+/// Walks the entries of a dictionary; erased ones are passed over. It stands on the first entry when made, and does
+/// not see what is added or removed later. It may not outlive the opening of the dictionary.
 class AcDbDictionaryIterator
 {
 public:
@@ -71,10 +71,10 @@ public:
     bool has(AcDbObjectId id) const;
     std::uint32_t numEntries() const;
 
-    /// Puts an object under a name, in place of an object of that name, which is erased. A new object becomes one of the
-    /// drawing, owned by the dictionary, and stays open for write; one of the drawing must be open for write, and
-    /// its owner becomes the dictionary. The dictionary becomes a persistent reactor of the object.
-    /// eInvalidKey for an empty name, eNullObjectPointer, eWrongDatabase, eNotInDatabase for a dictionary that is in no drawing,
+    /// Puts an object under a name, in place of an object of that name, which is erased. A new object becomes one of
+    /// the drawing, owned by the dictionary, and stays open for write; one of the drawing must be open for write, and
+    /// its owner becomes the dictionary. The dictionary becomes a persistent reactor of the object. eInvalidKey for an
+    /// empty name, eNullObjectPointer, eWrongDatabase, eNotInDatabase for a dictionary that is in no drawing,
     /// eNotOpenForWrite; the status of the old object when it cannot be erased. Nothing is changed then.
     Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
     /// Takes an entry out; its object is not erased and still names the dictionary as its owner. eKeyNotFound.

@@ -5,8 +5,8 @@
 #include "dbdimvar.h"
 #include "dbsymbase.h"
 
-/// A dimension style: a value for each dimension variable. The members are the names in dbdimvar.h: dimasz() and setDimasz(), and so
-/// on.
+/// A dimension style: a value for each dimension variable. The members are the names in dbdimvar.h: dimasz() and
+/// setDimasz(), and so on.
 class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord
 {
 public:

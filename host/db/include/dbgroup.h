@@ -10,7 +10,8 @@
 class AcDbEntity;
 class AcDbGroup;
 
-/// Walks the entities of a group in their order; erased ones are passed over. It may not outlive the opening of the group.
+/// Walks the entities of a group in their order; erased ones are passed over. It may not outlive the opening of the
+/// group.
 class AcDbGroupIterator
 {
 public:
@@ -30,15 +31,16 @@ private:
 /// An ordered set of entities. Each of them has the group as a persistent reactor while it belongs to it.
 ///
 /// An entity is taken in only where it is open for write or can be opened so; the status of opening it otherwise. A
-/// single entity that belongs to the group already is eAlreadyInGroup, a null id eNullObjectId, another object eNotAnEntity; lists of ids
-/// leave out null ids and those that belong already.
+/// single entity that belongs to the group already is eAlreadyInGroup, a null id eNullObjectId, another object
+/// eNotAnEntity; lists of ids leave out null ids and those that belong already.
 class AcDbGroup : public AcDbObject
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbGroup);
     ACDB_STATE_MEMBERS(AcDbGroup)
     AcDbGroup() = default;
-    explicit AcDbGroup(const ACHAR* description, bool selectable = true) : mDescription(description), mIsSelectable(selectable)
+    explicit AcDbGroup(const ACHAR* description, bool selectable = true)
+        : mDescription(description), mIsSelectable(selectable)
     {
     }
 

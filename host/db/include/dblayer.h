@@ -49,8 +49,8 @@ public:
     AcDbObjectId visualStyle() const { return mVisualStyle; }
     Acad::ErrorStatus setVisualStyle(AcDbObjectId id) { return assign(mVisualStyle, id); }
 
-    /// The description, as a copy that the caller releases with acutDelString. It is extended data of "AcAecLayerStandard",
-    /// and can be set once the layer is in a drawing.
+    /// The description, as a copy that the caller releases with acutDelString. It is extended data of
+    /// "AcAecLayerStandard", and can be set once the layer is in a drawing.
     ACHAR* description() const;
     Acad::ErrorStatus setDescription(const ACHAR* description);
     /// Solid unless set; extended data of "AcCmTransparency".

@@ -6,7 +6,8 @@
 #include "gepnt3d.h"
 #include "gevec3d.h"
 
-/// A tab of the drawing: a space (a block) and how it is plotted. Layouts are in the layout dictionary under their names.
+/// A tab of the drawing: a space (a block) and how it is plotted. Layouts are in the layout dictionary under their
+/// names.
 class AcDbLayout : public AcDbPlotSettings
 {
 public:
@@ -17,8 +18,8 @@ public:
     Acad::ErrorStatus getLayoutName(const ACHAR*& name) const;
     /// A copy that the caller releases with acutDelString.
     Acad::ErrorStatus getLayoutName(ACHAR*& name) const;
-    /// Renames the entry of the dictionary too: eInvalidKey for an empty name, eDuplicateKey when another layout has it,
-    /// eRenameIsModelSpace for the model layout; nothing is changed then.
+    /// Renames the entry of the dictionary too: eInvalidKey for an empty name, eDuplicateKey when another layout has
+    /// it, eRenameIsModelSpace for the model layout; nothing is changed then.
     Acad::ErrorStatus setLayoutName(const ACHAR* name);
     /// From 1; the model layout has 0.
     int getTabOrder() const { return mTabOrder; }
@@ -29,9 +30,9 @@ public:
     AcDbObjectId getBlockTableRecordId() const { return mBlock; }
     /// Names the block; it is not told.
     Acad::ErrorStatus setBlockTableRecordId(AcDbObjectId block) { return assign(mBlock, block); }
-    /// Puts a new layout in the layout dictionary of a database under its name and links it with its block; it stays open. The statuses
-    /// of AcDbDictionary::setAt; eInvalidInput for a null database, eDuplicateKey for a name that is taken, eWrongObjectType for an
-    /// id that is no block.
+    /// Puts a new layout in the layout dictionary of a database under its name and links it with its block; it stays
+    /// open. The statuses of AcDbDictionary::setAt; eInvalidInput for a null database, eDuplicateKey for a name that
+    /// is taken, eWrongObjectType for an id that is no block.
     Acad::ErrorStatus addToLayoutDict(AcDbDatabase* database, AcDbObjectId block);
     /// The viewports of the space, the one that is the sheet itself first.
     AcDbObjectIdArray getViewportArray() const;

@@ -7,8 +7,8 @@
 
 /// A line type: a row of dashes, gaps and dots that repeats, with shapes or texts between them.
 ///
-/// Lengths are in drawing units for a line type scale of 1: above 0 a dash, below a gap, 0 a dot. Indices count from 0; members that
-/// take one out of range return what an empty dash has, or change nothing.
+/// Lengths are in drawing units for a line type scale of 1: above 0 a dash, below a gap, 0 a dot. Indices count from
+/// 0; members that take one out of range return what an empty dash has, or change nothing.
 class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord
 {
 public:

@@ -89,9 +89,9 @@ public:
     /// A chain of the extended data of one application, beginning with its 1001 group, or of all for null. The caller
     /// releases it with acutRelRb. Null when there is none.
     virtual resbuf* xData(const ACHAR* regappName = nullptr) const;
-    /// Replaces the extended data of the applications in the chain (a -3 node may stand before it); an application with its name alone loses its data.
-    /// eRegappIdNotFound for an unregistered name, eXdataSizeExceeded past 16 KiB, eInvalidResBuf for a chain that does not
-    /// begin with 1001 or holds other groups; nothing is changed then.
+    /// Replaces the extended data of the applications in the chain (a -3 node may stand before it); an application
+    /// with its name alone loses its data. eRegappIdNotFound for an unregistered name, eXdataSizeExceeded past 16 KiB,
+    /// eInvalidResBuf for a chain that does not begin with 1001 or holds other groups; nothing is changed then.
     virtual Acad::ErrorStatus setXData(const resbuf* chain);
 
     /// The dictionary of what others attach; null when there is none.

@@ -139,7 +139,10 @@ public:
     using AcDbObjectPointer<Table>::AcDbObjectPointer;
     using AcDbObjectPointer<Table>::open;
     AcDbSymbolTablePointer() = default;
-    explicit AcDbSymbolTablePointer(AcDbDatabase* database, AcDb::OpenMode mode = AcDb::kForRead) { open(database, mode); }
+    explicit AcDbSymbolTablePointer(AcDbDatabase* database, AcDb::OpenMode mode = AcDb::kForRead)
+    {
+        open(database, mode);
+    }
 
     Acad::ErrorStatus open(AcDbDatabase* database, AcDb::OpenMode mode = AcDb::kForRead)
     {

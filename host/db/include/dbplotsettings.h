@@ -8,8 +8,8 @@
 
 class AcDbPlotSettings;
 
-/// How a page is plotted: device, paper, area, scale. Lengths are in millimetres unless said otherwise; what depends on a device is set
-/// through AcDbPlotSettingsValidator.
+/// How a page is plotted: device, paper, area, scale. Lengths are in millimetres unless said otherwise; what depends
+/// on a device is set through AcDbPlotSettingsValidator.
 class AcDbPlotSettings : public AcDbObject
 {
 public:
@@ -22,7 +22,14 @@ public:
     enum PlotType { kDisplay = 0, kExtents = 1, kLimits = 2, kView = 3, kWindow = 4, kLayout = 5 };
     /// Group 75. The scales that have no name here have the numbers of the DXF reference (1 to 32).
     enum StdScaleType { kScaleToFit = 0, k1_1 = 16, kStdScaleCount = 33 };
-    enum ShadePlotType { kAsDisplayed = 0, kWireframe = 1, kHidden = 2, kRendered = 3, kVisualStyle = 4, kRenderPreset = 5 };
+    enum ShadePlotType {
+        kAsDisplayed = 0,
+        kWireframe = 1,
+        kHidden = 2,
+        kRendered = 3,
+        kVisualStyle = 4,
+        kRenderPreset = 5
+    };
     enum ShadePlotResLevel { kDraft = 0, kPreview = 1, kNormal = 2, kPresentation = 3, kMaximum = 4, kCustom = 5 };
 
     /// True for settings of model space.
@@ -31,7 +38,8 @@ public:
     /// AcDbDictionary::setAt; eInvalidInput for a null database.
     Acad::ErrorStatus addToPlotSettingsDict(AcDbDatabase* database);
 
-    // Names come as pointers into the object, which hold while it is unchanged, or as copies that acutDelString releases.
+    // Names come as pointers into the object, which hold while it is unchanged, or as copies that acutDelString
+    // releases.
 
     Acad::ErrorStatus getPlotSettingsName(const ACHAR*& name) const { return give(mName, name); }
     Acad::ErrorStatus getPlotSettingsName(ACHAR*& name) const { return give(mName, name); }

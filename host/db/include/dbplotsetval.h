@@ -8,8 +8,8 @@
 
 /// Without a plotting system there is one device, "None", which takes every ISO A paper; style sheets are named freely.
 ///
-/// Members that set return eNullObjectPointer for null settings, eNotOpenForWrite, and eInvalidInput for what no page can have; nothing is
-/// changed then.
+/// Members that set return eNullObjectPointer for null settings, eNotOpenForWrite, and eInvalidInput for what no page
+/// can have; nothing is changed then.
 class AcDbPlotSettingsValidator
 {
 public:

@@ -9,9 +9,10 @@
 
 /// The draw order of the entities of a block, in its extension dictionary under "ACAD_SORTENTS".
 ///
-/// Entities are drawn by rising sort handle; those without one have their own. Bringing an entity up or down gives the entities concerned each
-/// other's handles, so that the rest of the block keeps its places. Statuses of the members that take ids: eInvalidInput for an empty list,
-/// eNotInBlock for an id that is no entity of the block, eInvalidOwnerObject when the table belongs to no block; nothing is changed then.
+/// Entities are drawn by rising sort handle; those without one have their own. Bringing an entity up or down gives the
+/// entities concerned each other's handles, so that the rest of the block keeps its places. Statuses of the members
+/// that take ids: eInvalidInput for an empty list, eNotInBlock for an id that is no entity of the block,
+/// eInvalidOwnerObject when the table belongs to no block; nothing is changed then.
 class AcDbSortentsTable : public AcDbObject
 {
 public:

@@ -1,6 +1,7 @@
 #pragma once
 
-/// Symbol tables: the named things of a drawing, one table a kind, and the iterators over them. dbsymtb.h adds the records.
+/// Symbol tables: the named things of a drawing, one table a kind, and the iterators over them. dbsymtb.h adds the
+/// records.
 ///
 /// Names are found without regard to case and kept as given. They are at most 255 characters, not empty, and hold
 /// none of < > / \ " : ; ? * | , = ` (a record of the system's own may begin with "*").

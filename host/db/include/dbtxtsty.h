@@ -41,9 +41,9 @@ public:
     const CString& bigFontFileName() const { return mBigFontFileName; }
     Acad::ErrorStatus setBigFontFileName(const ACHAR* name) { return assign(mBigFontFileName, CString(name)); }
 
-    /// The typeface of a style with a TrueType font (empty: the style names a file), a copy that acutDelString releases; extended
-    /// data of "ACAD": 1000 the name; 1071 the pitch and family in the lowest byte, the character set above, then 1 italic, 2 bold in
-    /// the highest.
+    /// The typeface of a style with a TrueType font (empty: the style names a file), a copy that acutDelString
+    /// releases; extended data of "ACAD": 1000 the name; 1071 the pitch and family in the lowest byte, the character
+    /// set above, then 1 italic, 2 bold in the highest.
     Acad::ErrorStatus font(ACHAR*& typeface, bool& bold, bool& italic, int& charset, int& pitchAndFamily) const;
     /// Can be set once the style is in a drawing: eNotInDatabase. An empty typeface takes the font away.
     Acad::ErrorStatus setFont(const ACHAR* typeface, bool bold, bool italic, int charset, int pitchAndFamily);

@@ -2,7 +2,8 @@
 
 #include "dbabstrviewtblrec.h"
 
-/// A viewport of model space. Those that tile the screen now are all named "*Active"; the first of them is the current one.
+/// A viewport of model space. Those that tile the screen now are all named "*Active"; the first of them is the current
+/// one.
 class AcDbViewportTableRecord : public AcDbAbstractViewTableRecord
 {
 public:

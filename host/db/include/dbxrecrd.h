@@ -20,8 +20,8 @@ public:
     AcDbXrecord& operator=(const AcDbXrecord& other);
     ~AcDbXrecord() override;
 
-    /// The groups as a new list that the caller releases with acutRelRb; null for an empty record. References are looked up in
-    /// `auxDb`, or in the record's own database.
+    /// The groups as a new list that the caller releases with acutRelRb; null for an empty record. References are
+    /// looked up in `auxDb`, or in the record's own database.
     Acad::ErrorStatus rbChain(resbuf** chain, AcDbDatabase* auxDb = nullptr) const;
     /// Replaces all groups; the list stays the caller's. eInvalidResBuf, eInvalidDxfCode; nothing is changed then.
     Acad::ErrorStatus setFromRbChain(const resbuf& chain, AcDbDatabase* auxDb = nullptr);

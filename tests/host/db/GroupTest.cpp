@@ -171,7 +171,8 @@ TEST_F(Group, NamesAreThoseOfTheDictionary)
 
 TEST_F(Group, RecordIsWrittenAsItWasRead)
 {
-    const PackedGroups groups = groupsOf({{100, "AcDbGroup"}, {300, "轴"}, {70, 1.0}, {71, 0.0}, {340, 901.0}, {340, 900.0}});
+    const PackedGroups groups =
+        groupsOf({{100, "AcDbGroup"}, {300, "轴"}, {70, 1.0}, {71, 0.0}, {340, 901.0}, {340, 900.0}});
     AcDbGroup group;
     EXPECT_EQ(rewritten(group, groups, &mDatabase), textOf(groups));
     EXPECT_FALSE(group.isSelectable());

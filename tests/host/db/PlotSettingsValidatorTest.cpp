@@ -12,7 +12,8 @@ TEST_F(PlotSettingsValidator, PageTakesTheSizeOfItsPaper)
     AcDbPlotSettings settings;
     AcArray<const ACHAR*> papers;
     ASSERT_EQ(validator.canonicalMediaNameList(&settings, papers), Acad::eOk);
-    for (int i = 0; i < papers.length(); ++i) EXPECT_EQ(validator.setCanonicalMediaName(&settings, papers[i]), Acad::eOk);
+    for (int i = 0; i < papers.length(); ++i)
+        EXPECT_EQ(validator.setCanonicalMediaName(&settings, papers[i]), Acad::eOk);
     EXPECT_EQ(validator.setPlotCfgName(&settings, L"none", L"ISO_A3_(297.00_x_420.00_MM)"), Acad::eOk);
     double width = 0.0, height = 0.0;
     settings.getPlotPaperSize(width, height);

@@ -21,11 +21,33 @@ const PackedGroups& sampleLayer()
 /// A dash, a gap with a text, a dot with a shape.
 const PackedGroups& sampleLinetype()
 {
-    static const PackedGroups groups =
-        groupsOf({{100, "AcDbSymbolTableRecord"}, {100, "AcDbLinetypeTableRecord"}, {2, "GAS"}, {70, 0.0}, {3, "__GAS__"},
-                  {72, 65.0}, {73, 3.0}, {40, 1.5}, {49, 0.5}, {74, 0.0}, {49, -0.25}, {74, 3.0}, {75, 0.0}, {340, 702.0},
-                  {46, 0.1}, {50, 30.0}, {44, -0.05}, {45, 0.02}, {9, "GAS"}, {49, 0.0}, {74, 4.0}, {75, 132.0},
-                  {340, 703.0}, {46, 2.0}, {50, 0.0}, {44, 0.0}, {45, 0.0}});
+    static const PackedGroups groups = groupsOf({{100, "AcDbSymbolTableRecord"},
+                                                 {100, "AcDbLinetypeTableRecord"},
+                                                 {2, "GAS"},
+                                                 {70, 0.0},
+                                                 {3, "__GAS__"},
+                                                 {72, 65.0},
+                                                 {73, 3.0},
+                                                 {40, 1.5},
+                                                 {49, 0.5},
+                                                 {74, 0.0},
+                                                 {49, -0.25},
+                                                 {74, 3.0},
+                                                 {75, 0.0},
+                                                 {340, 702.0},
+                                                 {46, 0.1},
+                                                 {50, 30.0},
+                                                 {44, -0.05},
+                                                 {45, 0.02},
+                                                 {9, "GAS"},
+                                                 {49, 0.0},
+                                                 {74, 4.0},
+                                                 {75, 132.0},
+                                                 {340, 703.0},
+                                                 {46, 2.0},
+                                                 {50, 0.0},
+                                                 {44, 0.0},
+                                                 {45, 0.0}});
     return groups;
 }
 
@@ -49,12 +71,42 @@ const PackedGroups& sampleUcs()
 
 const PackedGroups& sampleView()
 {
-    static const PackedGroups groups =
-        groupsOf({{100, "AcDbSymbolTableRecord"}, {100, "AcDbViewTableRecord"}, {2, "TEST"}, {70, 1.0}, {40, 13314.95},
-                  {10, 5771.9}, {20, 789.3}, {41, 19003.5}, {11, 0.0}, {21, -1.0}, {31, 1.0}, {12, 1.0}, {22, 2.0},
-                  {32, 3.0}, {42, 35.0}, {43, 1.0}, {44, -1.0}, {50, 90.0}, {71, 17.0}, {281, 2.0}, {72, 1.0}, {73, 1.0},
-                  {348, 706.0}, {110, 1.0}, {120, 0.0}, {130, 0.0}, {111, 0.0}, {121, 1.0}, {131, 0.0}, {112, 0.0},
-                  {122, 0.0}, {132, 1.0}, {79, 0.0}, {146, 4.5}, {345, 705.0}, {361, 707.0}});
+    static const PackedGroups groups = groupsOf({{100, "AcDbSymbolTableRecord"},
+                                                 {100, "AcDbViewTableRecord"},
+                                                 {2, "TEST"},
+                                                 {70, 1.0},
+                                                 {40, 13314.95},
+                                                 {10, 5771.9},
+                                                 {20, 789.3},
+                                                 {41, 19003.5},
+                                                 {11, 0.0},
+                                                 {21, -1.0},
+                                                 {31, 1.0},
+                                                 {12, 1.0},
+                                                 {22, 2.0},
+                                                 {32, 3.0},
+                                                 {42, 35.0},
+                                                 {43, 1.0},
+                                                 {44, -1.0},
+                                                 {50, 90.0},
+                                                 {71, 17.0},
+                                                 {281, 2.0},
+                                                 {72, 1.0},
+                                                 {73, 1.0},
+                                                 {348, 706.0},
+                                                 {110, 1.0},
+                                                 {120, 0.0},
+                                                 {130, 0.0},
+                                                 {111, 0.0},
+                                                 {121, 1.0},
+                                                 {131, 0.0},
+                                                 {112, 0.0},
+                                                 {122, 0.0},
+                                                 {132, 1.0},
+                                                 {79, 0.0},
+                                                 {146, 4.5},
+                                                 {345, 705.0},
+                                                 {361, 707.0}});
     return groups;
 }
 
@@ -274,10 +326,21 @@ TEST_F(Records, ViewTakesACoordinateSystemOrNone)
 TEST_F(Records, DimensionStyleKeepsEveryVariableOfAFile)
 {
     // Two groups 70: flags of the record, then the fill colour. Values that no setter would take are kept.
-    const PackedGroups groups =
-        groupsOf({{100, "AcDbSymbolTableRecord"}, {100, "AcDbDimStyleTableRecord"}, {2, "ISO-25"}, {70, 0.0}, {3, "<>mm"},
-                  {40, 0.0}, {41, 2.5}, {50, 45.0}, {70, 5.0}, {77, 1.0}, {290, 1.0}, {176, 3.0}, {340, 800.0},
-                  {371, 25.0}, {148, 0.5}});
+    const PackedGroups groups = groupsOf({{100, "AcDbSymbolTableRecord"},
+                                          {100, "AcDbDimStyleTableRecord"},
+                                          {2, "ISO-25"},
+                                          {70, 0.0},
+                                          {3, "<>mm"},
+                                          {40, 0.0},
+                                          {41, 2.5},
+                                          {50, 45.0},
+                                          {70, 5.0},
+                                          {77, 1.0},
+                                          {290, 1.0},
+                                          {176, 3.0},
+                                          {340, 800.0},
+                                          {371, 25.0},
+                                          {148, 0.5}});
     AcDbDimStyleTableRecord style;
     const std::string all = "\n" + rewritten(style, groups, &mDatabase);
     DxfGroup group;

@@ -116,8 +116,14 @@ TEST_F(SortentsTable, RefusesWhatIsNotInTheBlock)
 
 TEST_F(SortentsTable, RecordIsWrittenAsItWasRead)
 {
-    const PackedGroups groups = groupsOf({{100, "AcDbSortentsTable"}, {330, 31.0}, {331, 901.0}, {5, 900.0}, {331, 900.0},
-                                          {5, 901.0}, {331, 950.0}, {5, 950.0}});
+    const PackedGroups groups = groupsOf({{100, "AcDbSortentsTable"},
+                                          {330, 31.0},
+                                          {331, 901.0},
+                                          {5, 900.0},
+                                          {331, 900.0},
+                                          {5, 901.0},
+                                          {331, 950.0},
+                                          {5, 950.0}});
     AcDbSortentsTable table;
     EXPECT_EQ(rewritten(table, groups, &mDatabase), textOf(groups));
 }

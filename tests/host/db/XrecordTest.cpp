@@ -12,8 +12,8 @@ TEST_F(Xrecord, ListsComeBackAsTheyWereSet)
     ads_name name = {mDatabase.layerZero().asOldId(), 0};
     char bytes[] = {1, 0, 2};
     ads_binary chunk{3, bytes};
-    const ResbufList list(acutBuildList(1, L"值", 10, point, 40, 0.25, 70, -3, 90, 100000, 290, 1, 330, name, 310, &chunk,
-                                        320, L"2F", RTNONE));
+    const ResbufList list(acutBuildList(1, L"值", 10, point, 40, 0.25, 70, -3, 90, 100000, 290, 1, 330, name,
+                                        310, &chunk, 320, L"2F", RTNONE));
     ASSERT_TRUE(list);
     AcDbXrecord record;
     ASSERT_EQ(record.setFromRbChain(*list, &mDatabase), Acad::eOk);
@@ -55,8 +55,17 @@ TEST_F(Xrecord, BadListsChangeNothing)
 TEST_F(Xrecord, AnyGroupOfAFileIsKeptInItsPlace)
 {
     // 280 stands first for the merging and later for the application; points may have two coordinates.
-    const PackedGroups groups = groupsOf({{100, "AcDbXrecord"}, {280, 0.0}, {280, 5.0}, {102, "{QM"}, {70, 1.0},
-                                          {10, 1.0}, {20, 2.0}, {280, 6.0}, {360, 4711.0}, {310, "\x01\x02"}, {102, "}"}});
+    const PackedGroups groups = groupsOf({{100, "AcDbXrecord"},
+                                          {280, 0.0},
+                                          {280, 5.0},
+                                          {102, "{QM"},
+                                          {70, 1.0},
+                                          {10, 1.0},
+                                          {20, 2.0},
+                                          {280, 6.0},
+                                          {360, 4711.0},
+                                          {310, "\x01\x02"},
+                                          {102, "}"}});
     AcDbXrecord record;
     EXPECT_EQ(rewritten(record, groups, &mDatabase), textOf(groups));
     EXPECT_EQ(record.mergeStyle(), AcDb::kDrcNotApplicable);
