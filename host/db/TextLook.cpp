@@ -1,7 +1,8 @@
 #include "TextLook.h"
 
 #include "Stub.h"
-#include "dbsymtb.h"
+#include "acutads.h"
+#include "dbtxtsty.h"
 
 TextLook textLookOf(const AcGiTextStyle& style)
 {
@@ -21,4 +22,34 @@ TextLook textLookOf(const AcGiTextStyle& style)
     return look;
 }
 
-AcGiTextStyle textStyleOf(AcDbObjectId) { return AcGiTextStyle(); }
+namespace
+{
+/// Styles name files with the folders of the machine they were made on.
+CString withoutFolder(const CString& file) { return file.Mid(file.ReverseFind(L'\\') + 1); }
+
+void takeTypeface(AcGiTextStyle& style, const AcDbTextStyleTableRecord& record)
+{
+    ACHAR* typeface = nullptr;
+    int charset = 0, pitchAndFamily = 0;
+    if (record.font(typeface, style.isBold, style.isItalic, charset, pitchAndFamily) != Acad::eOk) return;
+    style.typeface = typeface;
+    acutDelString(typeface);
+}
+} // namespace
+
+AcGiTextStyle textStyleOf(AcDbObjectId id)
+{
+    AcGiTextStyle style;
+    const auto* record = AcDbTextStyleTableRecord::cast(residentObject(id));
+    if (!record) return style;
+    style.fileName = withoutFolder(record->fileName());
+    style.bigFontFileName = withoutFolder(record->bigFontFileName());
+    takeTypeface(style, *record);
+    if (record->textSize() > 0.0) style.textSize = record->textSize();
+    style.xScale = record->xScale();
+    style.obliquingAngle = record->obliquingAngle();
+    style.isBackward = (record->flagBits() & 2) != 0;
+    style.isUpsideDown = (record->flagBits() & 4) != 0;
+    style.isVertical = record->isVertical();
+    return style;
+}

@@ -16,7 +16,9 @@ enum class PlotStatus {
     notFound,     ///< the folder does not exist
     accessDenied, ///< the file or folder cannot be written
     diskFull,
-    failed ///< anything else: no memory, no page was begun
+    badFormat,    ///< the file's name does not end in .png, .svg or .pdf
+    noSuchLayout, ///< the drawing has no layout of that name
+    failed        ///< anything else: no memory, no page was begun
 };
 
 /// The paper and what of the drawing is on it.
