@@ -41,8 +41,10 @@ Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2
     if (status != Acad::eOk) return status;
     const double start = startWidth < 0.0 ? mConstantWidth : startWidth;
     const double end = endWidth < 0.0 ? mConstantWidth : endWidth;
-    if (start != mConstantWidth || end != mConstantWidth) needWidths();
-    if (hasWidths()) mRare->widths.insert(mRare->widths.begin() + index, {start, end});
+    if (hasWidths() || start != mConstantWidth || end != mConstantWidth) {
+        std::vector<Widths>& widths = needWidths();
+        widths.insert(widths.begin() + index, {start, end});
+    }
     if (vertexIdentifier != 0) mRare.need().identifiers.resize(mPoints.size());
     if (vertexIdentifier != 0 || hasVertexIdentifiers())
         mRare->identifiers.insert(mRare->identifiers.begin() + index, vertexIdentifier);

@@ -1,13 +1,10 @@
+#include "PictureFixture.h"
+
+#include "DrawLettering.h"
+
 #include <csignal>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <sys/resource.h>
-#include <unistd.h>
-
-// Behind <filesystem>, whose paths would be Windows' own behind <windows.h>.
-#include "CairoCanvas.h"
-#include "DrawLettering.h"
 
 #include <gtest/gtest.h>
 
@@ -29,66 +26,7 @@ Paint solid(colors::Rgb color)
     return paint;
 }
 
-constexpr colors::Rgb red{255, 0, 0}, blue{0, 0, 255}, white{255, 255, 255}, black{0, 0, 0};
-
-/// A page of 100 by 100 pixels whose window is 0 ... 100 in both directions.
-Page hundred()
-{
-    Page page;
-    page.width = page.height = 25.4;
-    page.dotsPerInch = 100;
-    page.windowMax.set(100, 100);
-    return page;
-}
-
-class CairoCanvasTest : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        std::string name = (fs::temp_directory_path() / "plot-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        folder = name;
-    }
-    void TearDown() override
-    {
-        if (picture) cairo_surface_destroy(picture);
-        fs::remove_all(folder);
-    }
-
-    CairoCanvas canvas(const char* name, PlotFormat format)
-    {
-        target = folder / name;
-        return {target.wstring(), format};
-    }
-    /// Draws on a page of 100 by 100 and reads the picture.
-    template <class Draw>
-    void plotHundred(const Draw& draw)
-    {
-        CairoCanvas png = canvas("plot.png", PlotFormat::png);
-        ASSERT_EQ(png.begin(hundred()), PlotStatus::done);
-        draw(png);
-        ASSERT_EQ(png.finish(), PlotStatus::done);
-        picture = cairo_image_surface_create_from_png(target.c_str());
-        ASSERT_EQ(cairo_image_surface_get_width(picture), 100);
-    }
-    /// The pixel around a place of the drawing.
-    colors::Rgb at(int x, int y) const
-    {
-        const unsigned char* row = cairo_image_surface_get_data(picture) +
-                                   (99 - y) * cairo_image_surface_get_stride(picture) + 4 * x;
-        return {row[2], row[1], row[0]};
-    }
-    std::string contents() const
-    {
-        std::ifstream file(target, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    bool isFolderEmpty() const { return fs::is_empty(folder); }
-
-    fs::path folder, target;
-    cairo_surface_t* picture = nullptr;
-};
+using CairoCanvasTest = PictureFixture;
 
 /// No file of this process grows beyond this size while it lives.
 class FullDisk
