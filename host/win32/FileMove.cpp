@@ -31,10 +31,8 @@ struct Found {
 /// False, with the last error set, only when the path itself cannot be.
 bool lookUp(LPCWSTR path, Found& found)
 {
-    found.path = toHostPath(path);
-    if (found.path.empty()) return false;
-    found.exists = stat(found.path.c_str(), &found.info) == 0;
-    return true;
+    found.exists = findHostFile(path, found.path, found.info);
+    return !found.path.empty();
 }
 
 /// A descriptor that closes itself.

@@ -17,10 +17,8 @@ using namespace win32;
 /// Finds the file or directory; the last error is set when there is none.
 bool find(LPCWSTR path, std::string& host, struct stat& info)
 {
-    host = toHostPath(path);
-    if (host.empty()) return false;
-    if (stat(host.c_str(), &info) == 0) return true;
-    SetLastError(errorOfPath(errno, host));
+    if (findHostFile(path, host, info)) return true;
+    if (!host.empty()) SetLastError(errorOfPath(errno, host));
     return false;
 }
 } // namespace

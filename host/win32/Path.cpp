@@ -1,13 +1,12 @@
 #include "Path.h"
 
 #include "CaseMap.h"
+#include "Errno.h"
 #include "Text.h"
 
-#include "errhandlingapi.h"
 #include "winerror.h"
 
 #include <dirent.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -102,35 +101,47 @@ void descend(std::string& path, const std::wstring& component)
     path = other.empty() ? exact : path + '/' + other;
 }
 
-std::string fail(DWORD code)
+/// A Windows path taken apart.
+struct Parts {
+    std::string root;
+    std::vector<std::wstring> components;
+    std::string exact; ///< the path on this machine if all names are written as they are there
+};
+
+/// False, with the last error set, for a path that no file can have.
+bool takeApart(const wchar_t* windowsPath, Parts& parts)
 {
-    SetLastError(code);
-    return {};
+    const std::wstring full = windowsPath ? fullPath(windowsPath) : std::wstring();
+    if (full.empty() || !driveRoot(full[0], parts.root)) return failWith(ERROR_PATH_NOT_FOUND);
+    addComponents(std::wstring_view(full).substr(2), parts.components);
+    parts.exact = parts.root;
+    for (const std::wstring& component : parts.components) {
+        if (!std::all_of(component.begin(), component.end(), isNameCharacter))
+            return failWith(ERROR_INVALID_NAME);
+        parts.exact += '/' + toUtf8(component);
+    }
+    if (parts.exact.empty()) parts.exact = "/";
+    return true;
+}
+
+/// The path with the names that are there in another case.
+std::string inAnotherCase(const Parts& parts, bool isLastLiteral)
+{
+    std::string path = parts.root;
+    for (const std::wstring& component : parts.components) {
+        if (isLastLiteral && &component == &parts.components.back())
+            path += '/' + toUtf8(component);
+        else
+            descend(path, component);
+    }
+    return path;
 }
 
 std::string hostPath(const wchar_t* windowsPath, bool isLastLiteral)
 {
-    const std::wstring full = windowsPath ? fullPath(windowsPath) : std::wstring();
-    std::string root;
-    if (full.empty() || !driveRoot(full[0], root)) return fail(ERROR_PATH_NOT_FOUND);
-    std::vector<std::wstring> components;
-    addComponents(std::wstring_view(full).substr(2), components);
-
-    std::string exact = root;
-    for (const std::wstring& component : components) {
-        if (!std::all_of(component.begin(), component.end(), isNameCharacter))
-            return fail(ERROR_INVALID_NAME);
-        exact += '/' + toUtf8(component);
-    }
-    if (exact.empty()) return "/";
-    if (exists(exact)) return exact;
-    for (const std::wstring& component : components) {
-        if (isLastLiteral && &component == &components.back())
-            root += '/' + toUtf8(component);
-        else
-            descend(root, component);
-    }
-    return root;
+    Parts parts;
+    if (!takeApart(windowsPath, parts)) return {};
+    return exists(parts.exact) ? parts.exact : inAnotherCase(parts, isLastLiteral);
 }
 } // namespace
 
@@ -178,6 +189,17 @@ std::wstring fullPath(std::wstring_view path)
 std::string toHostPath(const wchar_t* windowsPath)
 {
     return hostPath(windowsPath, false);
+}
+
+bool findHostFile(const wchar_t* windowsPath, std::string& path, struct stat& info)
+{
+    Parts parts;
+    path.clear();
+    if (!takeApart(windowsPath, parts)) return false;
+    path = parts.exact;
+    if (stat(path.c_str(), &info) == 0) return true;
+    path = inAnotherCase(parts, false);
+    return stat(path.c_str(), &info) == 0;
 }
 
 std::string toNewHostPath(const wchar_t* windowsPath)

@@ -2,6 +2,8 @@
 
 #include "windef.h"
 
+#include <sys/stat.h>
+
 #include <string>
 #include <string_view>
 
@@ -20,7 +22,11 @@ std::wstring fullPath(std::wstring_view windowsPath);
 /// that no file name may have (ERROR_INVALID_NAME).
 std::string toHostPath(const wchar_t* windowsPath);
 
-/// The same, but the last component stays as written even if a name in another case exists.
+/// The same, and what stat() tells of the file there. False when there is none: then the path is empty, with
+/// the last error set as above, or errno says why.
+bool findHostFile(const wchar_t* windowsPath, std::string& path, struct stat& info);
+
+/// The same as toHostPath, but the last component stays as written even if a name in another case exists.
 std::string toNewHostPath(const wchar_t* windowsPath);
 
 /// The path as it is handed out: on drive Z:, with backslashes. A relative path stays relative.
