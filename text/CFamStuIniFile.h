@@ -5,7 +5,9 @@
 
 /// Profile (INI) files: keys through the system's profile functions; sections, lists of keys and lines by
 /// reading the file. All members are static and keep no state that a caller could see: a change that another
-/// program makes to a file is seen by the next call.
+/// program makes to a file is seen by the next call. (What is read here, and not by the system, is kept while
+/// the file's size and times are the same: a change that leaves the size, and sets the times back, is not
+/// seen.)
 ///
 /// A file is given by its full path. It is text in the ANSI code page, or by its mark UTF-8 or UTF-16. A
 /// section line begins with "[", ends with "]" and has at least one character between them; a key line has a
@@ -36,15 +38,18 @@ public:
     /// The value as a whole number: an optional sign and digits, up to the first other character; 0 when
     /// there is no digit. `defaultValue` when there is no such key or its value is empty.
     static int ReadKey(const CString& section, const CString& key, int defaultValue, const CString& file);
-    /// The value as a number (sign, digits, point, exponent), up to the first character that does not belong
-    /// to one; 0 when it begins with none. `defaultValue` when there is no such key. Both pass through a
-    /// text of at most 259 characters, the default one with six decimals: 1e-7 comes back as 0.
+    /// The value as a number, as wcstod reads one (sign, digits, point, exponent), up to the first character
+    /// that does not belong to one; 0 when it begins with none. `defaultValue` when there is no such key.
+    /// Both pass through a text of at most 259 characters, the default one with six decimals: 1e-7 comes back
+    /// as 0.
     static double ReadKey(const CString& section, const CString& key, double defaultValue,
                           const CString& file);
 
     /// Set the value of a key, and make key, section and file where they are missing (a new file is in the
     /// ANSI code page). Numbers are written in decimal, a double with six decimals. Other than 0 for success:
-    /// the result of WritePrivateProfileString.
+    /// the result of WritePrivateProfileString. In a file that the system does not know it is 0, and nothing
+    /// is written, where the key would not be found again: for an empty section, and for a key that is empty,
+    /// holds "=" or begins with ";".
     static int WriteKey(const CString& section, const CString& key, const CString& value,
                         const CString& file);
     static int WriteKey(const CString& section, const CString& key, int value, const CString& file);
@@ -87,9 +92,10 @@ public:
     static int DelOneRow(const CString& file, int line);
     /// Removes `count` lines from `line` on. 0, and nothing is done, when there are not as many.
     static int DelLnLines(const CString& file, int line, int count);
-    /// Puts `lines` in the place of as many lines from `line` on; line ends stay. 0, and nothing is done,
-    /// when there are not as many, when `lines` is empty, and when a new text holds a line end, a zero,
-    /// Ctrl-Z, or a character that the file's encoding lacks.
+    /// Puts `lines` in the place of as many lines from `line` on; line ends stay, and a last line without one
+    /// gets one when it becomes empty. 0, and nothing is done, when there are not as many, when `lines` is
+    /// empty, and when a new text holds a line end, a zero, Ctrl-Z, or a character that the file's encoding
+    /// lacks.
     static int ModifyLnLines(const CString& file, int line, const CStringArray& lines);
     /// A line, its definition, and the comment that describes it: the comment lines directly above it, less
     /// the ";" and blanks at their start and the blanks at their end, with CR LF between them; empty when
@@ -97,9 +103,9 @@ public:
     static int getLnDesDef(CString& description, CString& definition, const CString& file, int line);
     /// Makes `lines` the lines of the file. A line that was in the file keeps its bytes and its line end,
     /// wherever it stands now; other lines are joined with CR LF. Behind the last one there is a line end if
-    /// there was one in the file, none in a new file. A new file is in the ANSI code page, or in UTF-16 when
-    /// that lacks a character; an existing one is not changed (0) when its encoding lacks one, or a new line
-    /// is none (see ModifyLnLines).
+    /// there was one in the file or the line is empty, none in a new file otherwise. A new file is in the
+    /// ANSI code page, or in UTF-16 when that lacks a character; an existing one is not changed (0) when its
+    /// encoding lacks one, or a new line is none (see ModifyLnLines).
     static int writerLines(const CStringArray& lines, const CString& file);
 
     // The place of a window: the keys `name` + "X", "Y" in the section "窗口位置", `name` + "Wid", "Hei" in

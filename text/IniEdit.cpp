@@ -138,6 +138,16 @@ std::wstring keyLine(const CString& key, const CString& value)
 {
     return std::wstring(viewOf(key)) + L"=" + std::wstring(viewOf(value));
 }
+
+/// Whether a key is found again in the line that has it. Otherwise each writing would add another line.
+bool isFoundAgain(const CString& key, const CString& value)
+{
+    CString name = key;
+    name.Trim();
+    if (name.IsEmpty() || name[0] == L';' || name.Find(L'=') >= 0) return false;
+    const bool isHeader = name[0] == L'[' && value.Right(1) == L"]";
+    return !isHeader;
+}
 } // namespace
 
 namespace inifile
@@ -165,6 +175,9 @@ Bytes withLines(const Text& text, int first, const CStringArray& lines)
         if (!isSame && !appendText(text, viewOf(lines[i]), changed)) return {};
         changed.append(text.bytes(), line.end, line.next - line.end);
     }
+    // Nothing between the end of a line and that of the text would be no line.
+    const bool vanishes = lines[lines.GetSize() - 1].IsEmpty() && line.next == line.end;
+    if (vanishes) changed += lineEndBefore(text, line.begin);
     return replaced(text, begin, line.next, changed);
 }
 
@@ -177,7 +190,7 @@ Bytes withAllLines(const Text& text, const CStringArray& lines)
     for (INT_PTR i = 0; i < lines.GetSize(); ++i) {
         if (!bytesOfLine(text, known, lines[i], bytes)) return {};
         changed += bytes.text;
-        if (i + 1 < lines.GetSize() || hadEnd) changed += bytes.end;
+        if (i + 1 < lines.GetSize() || hadEnd || lines[i].IsEmpty()) changed += bytes.end;
     }
     return replaced(text, text.begin(), text.end(), changed);
 }
@@ -187,6 +200,7 @@ Bytes withValue(const Contents& file, const CString& section, const CString& key
     const Text& text = file.text();
     const Section* const found = file.section(section);
     const std::wstring line = keyLine(key, value);
+    if (section.IsEmpty() || !isFoundAgain(key, value)) return {};
     if (!found) return inserted(text, text.end(), {L"[" + std::wstring(viewOf(section)) + L"]", line});
     const KeyLine* const old = file.key(*found, key);
     if (!old) return inserted(text, behindLastText(text, *found), {line});

@@ -112,7 +112,10 @@ TEST(MatrixInverse, ZeroOnTheDiagonalIsAnErrorEvenWhereAnInverseExists)
     EXPECT_EQ(matrix, fromRows({{1, 1}, {1, 0}})); // the first pivot was set to 1 before it was looked at
     EXPECT_EQ(thrownBy([&] { exchange.GetInverted(); }), "Matrix inversion error");
     EXPECT_EQ(exchange, fromRows({{0, 1}, {1, 0}}));
-    EXPECT_EQ(thrownBy([] { fromRows({{1, 2}, {2, 4}}).GetInverted(); }), "Matrix inversion error");
+    // The step k = 0 makes (1, 0) 0 - 2 * 1, (1, 1) 4 - 2 * 2, and divides (0, 0) and (0, 1) by 1.
+    matrix = fromRows({{1, 2}, {2, 4}});
+    EXPECT_EQ(thrownBy([&] { matrix.Invert(); }), "Matrix inversion error");
+    EXPECT_EQ(matrix, fromRows({{1, -2}, {2, 1}}));
 }
 
 TEST(MatrixInverse, OfNoSquareIsRefusedUnchanged)

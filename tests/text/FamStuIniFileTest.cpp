@@ -95,6 +95,20 @@ TEST_F(IniKeys, ForeignFileTakesNoValueOfTwoLines)
     EXPECT_EQ(get(), "\xEF\xBB\xBF[s]\nk=1\n");
 }
 
+// Each writing would add such a line again.
+TEST_F(IniKeys, ForeignFileTakesNoKeyThatWouldNotBeFoundAgain)
+{
+    const std::string bytes = "\xEF\xBB\xBF[s]\nk=1\n[a=1\n";
+    put(bytes);
+    for (const wchar_t* key : {L"", L" ", L"a=b", L";k"})
+        EXPECT_EQ(CFamStuIniFile::WriteKey(L"s", key, 1, file()), 0) << utf8(key);
+    EXPECT_EQ(CFamStuIniFile::WriteKey(L"", L"k", 1, file()), 0);
+    EXPECT_EQ(CFamStuIniFile::WriteKey(L"s", L"[a", L"b]", file()), 0); // would become a section line
+    EXPECT_EQ(get(), bytes);
+    EXPECT_NE(CFamStuIniFile::WriteKey(L"s", L"[a", L"b", file()), 0);
+    EXPECT_EQ(get(), "\xEF\xBB\xBF[s]\nk=1\n[a=b\n");
+}
+
 TEST_F(IniSections, HeaderNeedsBracketsAtBothEndsAndANameBetween)
 {
     put("k=0\r\n[]\r\n[a]\r\n[b] \r\n [c]\r\n[d\r\n[[e]]\r\n[ f ]\r\n[\x81\x5D\n[a]");

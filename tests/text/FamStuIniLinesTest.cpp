@@ -99,6 +99,21 @@ TEST_F(IniLines, ModifiedLinesKeepTheirEnds)
     EXPECT_EQ(get(), "\xFF\nb\n");
 }
 
+// Behind the last line end an empty line would not be there when the file is read again.
+TEST_F(IniLines, EmptyLastLineIsNotLost)
+{
+    CStringArray lines;
+    for (const auto& encode : encodings()) {
+        put(encode("a\nb"));
+        EXPECT_EQ(CFamStuIniFile::ModifyLnLines(file(), 1, list(lines, {L""})), 1);
+        EXPECT_EQ(get(), encode("a\n\n"));
+        put(encode("a\nb"));
+        EXPECT_EQ(CFamStuIniFile::writerLines(list(lines, {L"a", L"", L""}), file()), 1);
+        EXPECT_EQ(get(), encode("a\n\r\n\r\n"));
+        EXPECT_EQ(allLines().substr(0, 3), "a||");
+    }
+}
+
 TEST_F(IniLines, DescriptionIsTheCommentDirectlyAbove)
 {
     put(";far\n\n; \xC1\xBA \n  ;two\nk=1\nplain\n");
