@@ -148,9 +148,9 @@ Acad::ErrorStatus AcDbDimension::useDefaultTextPosition()
 
 Acad::ErrorStatus AcDbDimension::setTextRotation(double rotation) { return change(mTextRotation, rotation); }
 
-Acad::ErrorStatus AcDbDimension::setTextAttachment(int attachment)
+Acad::ErrorStatus AcDbDimension::setTextAttachment(AcDbMText::AttachmentPoint attachment)
 {
-    if (attachment < 1 || attachment > 9) return Acad::eInvalidInput;
+    if (attachment < AcDbMText::kTopLeft || attachment > AcDbMText::kBottomRight) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginReshape();
     if (status == Acad::eOk) mAttachment = static_cast<std::int8_t>(attachment);
     return status;

@@ -59,42 +59,55 @@ double AcDbOrdinateDimension::measure() const
     return std::fabs(AcGeVector2d(offset.x, offset.y).crossProduct(across()));
 }
 
+namespace
+{
+/// The leader of an ordinate: from the feature straight across to the end, with a bend where the end lies aside.
+struct OrdinateLeader {
+    AcGePoint2d feature, end;
+    AcGeVector2d forward; ///< unit, across the measured axis, towards the end
+    double reach;         ///< how far the end lies in that direction
+
+    OrdinateLeader(const AcGePoint2d& from, const AcGePoint2d& to, const AcGeVector2d& across)
+        : feature(from), end(to), forward(across), reach((to - from).dotProduct(across))
+    {
+        if (reach >= 0.0) return;
+        forward = -across;
+        reach = -reach;
+    }
+    bool isStraight() const { return std::fabs((end - feature).crossProduct(forward)) <= 1e-9 * (1.0 + reach); }
+};
+
+/// Draws it, with its last line going on by `tail` behind the end.
+void drawLeader(DimensionPicture& picture, const OrdinateLeader& leader, double tail)
+{
+    const DimVariables& v = picture.variables();
+    const double offset = std::fmin(v.scaled(v.dimexo), leader.reach);
+    const AcGePoint2d start = leader.feature + leader.forward * offset, last = leader.end + leader.forward * tail;
+    if (leader.isStraight()) return picture.extensionLine(start, last, false);
+    // A bend leaves a straight leg of two arrow lengths before and behind it, as far as there is room.
+    const double leg = std::fmin(2.0 * v.scaled(v.dimasz), leader.reach / 2.0);
+    const AcGePoint2d turn = leader.feature + leader.forward * std::fmax(leader.reach - 2.0 * leg, offset);
+    const AcGePoint2d bend = leader.end - leader.forward * leg;
+    picture.extensionLine(start, turn, false);
+    picture.extensionLine(turn, bend, false);
+    picture.extensionLine(bend, last, false);
+}
+} // namespace
+
 bool AcDbOrdinateDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const
 {
-    const AcGePoint2d feature = picture.toPlane(mFeature), end = picture.toPlane(mLeaderEnd);
     const DimVariables& v = picture.variables();
-    const AcGeVector2d main = across();
-    const double reach = (end - feature).dotProduct(main);
-    const AcGeVector2d forward = reach < 0.0 ? -main : main;
-    const double sideways = (end - feature).crossProduct(forward);
-    // A bend leaves a straight leg of two arrow lengths at each end, as far as there is room.
-    const double leg = std::fmin(2.0 * v.scaled(v.dimasz), std::fabs(reach) / 2.0);
-    const double exo = std::fmin(v.scaled(v.dimexo), std::fabs(reach));
-    const AcGePoint2d start = feature + forward * exo;
-    if (std::fabs(sideways) <= 1e-9 * (1.0 + std::fabs(reach))) {
-        picture.extensionLine(start, end, false);
-    } else {
-        const AcGePoint2d bend = end - forward * leg;
-        const AcGePoint2d turn = feature + forward * std::fmax(std::fabs(reach) - 2.0 * leg, exo);
-        picture.extensionLine(start, turn, false);
-        picture.extensionLine(turn, bend, false);
-        picture.extensionLine(bend, end, false);
-    }
-    const double angle = textAngle(v, forward.angle(), false);
-    const double along = horizontal() + readableAngle(forward.angle() - horizontal()) + textRotation();
-    const bool isAbove = v.dimtad != 0 && !v.dimtih;
-    const double rotation = isAbove ? angle : along;
-    if (isUsingDefaultTextPosition()) {
-        textMiddle = end + forward * (picture.gap() + picture.textReach(forward, rotation));
-        if (isAbove && picture.hasText()) {
-            const AcGeVector2d up(-std::sin(rotation), std::cos(rotation));
-            const AcGePoint2d tail = textMiddle + forward * picture.textReach(forward, rotation);
-            picture.extensionLine(end, tail, false);
-            textMiddle += up * (picture.gap() + picture.textFrameHeight() / 2.0);
-        }
-    } else {
-        textMiddle = textInPlane();
-    }
+    const OrdinateLeader leader(picture.toPlane(mFeature), picture.toPlane(mLeaderEnd), across());
+    // The text runs along the leader, whatever the style says of texts outside.
+    const double rotation = horizontal() + readableAngle(leader.forward.angle() - horizontal()) + textRotation();
+    const double reach = picture.textReach(leader.forward, rotation);
+    const bool isAbove = v.dimtad != 0 && !v.dimtih && picture.hasText() && isUsingDefaultTextPosition();
+    const double offset = isAbove ? picture.gap() + picture.textFrameHeight() / 2.0 : 0.0;
+    // A text above the leader stands on it; another one behind its end.
+    drawLeader(picture, leader, isAbove ? picture.gap() + 2.0 * reach : 0.0);
+    const AcGeVector2d up(-std::sin(rotation), std::cos(rotation));
+    textMiddle = leader.end + leader.forward * (picture.gap() + reach) + up * offset;
+    if (!isUsingDefaultTextPosition()) textMiddle = textInPlane();
     picture.text(textMiddle, rotation);
     for (const AcGePoint3d& point : {mFeature, mLeaderEnd, mDefPoint}) picture.definitionPoint(point);
     return true;

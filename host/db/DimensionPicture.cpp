@@ -9,12 +9,11 @@
 #include "dbblock.h"
 #include "dbdatabase.h"
 #include "dbline.h"
+#include "dbmtext.h"
 #include "dbpoint.h"
 #include "dbsolid.h"
-#include "dbtext.h"
 
 #include <cmath>
-#include <initializer_list>
 
 namespace
 {
@@ -207,20 +206,17 @@ void DimensionPicture::blockArrow(AcDbObjectId block, const AcGePoint2d& tip, co
 void DimensionPicture::text(const AcGePoint2d& middle, double rotation)
 {
     if (mContents.empty()) return;
-    const lettering::MTextLayout layout = layOut(mContents, mVariables.dimtxsty, textHeight());
-    for (const lettering::MTextFragment& fragment : layout.fragments) {
-        if (fragment.text.find_first_not_of(L' ') == std::wstring::npos) continue;
-        auto piece = std::make_unique<AcDbText>(AcGePoint3d(), fragment.text.c_str(), mVariables.dimtxsty,
-                                                fragment.format.height, rotation);
-        piece->setNormal(mNormal);
-        piece->setPosition(toWorld(placed(fragment.position, middle, rotation)));
-        piece->setWidthFactor(fragment.format.widthFactor);
-        piece->setOblique(fragment.format.obliqueAngle);
-        const bool hasOwn = fragment.format.color.index != 256;
-        add(std::move(piece), hasOwn ? fragment.format.color.index : mVariables.dimclrt);
-    }
-    for (const lettering::MTextRule& rule : layout.rules)
-        line(placed(rule.bar.start, middle, rotation), placed(rule.bar.end, middle, rotation), mVariables.dimclrt);
+    auto text = std::make_unique<AcDbMText>();
+    text->setNormal(mNormal);
+    text->setLocation(toWorld(middle));
+    text->setRotation(rotation);
+    text->setTextHeight(textHeight());
+    if (!mVariables.dimtxsty.isNull()) text->setTextStyle(mVariables.dimtxsty);
+    text->setAttachment(AcDbMText::kMiddleCenter);
+    // Stacks stand at the bottom of the line, or where DIMTOLJ wants them.
+    const std::wstring place = L"\\A" + std::to_wstring(mVariables.dimtolj) + L";";
+    text->setContents(((mVariables.dimtolj ? place : L"") + mContents).c_str());
+    add(std::move(text), mVariables.dimclrt);
     if (mVariables.dimgap < 0.0) frame(middle, rotation);
 }
 

@@ -3,7 +3,7 @@
 /// AcDbDimension: what all dimensions have in common: a measure shown as a text, a style, and a picture.
 
 #include "dbdimvar.h"
-#include "dbentity.h"
+#include "dbmtext.h"
 
 class DimensionPicture;
 struct DimVariables;
@@ -42,9 +42,8 @@ public:
     /// By how much the text is turned from the direction it has by its style.
     double textRotation() const { return mTextRotation; }
     Acad::ErrorStatus setTextRotation(double rotation);
-    /// 1 top left to 9 bottom right.
-    int textAttachment() const { return mAttachment; }
-    Acad::ErrorStatus setTextAttachment(int attachment);
+    AcDbMText::AttachmentPoint textAttachment() const { return static_cast<AcDbMText::AttachmentPoint>(mAttachment); }
+    Acad::ErrorStatus setTextAttachment(AcDbMText::AttachmentPoint attachment);
     AcDb::LineSpacingStyle textLineSpacingStyle() const { return static_cast<AcDb::LineSpacingStyle>(mSpacingStyle); }
     Acad::ErrorStatus setTextLineSpacingStyle(AcDb::LineSpacingStyle style);
     double textLineSpacingFactor() const { return mSpacingFactor; }

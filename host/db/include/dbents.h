@@ -10,6 +10,7 @@
 #include "dbface.h"
 #include "dblead.h"
 #include "dbline.h"
+#include "dbmline.h"
 #include "dbmtext.h"
 #include "dbobjiter.h"
 #include "dbpoint.h"

@@ -175,17 +175,22 @@ TEST_F(Dimension, OrdinatePictureIsThatOfTheDrawing)
 
 TEST_F(Dimension, OrdinateLeaderBendsInThreeLegs)
 {
-    AcDbOrdinateDimension dimension(true, {10, 0, 0}, {12, 20, 0});
-    dimension.setDimasz(1.0);
-    dimension.setDimexo(0.5);
+    // Points, style and lines of an X ordinate in a drawing. Its last line goes on below the text.
+    AcDbOrdinateDimension dimension(true, {4630.52, 4515.68, 0}, {4820.77, 4198.78, 0});
+    dimension.setDimasz(2.5);
+    dimension.setDimexo(0.625);
+    dimension.setDimgap(0.625);
+    dimension.setDimtxt(2.5);
+    dimension.setDimtad(1);
+    dimension.setDimtih(false);
     const std::vector<DrawnLine> lines = drawnLines(dimension);
-    // Straight legs of two arrow lengths before and behind the bend.
-    ASSERT_GE(lines.size(), 3u);
-    const AcGePoint3d path[] = {{10, 0.5, 0}, {10, 16, 0}, {12, 18, 0}, {12, 20, 0}};
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_LT(lines[i].start.distanceTo(path[i]), 1e-9) << i;
-        EXPECT_LT(lines[i].end.distanceTo(path[i + 1]), 1e-9) << i;
-    }
+    ASSERT_EQ(lines.size(), 3u);
+    const AcGePoint3d path[] = {{4630.52, 4515.055, 0}, {4630.52, 4208.78, 0}, {4820.77, 4203.78, 0}};
+    for (int i = 0; i < 3; ++i) EXPECT_LT(lines[i].start.distanceTo(path[i]), 1e-9) << i;
+    EXPECT_NEAR(lines[2].end.x, 4820.77, 1e-9);
+    EXPECT_LT(lines[2].end.y, 4198.78 - 2.5);
+    dimension.setDimtad(0);
+    EXPECT_LT(drawnLines(dimension)[2].end.distanceTo({4820.77, 4198.78, 0}), 1e-9);
 }
 
 TEST_F(Dimension, ClosingMakesAnAnonymousBlock)
