@@ -1,18 +1,18 @@
 #include "DimVariables.h"
 
 #include "DatabaseState.h"
-#include "DbObjectAccess.h"
 #include "dbapserv.h"
 #include "dbdatabase.h"
 #include "dbdimsty.h"
+#include "DbObjectAccess.h"
 
 #include <algorithm>
 #include <map>
 
 namespace
 {
-using Member = std::variant<double DimVariables::*, int DimVariables::*, bool DimVariables::*, CString DimVariables::*,
-                            AcDbObjectId DimVariables::*>;
+using Member = std::variant<double DimVariables::*, int DimVariables::*, bool DimVariables::*,
+                            CString DimVariables::*, AcDbObjectId DimVariables::*>;
 
 const std::map<int, Member>& members()
 {
@@ -104,8 +104,8 @@ AppXData* acadData(const AcDbObject& object)
     return at == extras->xdata.end() ? nullptr : &*at;
 }
 
-/// Extended data with a list "DSTYLE { code value code value ... }" in it: what stands before the list, in it, and
-/// behind it.
+/// Extended data with a list "DSTYLE { code value code value ... }" in it: what stands before the list, in
+/// it, and behind it.
 struct OverrideList {
     PackedGroups before, pairs, after;
     bool isFound = false;
@@ -160,18 +160,20 @@ PackedGroups joined(const OverrideList& list)
     if (!list.pairs.empty()) {
         groups.appendText(1000, "DSTYLE");
         groups.appendText(1002, "{");
-        for (std::size_t at = 0; list.pairs.read(at, group);) groups.append(group);
+        for (std::size_t at = 0; list.pairs.read(at, group);)
+            groups.append(group);
         groups.appendText(1002, "}");
     }
-    for (std::size_t at = 0; list.after.read(at, group);) groups.append(group);
+    for (std::size_t at = 0; list.after.read(at, group);)
+        groups.append(group);
     return groups;
 }
 
 void putAcadData(AcDbObject& object, AcDbObjectId application, PackedGroups groups)
 {
     std::vector<AppXData>& all = DbObjectAccess::needExtras(object).xdata;
-    const auto at =
-        std::find_if(all.begin(), all.end(), [&](const AppXData& data) { return data.regapp == application; });
+    const auto at = std::find_if(all.begin(), all.end(),
+                                 [&](const AppXData& data) { return data.regapp == application; });
     if (groups.empty()) {
         if (at != all.end()) all.erase(at);
     } else if (at != all.end()) {

@@ -1,10 +1,11 @@
 #pragma once
 
-/// The values that a dimension or leader is drawn with: those of its style, and its own where it overrides them.
+/// The values that a dimension or leader is drawn with: those of its style, and its own where it overrides
+/// them.
 
-#include "DxfGroup.h"
 #include "dbdimvar.h"
 #include "dbobject.h"
+#include "DxfGroup.h"
 
 #include <variant>
 
@@ -30,7 +31,10 @@ struct DimVariables {
 #undef DIM_REFERENCE
 
     /// Sizes in the drawing: DIMSCALE applied. A scale of 0 asks for one by viewport and counts as 1.
-    double scaled(double length) const { return length * (dimscale > 0.0 ? dimscale : 1.0); }
+    double scaled(double length) const
+    {
+        return length * (dimscale > 0.0 ? dimscale : 1.0);
+    }
 };
 
 /// The values of a style with the overrides of an object. A null style counts as one with every default.
@@ -38,8 +42,8 @@ DimVariables dimVariablesOf(AcDbObjectId style, const AcDbObject& object);
 
 using DimValue = std::variant<double, int, bool, CString, AcDbObjectId>;
 
-/// Overrides one variable, by its group code, in the object's extended data of the application "ACAD", as files keep
-/// it. eNoDatabase for an object that has no drawing while there is no working database.
+/// Overrides one variable, by its group code, in the object's extended data of the application "ACAD", as
+/// files keep it. eNoDatabase for an object that has no drawing while there is no working database.
 Acad::ErrorStatus setDimOverride(AcDbObject& object, int code, const DimValue& value);
 /// Takes every override away.
 Acad::ErrorStatus clearDimOverrides(AcDbObject& object);

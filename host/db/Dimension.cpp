@@ -1,14 +1,14 @@
 #include "dbdimension.h"
 
-#include "ClassRegistration.h"
-#include "DimVariables.h"
-#include "DimensionPicture.h"
-#include "DimensionText.h"
-#include "Ocs.h"
-#include "Stub.h"
 #include "acutads.h"
+#include "ClassRegistration.h"
 #include "dbblock.h"
 #include "dbdatabase.h"
+#include "DimensionPicture.h"
+#include "DimensionText.h"
+#include "DimVariables.h"
+#include "Ocs.h"
+#include "Stub.h"
 
 #include <cmath>
 
@@ -22,7 +22,10 @@ bool isInPaperSpace(const AcDbObject& object)
     return block && block->isLayout() && block->name().CompareNoCase(ACDB_MODEL_SPACE) != 0;
 }
 
-bool isFinite(const AcGePoint3d& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
+bool isFinite(const AcGePoint3d& p)
+{
+    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
 
 bool isPureMove(const AcGeMatrix3d& map)
 {
@@ -44,7 +47,10 @@ double mappedAngle(const AcGeMatrix3d& map, double angle)
 AcDbDimension::~AcDbDimension() = default;
 
 // A block shows one dimension: the copy gets its own when it is closed.
-AcDbDimension::AcDbDimension(const AcDbDimension& other) : AcDbEntity(other) { *this = other; }
+AcDbDimension::AcDbDimension(const AcDbDimension& other) : AcDbEntity(other)
+{
+    *this = other;
+}
 
 AcDbDimension& AcDbDimension::operator=(const AcDbDimension& other)
 {
@@ -108,7 +114,10 @@ Acad::ErrorStatus AcDbDimension::setDimBlockId(AcDbObjectId block)
     return status;
 }
 
-AcGePoint3d AcDbDimension::dimBlockPosition() const { return ocs::toWorld(mNormal) * mBlockPosition; }
+AcGePoint3d AcDbDimension::dimBlockPosition() const
+{
+    return ocs::toWorld(mNormal) * mBlockPosition;
+}
 
 Acad::ErrorStatus AcDbDimension::setDimBlockPosition(const AcGePoint3d& position)
 {
@@ -123,7 +132,10 @@ AcGeMatrix3d AcDbDimension::blockTransform() const
     return AcGeMatrix3d::translation(dimBlockPosition().asVector());
 }
 
-AcGePoint3d AcDbDimension::textPosition() const { return ocs::toWorld(mNormal) * mTextPosition; }
+AcGePoint3d AcDbDimension::textPosition() const
+{
+    return ocs::toWorld(mNormal) * mTextPosition;
+}
 
 Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& position)
 {
@@ -146,7 +158,10 @@ Acad::ErrorStatus AcDbDimension::useDefaultTextPosition()
     return status;
 }
 
-Acad::ErrorStatus AcDbDimension::setTextRotation(double rotation) { return change(mTextRotation, rotation); }
+Acad::ErrorStatus AcDbDimension::setTextRotation(double rotation)
+{
+    return change(mTextRotation, rotation);
+}
 
 Acad::ErrorStatus AcDbDimension::setTextAttachment(AcDbMText::AttachmentPoint attachment)
 {
@@ -226,7 +241,10 @@ Acad::ErrorStatus AcDbDimension::setNormal(const AcGeVector3d& normal)
     return status;
 }
 
-Acad::ErrorStatus AcDbDimension::setElevation(double elevation) { return change(mTextPosition.z, elevation); }
+Acad::ErrorStatus AcDbDimension::setElevation(double elevation)
+{
+    return change(mTextPosition.z, elevation);
+}
 
 Acad::ErrorStatus AcDbDimension::setHorizontalRotation(double rotation)
 {
@@ -278,7 +296,10 @@ Acad::ErrorStatus AcDbDimension::getPlane(AcGePlane& plane, AcDb::Planarity& pla
     return Acad::eOk;
 }
 
-void AcDbDimension::getEcs(AcGeMatrix3d& matrix) const { matrix = ocs::toWorld(mNormal); }
+void AcDbDimension::getEcs(AcGeMatrix3d& matrix) const
+{
+    matrix = ocs::toWorld(mNormal);
+}
 
 double AcDbDimension::textAngle(const DimVariables& variables, double along, bool isInside) const
 {
@@ -319,7 +340,8 @@ Acad::ErrorStatus AcDbDimension::subTransformBy(const AcGeMatrix3d& xform)
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDimension::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&, AcDbIntArray&) const
+Acad::ErrorStatus AcDbDimension::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&,
+                                                  AcDbIntArray&) const
 {
     gripPoints.append(definingPoints());
     gripPoints.append(textPosition());

@@ -1,9 +1,9 @@
 #include "dbdimangular.h"
 
 #include "ClassRegistration.h"
-#include "DimVariables.h"
 #include "DimensionLineText.h"
 #include "DimensionPicture.h"
+#include "DimVariables.h"
 #include "DxfFields.h"
 #include "Ocs.h"
 
@@ -26,18 +26,19 @@ const DxfClass AcDb3PointAngularDimension::dxf("AcDb3PointAngularDimension", &Ac
                                                    dxf::point<&AcDb3PointAngularDimension::mPoint2>(14),
                                                    dxf::point<&AcDb3PointAngularDimension::mCenter>(15),
                                                });
-const DxfClass AcDbArcDimension::dxf("AcDbArcDimension", &AcDbDimension::dxf,
-                                     {
-                                         dxf::point<&AcDbArcDimension::mPoint1>(13),
-                                         dxf::point<&AcDbArcDimension::mPoint2>(14),
-                                         dxf::point<&AcDbArcDimension::mCenter>(15),
-                                         dxf::integer<&AcDbArcDimension::mIsPartial>(70).from(DxfVersion::r2000),
-                                         dxf::real<&AcDbArcDimension::mStartParam>(40),
-                                         dxf::real<&AcDbArcDimension::mEndParam>(41),
-                                         dxf::integer<&AcDbArcDimension::mHasLeader>(71).from(DxfVersion::r2000),
-                                         dxf::point<&AcDbArcDimension::mLeader1>(16),
-                                         dxf::point<&AcDbArcDimension::mLeader2>(17),
-                                     });
+const DxfClass
+    AcDbArcDimension::dxf("AcDbArcDimension", &AcDbDimension::dxf,
+                          {
+                              dxf::point<&AcDbArcDimension::mPoint1>(13),
+                              dxf::point<&AcDbArcDimension::mPoint2>(14),
+                              dxf::point<&AcDbArcDimension::mCenter>(15),
+                              dxf::integer<&AcDbArcDimension::mIsPartial>(70).from(DxfVersion::r2000),
+                              dxf::real<&AcDbArcDimension::mStartParam>(40),
+                              dxf::real<&AcDbArcDimension::mEndParam>(41),
+                              dxf::integer<&AcDbArcDimension::mHasLeader>(71).from(DxfVersion::r2000),
+                              dxf::point<&AcDbArcDimension::mLeader1>(16),
+                              dxf::point<&AcDbArcDimension::mLeader2>(17),
+                          });
 
 namespace
 {
@@ -71,9 +72,10 @@ bool arcAround(const AcGePoint2d& center, const AcGePoint2d& first, const AcGePo
     return true;
 }
 
-/// The extension line from a point to the arc, along the ray from the centre. None where the line that is measured passes
-/// the arc itself.
-void drawRay(DimensionPicture& picture, const DimensionArc& arc, double angle, const AcGePoint2d& from, bool isSecond)
+/// The extension line from a point to the arc, along the ray from the centre. None where the line that is
+/// measured passes the arc itself.
+void drawRay(DimensionPicture& picture, const DimensionArc& arc, double angle, const AcGePoint2d& from,
+             bool isSecond)
 {
     const DimVariables& v = picture.variables();
     if (isSecond ? v.dimse2 : v.dimse1) return;
@@ -107,32 +109,37 @@ bool DbArcingDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddl
     const bool arrowsInside = length > 2.0 * size + 2.0 * picture.gap() / arc.radius;
     const double textAt = arc.from + turnTo(arc.from, (textMiddle - arc.center).angle());
     const AcGeVector2d tangent = AcGeVector2d(std::cos(textAt), std::sin(textAt)).perpVector();
-    const bool isInLine = picture.hasText() &&
-                          std::fabs((textMiddle - arc.center).length() - arc.radius) < picture.textFrameHeight() / 2.0;
+    const bool isInLine = picture.hasText() && std::fabs((textMiddle - arc.center).length() - arc.radius) <
+                                                   picture.textFrameHeight() / 2.0;
     const double half = isInLine ? (picture.textReach(tangent, angle) + picture.gap()) / arc.radius : 0.0;
     const double first = arc.from + (arrowsInside ? size : 0.0), last = arc.to - (arrowsInside ? size : 0.0);
     drawRay(picture, arc, arc.from, arc.point1, false);
     drawRay(picture, arc, arc.to, arc.point2, true);
-    if (!v.dimsd1) picture.dimensionArc(arc.center, arc.radius, first, std::fmin(isInLine ? textAt - half : last, last));
-    if (!v.dimsd2 && isInLine) picture.dimensionArc(arc.center, arc.radius, std::fmax(textAt + half, first), last);
+    if (!v.dimsd1)
+        picture.dimensionArc(arc.center, arc.radius, first, std::fmin(isInLine ? textAt - half : last, last));
+    if (!v.dimsd2 && isInLine)
+        picture.dimensionArc(arc.center, arc.radius, std::fmax(textAt + half, first), last);
     const double side = arrowsInside ? 1.0 : -1.0;
     picture.arrow(pointAt(arc, arc.from), arrowDirection(arc, arc.from, arc.from + side * size), false);
     picture.arrow(pointAt(arc, arc.to), arrowDirection(arc, arc.to, arc.to - side * size), true);
     picture.text(textMiddle, angle);
     const AcGePoint3dArray points = definingPoints();
-    for (int i = 0; i < points.length(); ++i) picture.definitionPoint(points[i]);
+    for (int i = 0; i < points.length(); ++i)
+        picture.definitionPoint(points[i]);
     return true;
 }
 
 void DbArcingDimension::mapPoints(const AcGeMatrix3d& xform)
 {
-    for (AcGePoint3d* point : ownPoints()) point->transformBy(xform);
+    for (AcGePoint3d* point : ownPoints())
+        point->transformBy(xform);
 }
 
 AcGePoint3dArray DbArcingDimension::definingPoints() const
 {
     AcGePoint3dArray points;
-    for (const AcGePoint3d* point : const_cast<DbArcingDimension*>(this)->ownPoints()) points.append(*point);
+    for (const AcGePoint3d* point : const_cast<DbArcingDimension*>(this)->ownPoints())
+        points.append(*point);
     points.append(mDefPoint);
     return points;
 }
@@ -151,19 +158,21 @@ DimensionArc DbArcingDimension::arcOfPoints() const
     return findArc(plane, arc) ? arc : DimensionArc();
 }
 
-AcDb2LineAngularDimension::AcDb2LineAngularDimension(const AcGePoint3d& xLine1Start, const AcGePoint3d& xLine1End,
-                                                     const AcGePoint3d& xLine2Start, const AcGePoint3d& xLine2End,
-                                                     const AcGePoint3d& arcPoint, const ACHAR* dimText,
-                                                     AcDbObjectId dimStyle)
-    : DbArcingDimension(angularType), mLine1Start(xLine1Start), mLine1End(xLine1End), mLine2Start(xLine2Start),
-      mArcPoint(arcPoint)
+AcDb2LineAngularDimension::AcDb2LineAngularDimension(
+    const AcGePoint3d& xLine1Start, const AcGePoint3d& xLine1End, const AcGePoint3d& xLine2Start,
+    const AcGePoint3d& xLine2End, const AcGePoint3d& arcPoint, const ACHAR* dimText, AcDbObjectId dimStyle)
+    : DbArcingDimension(angularType), mLine1Start(xLine1Start), mLine1End(xLine1End),
+      mLine2Start(xLine2Start), mArcPoint(arcPoint)
 {
     mDefPoint = xLine2End;
     if (dimText) setDimensionText(dimText);
     if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
 }
 
-AcGePoint3d AcDb2LineAngularDimension::arcPoint() const { return ocs::toWorld(normal()) * mArcPoint; }
+AcGePoint3d AcDb2LineAngularDimension::arcPoint() const
+{
+    return ocs::toWorld(normal()) * mArcPoint;
+}
 
 Acad::ErrorStatus AcDb2LineAngularDimension::setArcPoint(const AcGePoint3d& point)
 {
@@ -194,18 +203,24 @@ bool AcDb2LineAngularDimension::findArc(const DimensionPicture& picture, Dimensi
         return (far - center).dotProduct(ray) > 0.0 ? far : center + ray.normal() * 1e-6;
     };
     if (!arcAround(center, center + first, center + second, through, arc)) return false;
-    const bool firstLeads = std::fabs(turnTo(arc.from, first.angle())) < 1e-9 || turnTo(arc.from, first.angle()) > twoPi - 1e-9;
+    const bool firstLeads =
+        std::fabs(turnTo(arc.from, first.angle())) < 1e-9 || turnTo(arc.from, first.angle()) > twoPi - 1e-9;
     const AcGePoint2d onFirst = farther(a, b, first), onSecond = farther(c, d, second);
     arc.point1 = firstLeads ? onFirst : onSecond;
     arc.point2 = firstLeads ? onSecond : onFirst;
     return true;
 }
 
-std::vector<AcGePoint3d*> AcDb2LineAngularDimension::ownPoints() { return {&mLine1Start, &mLine1End, &mLine2Start}; }
+std::vector<AcGePoint3d*> AcDb2LineAngularDimension::ownPoints()
+{
+    return {&mLine1Start, &mLine1End, &mLine2Start};
+}
 
-AcDb3PointAngularDimension::AcDb3PointAngularDimension(const AcGePoint3d& centerPoint, const AcGePoint3d& xLine1Point,
-                                                       const AcGePoint3d& xLine2Point, const AcGePoint3d& arcPoint,
-                                                       const ACHAR* dimText, AcDbObjectId dimStyle)
+AcDb3PointAngularDimension::AcDb3PointAngularDimension(const AcGePoint3d& centerPoint,
+                                                       const AcGePoint3d& xLine1Point,
+                                                       const AcGePoint3d& xLine2Point,
+                                                       const AcGePoint3d& arcPoint, const ACHAR* dimText,
+                                                       AcDbObjectId dimStyle)
     : DbArcingDimension(angular3PointType), mPoint1(xLine1Point), mPoint2(xLine2Point), mCenter(centerPoint)
 {
     mDefPoint = arcPoint;
@@ -225,11 +240,14 @@ bool AcDb3PointAngularDimension::findArc(const DimensionPicture& picture, Dimens
                      picture.toPlane(mDefPoint), arc);
 }
 
-std::vector<AcGePoint3d*> AcDb3PointAngularDimension::ownPoints() { return {&mPoint1, &mPoint2, &mCenter}; }
+std::vector<AcGePoint3d*> AcDb3PointAngularDimension::ownPoints()
+{
+    return {&mPoint1, &mPoint2, &mCenter};
+}
 
 AcDbArcDimension::AcDbArcDimension(const AcGePoint3d& centerPoint, const AcGePoint3d& xLine1Point,
-                                   const AcGePoint3d& xLine2Point, const AcGePoint3d& arcPoint, const ACHAR* dimText,
-                                   AcDbObjectId dimStyle)
+                                   const AcGePoint3d& xLine2Point, const AcGePoint3d& arcPoint,
+                                   const ACHAR* dimText, AcDbObjectId dimStyle)
     : DbArcingDimension(arcType), mPoint1(xLine1Point), mPoint2(xLine2Point), mCenter(centerPoint)
 {
     mDefPoint = arcPoint;
@@ -271,8 +289,9 @@ bool AcDbArcDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle
     const AcGeVector2d along(std::cos(angle), std::sin(angle));
     const int symbol = picture.variables().dimarcsym;
     if (symbol == 2 || !picture.hasText()) return true;
-    const AcGePoint2d at = symbol == 1 ? textMiddle + along.perpVector() * (picture.textFrameHeight() / 2.0 + height / 4.0)
-                                       : textMiddle - along * (picture.textWidth() / 2.0 + height * 0.6);
+    const AcGePoint2d at =
+        symbol == 1 ? textMiddle + along.perpVector() * (picture.textFrameHeight() / 2.0 + height / 4.0)
+                    : textMiddle - along * (picture.textWidth() / 2.0 + height * 0.6);
     picture.dimensionArc(at, height * 0.4, angle, angle + twoPi / 2.0);
     return true;
 }

@@ -1,17 +1,17 @@
 /// The picture of a dimension: from its block, or made from its points.
 
-#include "BlockAccess.h"
-#include "DimVariables.h"
-#include "DimensionPicture.h"
-#include "EntityAccess.h"
-#include "Ocs.h"
-#include "Stub.h"
-#include "SymbolTableAccess.h"
 #include "acgi.h"
+#include "BlockAccess.h"
 #include "dbblock.h"
 #include "dbdatabase.h"
 #include "dbdimension.h"
+#include "DimensionPicture.h"
+#include "DimVariables.h"
+#include "EntityAccess.h"
 #include "gecurv3d.h"
+#include "Ocs.h"
+#include "Stub.h"
+#include "SymbolTableAccess.h"
 
 struct DimensionBlock {
     /// A dimension that shows another through blocks of a damaged drawing ends here.
@@ -161,7 +161,8 @@ Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool forceUpdate)
 
 void AcDbDimension::subClose()
 {
-    if (mIsStale && database() && isWriteEnabled() && (isModified() || isNewObject()) && !isErased()) DimensionBlock::recompute(*this);
+    if (mIsStale && database() && isWriteEnabled() && (isModified() || isNewObject()) && !isErased())
+        DimensionBlock::recompute(*this);
     AcDbEntity::subClose();
 }
 

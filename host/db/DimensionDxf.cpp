@@ -1,11 +1,14 @@
 /// The groups that all dimensions have.
 
-#include "DxfFields.h"
 #include "dbdimension.h"
+#include "DxfFields.h"
 
 struct DimensionFields {
     static AcDbDimension& of(AcDbObject& object) { return static_cast<AcDbDimension&>(object); }
-    static const AcDbDimension& of(const AcDbObject& object) { return static_cast<const AcDbDimension&>(object); }
+    static const AcDbDimension& of(const AcDbObject& object)
+    {
+        return static_cast<const AcDbDimension&>(object);
+    }
 
     /// A field that is left out while it has its default, unless the file stated it.
     template <DxfField (*Make)(int), int bit>

@@ -26,7 +26,8 @@ Room roomFor(const DimensionPicture& picture, const LineTextRequest& request)
 {
     const double half = picture.hasText() ? picture.textReach(request.along, request.angleInside) : 0.0;
     const double size = picture.arrowSize(), gap = picture.gap();
-    return {half, picture.hasText() ? 2.0 * (half + gap) : 0.0, 2.0 * (size + gap), 2.0 * (half + gap + size)};
+    return {half, picture.hasText() ? 2.0 * (half + gap) : 0.0, 2.0 * (size + gap),
+            2.0 * (half + gap + size)};
 }
 
 void chooseSides(LineText& text, const DimensionPicture& picture, const Room& room, double length)
@@ -55,7 +56,8 @@ double justified(const DimVariables& v, const Room& room, double size, double ga
     return length / 2.0;
 }
 
-void putInside(LineText& text, const DimensionPicture& picture, const LineTextRequest& request, const Room& room)
+void putInside(LineText& text, const DimensionPicture& picture, const LineTextRequest& request,
+               const Room& room)
 {
     const double distance =
         justified(picture.variables(), room, picture.arrowSize(), picture.gap(), request.length);
@@ -82,7 +84,8 @@ void putOutside(LineText& text, const DimensionPicture& picture, const LineTextR
 }
 
 /// Where the user put it: the line is interrupted, or reaches out to it, or a leader does.
-void putWhereAsked(LineText& text, const DimensionPicture& picture, const LineTextRequest& request, const Room& room)
+void putWhereAsked(LineText& text, const DimensionPicture& picture, const LineTextRequest& request,
+                   const Room& room)
 {
     const AcGeVector2d offset = request.ownPlace - request.origin;
     const double distance = offset.dotProduct(request.along);
@@ -115,10 +118,14 @@ double textOffset(const DimensionPicture& picture, double angle, const AcGeVecto
     const double beside = picture.gap() + picture.textFrameHeight() / 2.0;
     const AcGeVector2d up(-std::sin(angle), std::cos(angle));
     switch (v.dimtad) {
-    case 0: return v.dimtvp * picture.textHeight();
-    case 2: return up.dotProduct(awayFromObject) < 0.0 ? -beside : beside;
-    case 4: return -beside;
-    default: return beside;
+    case 0:
+        return v.dimtvp * picture.textHeight();
+    case 2:
+        return up.dotProduct(awayFromObject) < 0.0 ? -beside : beside;
+    case 4:
+        return -beside;
+    default:
+        return beside;
     }
 }
 

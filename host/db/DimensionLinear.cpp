@@ -13,7 +13,10 @@ ACDB_DXF_CLASS(AcDbRotatedDimension, AcDbDimension, DIMENSION)
 
 struct LinearFields {
     static DbLinearDimension& of(AcDbObject& object) { return static_cast<DbLinearDimension&>(object); }
-    static const DbLinearDimension& of(const AcDbObject& object) { return static_cast<const DbLinearDimension&>(object); }
+    static const DbLinearDimension& of(const AcDbObject& object)
+    {
+        return static_cast<const DbLinearDimension&>(object);
+    }
 
     /// An angle that is left out while 0, unless the file stated it.
     template <double DbLinearDimension::*Angle, bool DbLinearDimension::*IsGiven>
@@ -34,7 +37,10 @@ struct LinearFields {
     {
         return angle<&DbLinearDimension::mRotation, &DbLinearDimension::mGivesRotation>(50);
     }
-    static DxfField oblique() { return angle<&DbLinearDimension::mOblique, &DbLinearDimension::mGivesOblique>(52); }
+    static DxfField oblique()
+    {
+        return angle<&DbLinearDimension::mOblique, &DbLinearDimension::mGivesOblique>(52);
+    }
 };
 
 const DxfClass DbLinearDimension::dxf("AcDbAlignedDimension", &AcDbDimension::dxf,
@@ -47,7 +53,8 @@ const DxfClass DbLinearDimension::dxf("AcDbAlignedDimension", &AcDbDimension::dx
 const DxfClass AcDbRotatedDimension::dxf("AcDbRotatedDimension", &DbLinearDimension::dxf, {});
 
 DbLinearDimension::DbLinearDimension(Type type, const AcGePoint3d& point1, const AcGePoint3d& point2,
-                                     const AcGePoint3d& linePoint, const ACHAR* dimText, AcDbObjectId dimStyle)
+                                     const AcGePoint3d& linePoint, const ACHAR* dimText,
+                                     AcDbObjectId dimStyle)
     : AcDbDimension(type), mPoint1(point1), mPoint2(point2)
 {
     mDefPoint = linePoint;
@@ -104,19 +111,24 @@ private:
     }
 };
 
-double DbLinearDimension::measure() const { return LinearShape(*this).length; }
+double DbLinearDimension::measure() const
+{
+    return LinearShape(*this).length;
+}
 
 namespace
 {
 void drawExtensionLine(DimensionPicture& picture, const LinearShape& shape, bool isSecond)
 {
     const DimVariables& v = picture.variables();
-    const AcGePoint2d &from = isSecond ? shape.point2 : shape.point1, &to = isSecond ? shape.end2 : shape.end1;
+    const AcGePoint2d &from = isSecond ? shape.point2 : shape.point1,
+                      &to = isSecond ? shape.end2 : shape.end1;
     if (isSecond ? v.dimse2 : v.dimse1) return;
     const bool isThere = (to - from).length() > 1e-9;
     const AcGeVector2d outwards = isThere ? (to - from).normal() : shape.extension;
     AcGePoint2d start = from + outwards * v.scaled(v.dimexo);
-    if (v.dimfxlenOn) start = to - outwards * std::fmin(v.scaled(v.dimfxlen), (to - start).dotProduct(outwards));
+    if (v.dimfxlenOn)
+        start = to - outwards * std::fmin(v.scaled(v.dimfxlen), (to - start).dotProduct(outwards));
     const AcGePoint2d end = to + outwards * v.scaled(v.dimexe);
     if ((end - start).dotProduct(outwards) > 0.0) picture.extensionLine(start, end, isSecond);
 }
@@ -132,17 +144,22 @@ void drawLine(DimensionPicture& picture, const LinearShape& shape, const LineTex
     const double from = trim - over, to = shape.length - trim + over;
     const bool isBetween = text.arrowsInside || text.isInside || v.dimtofl || text.hasLeader;
     if (isBetween && text.breakTo > text.breakFrom) {
-        if (!v.dimsd1 && text.breakFrom > from) picture.dimensionLine(at(from), at(std::fmin(text.breakFrom, to)));
+        if (!v.dimsd1 && text.breakFrom > from)
+            picture.dimensionLine(at(from), at(std::fmin(text.breakFrom, to)));
         if (!v.dimsd2 && text.breakTo < to) picture.dimensionLine(at(std::fmax(text.breakTo, from)), at(to));
     } else if (isBetween && !(v.dimsd1 && v.dimsd2)) {
-        picture.dimensionLine(at(v.dimsd1 ? shape.length / 2.0 : from), at(v.dimsd2 ? shape.length / 2.0 : to));
+        picture.dimensionLine(at(v.dimsd1 ? shape.length / 2.0 : from),
+                              at(v.dimsd2 ? shape.length / 2.0 : to));
     }
-    if (text.extendTo > shape.length) picture.dimensionLine(at(text.arrowsInside ? shape.length : shape.length + size), at(text.extendTo));
-    if (text.extendFrom < 0.0) picture.dimensionLine(at(text.arrowsInside ? 0.0 : -size), at(text.extendFrom));
+    if (text.extendTo > shape.length)
+        picture.dimensionLine(at(text.arrowsInside ? shape.length : shape.length + size), at(text.extendTo));
+    if (text.extendFrom < 0.0)
+        picture.dimensionLine(at(text.arrowsInside ? 0.0 : -size), at(text.extendFrom));
     if (text.hidesArrows) return;
     const double sign = text.arrowsInside ? 1.0 : -1.0;
     if (!text.arrowsInside && text.extendFrom >= 0.0) picture.dimensionLine(at(-size), at(-2.0 * size));
-    if (!text.arrowsInside && text.extendTo <= shape.length) picture.dimensionLine(at(shape.length + size), at(shape.length + 2.0 * size));
+    if (!text.arrowsInside && text.extendTo <= shape.length)
+        picture.dimensionLine(at(shape.length + size), at(shape.length + 2.0 * size));
     if (!v.dimsd1) picture.arrow(shape.end1, shape.along * -sign, false);
     if (!v.dimsd2) picture.arrow(shape.end2, shape.along * sign, true);
 }
@@ -168,7 +185,8 @@ bool DbLinearDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddl
     if (text.hasLeader) drawTextLeader(picture, shape.end1 + shape.along * (shape.length / 2.0), text);
     picture.text(text.middle, text.angle);
     textMiddle = text.middle;
-    for (const AcGePoint3d& point : {mPoint1, mPoint2, mDefPoint}) picture.definitionPoint(point);
+    for (const AcGePoint3d& point : {mPoint1, mPoint2, mDefPoint})
+        picture.definitionPoint(point);
     return true;
 }
 

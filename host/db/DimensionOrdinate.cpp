@@ -23,8 +23,9 @@ AcDbOrdinateDimension::AcDbOrdinateDimension(bool useXAxis, const AcGePoint3d& d
 }
 
 AcDbOrdinateDimension::AcDbOrdinateDimension(const AcGePoint3d& origin, bool useXAxis,
-                                             const AcGePoint3d& definingPoint, const AcGePoint3d& leaderEndPoint,
-                                             const ACHAR* dimText, AcDbObjectId dimStyle)
+                                             const AcGePoint3d& definingPoint,
+                                             const AcGePoint3d& leaderEndPoint, const ACHAR* dimText,
+                                             AcDbObjectId dimStyle)
     : AcDbDimension(ordinateType), mFeature(definingPoint), mLeaderEnd(leaderEndPoint)
 {
     mDefPoint = origin;
@@ -61,7 +62,8 @@ double AcDbOrdinateDimension::measure() const
 
 namespace
 {
-/// The leader of an ordinate: from the feature straight across to the end, with a bend where the end lies aside.
+/// The leader of an ordinate: from the feature straight across to the end, with a bend where the end lies
+/// aside.
 struct OrdinateLeader {
     AcGePoint2d feature, end;
     AcGeVector2d forward; ///< unit, across the measured axis, towards the end
@@ -74,7 +76,10 @@ struct OrdinateLeader {
         forward = -across;
         reach = -reach;
     }
-    bool isStraight() const { return std::fabs((end - feature).crossProduct(forward)) <= 1e-9 * (1.0 + reach); }
+    bool isStraight() const
+    {
+        return std::fabs((end - feature).crossProduct(forward)) <= 1e-9 * (1.0 + reach);
+    }
 };
 
 /// Draws it, with its last line going on by `tail` behind the end.
@@ -82,7 +87,8 @@ void drawLeader(DimensionPicture& picture, const OrdinateLeader& leader, double 
 {
     const DimVariables& v = picture.variables();
     const double offset = std::fmin(v.scaled(v.dimexo), leader.reach);
-    const AcGePoint2d start = leader.feature + leader.forward * offset, last = leader.end + leader.forward * tail;
+    const AcGePoint2d start = leader.feature + leader.forward * offset,
+                      last = leader.end + leader.forward * tail;
     if (leader.isStraight()) return picture.extensionLine(start, last, false);
     // A bend leaves a straight leg of two arrow lengths before and behind it, as far as there is room.
     const double leg = std::fmin(2.0 * v.scaled(v.dimasz), leader.reach / 2.0);
@@ -99,7 +105,8 @@ bool AcDbOrdinateDimension::layOut(DimensionPicture& picture, AcGePoint2d& textM
     const DimVariables& v = picture.variables();
     const OrdinateLeader leader(picture.toPlane(mFeature), picture.toPlane(mLeaderEnd), across());
     // The text runs along the leader, whatever the style says of texts outside.
-    const double rotation = horizontal() + readableAngle(leader.forward.angle() - horizontal()) + textRotation();
+    const double rotation =
+        horizontal() + readableAngle(leader.forward.angle() - horizontal()) + textRotation();
     const double reach = picture.textReach(leader.forward, rotation);
     const bool isAbove = v.dimtad != 0 && !v.dimtih && picture.hasText() && isUsingDefaultTextPosition();
     const double offset = isAbove ? picture.gap() + picture.textFrameHeight() / 2.0 : 0.0;
@@ -109,7 +116,8 @@ bool AcDbOrdinateDimension::layOut(DimensionPicture& picture, AcGePoint2d& textM
     textMiddle = leader.end + leader.forward * (picture.gap() + reach) + up * offset;
     if (!isUsingDefaultTextPosition()) textMiddle = textInPlane();
     picture.text(textMiddle, rotation);
-    for (const AcGePoint3d& point : {mFeature, mLeaderEnd, mDefPoint}) picture.definitionPoint(point);
+    for (const AcGePoint3d& point : {mFeature, mLeaderEnd, mDefPoint})
+        picture.definitionPoint(point);
     return true;
 }
 

@@ -1,9 +1,5 @@
 #include "DimensionPicture.h"
 
-#include "MTextLayout.h"
-#include "Ocs.h"
-#include "Stub.h"
-#include "TextLook.h"
 #include "dbarc.h"
 #include "dbblkref.h"
 #include "dbblock.h"
@@ -12,6 +8,10 @@
 #include "dbmtext.h"
 #include "dbpoint.h"
 #include "dbsolid.h"
+#include "MTextLayout.h"
+#include "Ocs.h"
+#include "Stub.h"
+#include "TextLook.h"
 
 #include <cmath>
 
@@ -36,7 +36,10 @@ lettering::MTextLayout layOut(const std::wstring& contents, AcDbObjectId style, 
     return lettering::layoutMText(contents, format, box);
 }
 
-AcGeVector2d turned(double angle) { return {std::cos(angle), std::sin(angle)}; }
+AcGeVector2d turned(double angle)
+{
+    return {std::cos(angle), std::sin(angle)};
+}
 
 /// A point of the text's own plane where the text stands.
 AcGePoint2d placed(const AcGePoint2d& point, const AcGePoint2d& middle, double rotation)
@@ -55,8 +58,8 @@ double readableAngle(double angle)
     return within;
 }
 
-DimensionPicture::DimensionPicture(const DimVariables& variables, const AcGeVector3d& normal, double elevation,
-                                   AcDbDatabase* database)
+DimensionPicture::DimensionPicture(const DimVariables& variables, const AcGeVector3d& normal,
+                                   double elevation, AcDbDatabase* database)
     : mVariables(variables), mNormal(normal),
       mToWorld(ocs::toWorld(normal) * AcGeMatrix3d::translation({0.0, 0.0, elevation})), mDatabase(database)
 {
@@ -78,7 +81,10 @@ double DimensionPicture::arrowSize() const
     return mVariables.dimtsz > 0.0 ? 0.0 : mVariables.scaled(mVariables.dimasz);
 }
 
-double DimensionPicture::gap() const { return std::fabs(mVariables.scaled(mVariables.dimgap)); }
+double DimensionPicture::gap() const
+{
+    return std::fabs(mVariables.scaled(mVariables.dimgap));
+}
 
 double DimensionPicture::textHeight() const
 {
@@ -179,7 +185,8 @@ void DimensionPicture::filledArrow(const AcGePoint2d& tip, const AcGeVector2d& d
     auto solid = std::make_unique<AcDbSolid>();
     solid->setNormal(mNormal);
     const AcGePoint2d corners[] = {base + side, base - side, tip, tip};
-    for (std::uint16_t i = 0; i < 4; ++i) solid->setPointAt(i, toWorld(corners[i]));
+    for (std::uint16_t i = 0; i < 4; ++i)
+        solid->setPointAt(i, toWorld(corners[i]));
     add(std::move(solid), mVariables.dimclrd);
 }
 
@@ -226,13 +233,15 @@ void DimensionPicture::frame(const AcGePoint2d& middle, double rotation)
     const double x = mTextWidth / 2.0 + gap(), y = mTextHeight / 2.0 + gap();
     const AcGePoint2d corners[] = {placed({-x, -y}, middle, rotation), placed({x, -y}, middle, rotation),
                                    placed({x, y}, middle, rotation), placed({-x, y}, middle, rotation)};
-    for (int i = 0; i < 4; ++i) dimensionLine(corners[i], corners[(i + 1) % 4]);
+    for (int i = 0; i < 4; ++i)
+        dimensionLine(corners[i], corners[(i + 1) % 4]);
 }
 
 void DimensionPicture::definitionPoint(const AcGePoint3d& inWorld)
 {
     AcDbEntity& point = add(std::make_unique<AcDbPoint>(inWorld), 0);
     AcDbObjectId layer;
-    const auto* layers = mDatabase ? AcDbLayerTable::cast(residentObject(mDatabase->layerTableId())) : nullptr;
+    const auto* layers =
+        mDatabase ? AcDbLayerTable::cast(residentObject(mDatabase->layerTableId())) : nullptr;
     if (layers && layers->getAt(L"Defpoints", layer) == Acad::eOk) point.setLayer(layer);
 }

@@ -2,8 +2,8 @@
 
 /// Builds the entities that show a dimension: those of its anonymous block.
 
-#include "DimVariables.h"
 #include "dbentity.h"
+#include "DimVariables.h"
 #include "gepnt2d.h"
 
 #include <memory>
@@ -12,8 +12,8 @@
 
 using DimensionEntities = std::vector<std::unique_ptr<AcDbEntity>>;
 
-/// Points and angles are in the dimension's own plane. Colours are those of the style, mostly "by block": the entities
-/// take on what the dimension has.
+/// Points and angles are in the dimension's own plane. Colours are those of the style, mostly "by block": the
+/// entities take on what the dimension has.
 class DimensionPicture
 {
 public:

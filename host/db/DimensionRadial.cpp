@@ -58,7 +58,8 @@ void drawCenterMark(DimensionPicture& picture, const RadialShape& shape)
 }
 
 /// A line from a point on the text's landing to the text. Returns where the line to the arrow starts.
-AcGePoint2d drawLanding(DimensionPicture& picture, const AcGePoint2d& middle, double angle, const AcGePoint2d& tip)
+AcGePoint2d drawLanding(DimensionPicture& picture, const AcGePoint2d& middle, double angle,
+                        const AcGePoint2d& tip)
 {
     const DimVariables& v = picture.variables();
     const AcGeVector2d along(std::cos(angle), std::sin(angle));
@@ -70,7 +71,8 @@ AcGePoint2d drawLanding(DimensionPicture& picture, const AcGePoint2d& middle, do
 }
 
 /// Where a text without a place of its own stands: outside, behind the leader and its landing.
-AcGePoint2d defaultMiddle(const DimensionPicture& picture, const RadialShape& shape, double leaderLength, double angle)
+AcGePoint2d defaultMiddle(const DimensionPicture& picture, const RadialShape& shape, double leaderLength,
+                          double angle)
 {
     const DimVariables& v = picture.variables();
     const double leader = leaderLength > 0.0 ? leaderLength : 2.0 * v.scaled(v.dimasz);
@@ -92,6 +94,19 @@ void drawInside(DimensionPicture& picture, const RadialShape& shape, const AcGeP
     if (distance - reach > 0.0) picture.dimensionLine(lineStart, at(distance - reach));
     if (distance + reach < end) picture.dimensionLine(at(distance + reach), at(end));
 }
+
+/// A text outside the curve: its landing, the line to the arrow, and by DIMTOFL the line inside from
+/// `lineStart`.
+void drawOutside(DimensionPicture& picture, const RadialShape& shape, const AcGePoint2d& middle, double angle,
+                 const AcGePoint2d& lineStart)
+{
+    const AcGePoint2d landing = drawLanding(picture, middle, angle, shape.tip);
+    const AcGeVector2d inwards = (shape.tip - landing).normal();
+    picture.dimensionLine(landing, shape.tip - inwards * picture.arrowSize());
+    if (picture.variables().dimtofl) picture.dimensionLine(lineStart, shape.tip);
+    picture.arrow(shape.tip, inwards, false);
+    drawCenterMark(picture, shape);
+}
 } // namespace
 
 AcDbRadialDimension::AcDbRadialDimension(const AcGePoint3d& center, const AcGePoint3d& chordPoint,
@@ -103,7 +118,10 @@ AcDbRadialDimension::AcDbRadialDimension(const AcGePoint3d& center, const AcGePo
     if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
 }
 
-double AcDbRadialDimension::measure() const { return mChordPoint.distanceTo(mDefPoint); }
+double AcDbRadialDimension::measure() const
+{
+    return mChordPoint.distanceTo(mDefPoint);
+}
 
 bool AcDbRadialDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const
 {
@@ -118,15 +136,11 @@ bool AcDbRadialDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMid
         drawInside(picture, shape, textMiddle, angle, shape.center);
         picture.arrow(shape.tip, shape.outwards, false);
     } else {
-        const AcGePoint2d landing = drawLanding(picture, textMiddle, angle, shape.tip);
-        const AcGeVector2d inwards = (shape.tip - landing).normal();
-        picture.dimensionLine(landing, shape.tip - inwards * picture.arrowSize());
-        if (v.dimtofl) picture.dimensionLine(shape.center, shape.tip);
-        picture.arrow(shape.tip, inwards, false);
-        drawCenterMark(picture, shape);
+        drawOutside(picture, shape, textMiddle, angle, shape.center);
     }
     picture.text(textMiddle, angle);
-    for (const AcGePoint3d& point : {mChordPoint, mDefPoint}) picture.definitionPoint(point);
+    for (const AcGePoint3d& point : {mChordPoint, mDefPoint})
+        picture.definitionPoint(point);
     return true;
 }
 
@@ -151,8 +165,9 @@ void AcDbRadialDimension::setDefiningPoint(int index, const AcGePoint3d& point)
     (index == 0 ? mDefPoint : mChordPoint) = point;
 }
 
-AcDbDiametricDimension::AcDbDiametricDimension(const AcGePoint3d& chordPoint, const AcGePoint3d& farChordPoint,
-                                               double leaderLength, const ACHAR* dimText, AcDbObjectId dimStyle)
+AcDbDiametricDimension::AcDbDiametricDimension(const AcGePoint3d& chordPoint,
+                                               const AcGePoint3d& farChordPoint, double leaderLength,
+                                               const ACHAR* dimText, AcDbObjectId dimStyle)
     : AcDbDimension(diametricType), mChordPoint(chordPoint), mLeaderLength(leaderLength)
 {
     mDefPoint = farChordPoint;
@@ -160,7 +175,10 @@ AcDbDiametricDimension::AcDbDiametricDimension(const AcGePoint3d& chordPoint, co
     if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
 }
 
-double AcDbDiametricDimension::measure() const { return mChordPoint.distanceTo(mDefPoint); }
+double AcDbDiametricDimension::measure() const
+{
+    return mChordPoint.distanceTo(mDefPoint);
+}
 
 bool AcDbDiametricDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const
 {
@@ -177,15 +195,11 @@ bool AcDbDiametricDimension::layOut(DimensionPicture& picture, AcGePoint2d& text
         picture.arrow(far, -shape.outwards, true);
         picture.arrow(shape.tip, shape.outwards, false);
     } else {
-        const AcGePoint2d landing = drawLanding(picture, textMiddle, angle, shape.tip);
-        const AcGeVector2d inwards = (shape.tip - landing).normal();
-        picture.dimensionLine(landing, shape.tip - inwards * picture.arrowSize());
-        if (v.dimtofl) picture.dimensionLine(far, shape.tip);
-        picture.arrow(shape.tip, inwards, false);
-        drawCenterMark(picture, shape);
+        drawOutside(picture, shape, textMiddle, angle, far);
     }
     picture.text(textMiddle, angle);
-    for (const AcGePoint3d& point : {mChordPoint, mDefPoint}) picture.definitionPoint(point);
+    for (const AcGePoint3d& point : {mChordPoint, mDefPoint})
+        picture.definitionPoint(point);
     return true;
 }
 
@@ -209,17 +223,21 @@ void AcDbDiametricDimension::setDefiningPoint(int index, const AcGePoint3d& poin
 }
 
 AcDbRadialDimensionLarge::AcDbRadialDimensionLarge(const AcGePoint3d& center, const AcGePoint3d& chordPoint,
-                                                   const AcGePoint3d& overrideCenter, const AcGePoint3d& jogPoint,
-                                                   double jogAngle, const ACHAR* dimText, AcDbObjectId dimStyle)
-    : AcDbDimension(largeRadialType), mChordPoint(chordPoint), mOverrideCenter(overrideCenter), mJogPoint(jogPoint),
-      mJogAngle(jogAngle)
+                                                   const AcGePoint3d& overrideCenter,
+                                                   const AcGePoint3d& jogPoint, double jogAngle,
+                                                   const ACHAR* dimText, AcDbObjectId dimStyle)
+    : AcDbDimension(largeRadialType), mChordPoint(chordPoint), mOverrideCenter(overrideCenter),
+      mJogPoint(jogPoint), mJogAngle(jogAngle)
 {
     mDefPoint = center;
     if (dimText) setDimensionText(dimText);
     if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
 }
 
-double AcDbRadialDimensionLarge::measure() const { return mChordPoint.distanceTo(mDefPoint); }
+double AcDbRadialDimensionLarge::measure() const
+{
+    return mChordPoint.distanceTo(mDefPoint);
+}
 
 bool AcDbRadialDimensionLarge::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const
 {
@@ -241,13 +259,15 @@ bool AcDbRadialDimensionLarge::layOut(DimensionPicture& picture, AcGePoint2d& te
     drawInside(picture, shape, textMiddle, angle, second);
     picture.arrow(shape.tip, shape.outwards, false);
     picture.text(textMiddle, angle);
-    for (const AcGePoint3d& point : {mChordPoint, mOverrideCenter, mJogPoint}) picture.definitionPoint(point);
+    for (const AcGePoint3d& point : {mChordPoint, mOverrideCenter, mJogPoint})
+        picture.definitionPoint(point);
     return true;
 }
 
 void AcDbRadialDimensionLarge::mapPoints(const AcGeMatrix3d& xform)
 {
-    for (AcGePoint3d* point : {&mChordPoint, &mOverrideCenter, &mJogPoint}) point->transformBy(xform);
+    for (AcGePoint3d* point : {&mChordPoint, &mOverrideCenter, &mJogPoint})
+        point->transformBy(xform);
 }
 
 AcGePoint3dArray AcDbRadialDimensionLarge::definingPoints() const

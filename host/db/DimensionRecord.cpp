@@ -1,22 +1,30 @@
-/// Dimensions share the name of their records: the section of the class says which one it is, in files without sections
-/// the type in group 70.
+/// Dimensions share the name of their records: the section of the class says which one it is, in files
+/// without sections the type in group 70.
 
-#include "RecordClass.h"
 #include "dbdim.h"
+#include "RecordClass.h"
 
 namespace
 {
 AcRxClass* classOfType(std::int64_t type)
 {
     switch (type & 7) {
-    case 0: return AcDbRotatedDimension::desc();
-    case 1: return AcDbAlignedDimension::desc();
-    case 2: return AcDb2LineAngularDimension::desc();
-    case 3: return AcDbDiametricDimension::desc();
-    case 4: return AcDbRadialDimension::desc();
-    case 5: return AcDb3PointAngularDimension::desc();
-    case 6: return AcDbOrdinateDimension::desc();
-    default: return nullptr;
+    case 0:
+        return AcDbRotatedDimension::desc();
+    case 1:
+        return AcDbAlignedDimension::desc();
+    case 2:
+        return AcDb2LineAngularDimension::desc();
+    case 3:
+        return AcDbDiametricDimension::desc();
+    case 4:
+        return AcDbRadialDimension::desc();
+    case 5:
+        return AcDb3PointAngularDimension::desc();
+    case 6:
+        return AcDbOrdinateDimension::desc();
+    default:
+        return nullptr;
     }
 }
 

@@ -7,7 +7,10 @@
 
 namespace
 {
-std::wstring wide(const CString& text) { return std::wstring(text, static_cast<std::size_t>(text.GetLength())); }
+std::wstring wide(const CString& text)
+{
+    return std::wstring(text, static_cast<std::size_t>(text.GetLength()));
+}
 
 /// Replaces each `mark`; false when there is none.
 bool replaceAll(std::wstring& text, std::wstring_view mark, const std::wstring& by)
@@ -20,9 +23,15 @@ bool replaceAll(std::wstring& text, std::wstring_view mark, const std::wstring& 
     return found;
 }
 
-double rounded(double value, double step) { return step > 0.0 ? std::round(value / step) * step : value; }
+double rounded(double value, double step)
+{
+    return step > 0.0 ? std::round(value / step) * step : value;
+}
 
-wchar_t separatorOf(const DimVariables& v) { return v.dimdsep > 0 ? static_cast<wchar_t>(v.dimdsep) : L'.'; }
+wchar_t separatorOf(const DimVariables& v)
+{
+    return v.dimdsep > 0 ? static_cast<wchar_t>(v.dimdsep) : L'.';
+}
 
 /// The units that numbers of one kind (primary, alternative) are shown in.
 struct NumberStyle {
@@ -84,14 +93,16 @@ std::wstring signedNumber(double value, const units::LinearFormat& format, wchar
 }
 
 /// A length with its tolerances or between its limits. `factor` maps drawing units to the units shown.
-std::wstring lengthWithTolerance(const DimVariables& v, const NumberStyle& style, double length, double factor)
+std::wstring lengthWithTolerance(const DimVariables& v, const NumberStyle& style, double length,
+                                 double factor)
 {
     units::LinearFormat tolerance = style.linear;
     tolerance.precision = style.tolerancePlaces;
     tolerance.zeros = style.toleranceZeros;
     const double plus = v.dimtp * factor, minus = v.dimtm * factor;
     if (v.dimlim) {
-        return stacked(v, units::lengthText(length + plus, style.linear), units::lengthText(length - minus, style.linear));
+        return stacked(v, units::lengthText(length + plus, style.linear),
+                       units::lengthText(length - minus, style.linear));
     }
     const std::wstring text = units::lengthText(length, style.linear);
     if (!v.dimtol) return text;
@@ -136,18 +147,23 @@ std::wstring primaryText(const DimVariables& v, const DimensionMeasure& measure)
 std::wstring alternativeText(const DimVariables& v, const DimensionMeasure& measure)
 {
     const double length = rounded(measure.value * lengthFactor(v, measure) * v.dimaltf, v.dimaltrnd);
-    return L'[' + inPattern(v.dimapost, lengthWithTolerance(v, alternativeStyle(v), length, v.dimaltf), measure.sign) + L']';
+    return L'[' +
+           inPattern(v.dimapost, lengthWithTolerance(v, alternativeStyle(v), length, v.dimaltf),
+                     measure.sign) +
+           L']';
 }
 } // namespace
 
-std::wstring dimensionText(const DimVariables& variables, const DimensionMeasure& measure, const CString& userText)
+std::wstring dimensionText(const DimVariables& variables, const DimensionMeasure& measure,
+                           const CString& userText)
 {
     std::wstring text = wide(userText);
     if (text == L" ") return L"";
     const bool hasAlternative = !measure.isAngle;
     const std::wstring alternative = hasAlternative ? alternativeText(variables, measure) : L"";
     std::wstring primary = primaryText(variables, measure);
-    if (hasAlternative && variables.dimalt && text.find(L"[]") == std::wstring::npos) primary += L' ' + alternative;
+    if (hasAlternative && variables.dimalt && text.find(L"[]") == std::wstring::npos)
+        primary += L' ' + alternative;
     if (text.empty()) return primary;
     replaceAll(text, L"<>", primary);
     if (hasAlternative) replaceAll(text, L"[]", alternative);

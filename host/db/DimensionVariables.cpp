@@ -1,7 +1,7 @@
 /// The variables of a dimension: each of them read from its style or its overrides, and overridden.
 
-#include "DimVariables.h"
 #include "dbdimension.h"
+#include "DimVariables.h"
 
 namespace
 {
@@ -30,8 +30,10 @@ AcCmColor indexColor(int index)
 #define DIM_TEXT(name, Name, code, value)                                                                    \
     DIM_MEMBER(CString, const ACHAR*, name, Name, code, found, CString(newValue))
 #define DIM_LINEWEIGHT(name, Name, code, value)                                                              \
-    DIM_MEMBER(AcDb::LineWeight, AcDb::LineWeight, name, Name, code, static_cast<AcDb::LineWeight>(found), int(newValue))
-#define DIM_REFERENCE(name, Name, code, value) DIM_MEMBER(AcDbObjectId, AcDbObjectId, name, Name, code, found, newValue)
+    DIM_MEMBER(AcDb::LineWeight, AcDb::LineWeight, name, Name, code, static_cast<AcDb::LineWeight>(found),   \
+               int(newValue))
+#define DIM_REFERENCE(name, Name, code, value)                                                               \
+    DIM_MEMBER(AcDbObjectId, AcDbObjectId, name, Name, code, found, newValue)
 #define DIM_COLOR(name, Name, code, value)                                                                   \
     DIM_MEMBER(AcCmColor, const AcCmColor&, name, Name, code, indexColor(found), int(newValue.colorIndex()))
 

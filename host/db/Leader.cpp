@@ -1,15 +1,15 @@
-#include "ClassRegistration.h"
-#include "DimVariables.h"
-#include "DxfFields.h"
-#include "Ocs.h"
-#include "Stub.h"
 #include "acgi.h"
+#include "ClassRegistration.h"
 #include "dblead.h"
 #include "dbline.h"
 #include "dbsolid.h"
 #include "dbsymtb.h"
+#include "DimVariables.h"
+#include "DxfFields.h"
 #include "genurb3d.h"
 #include "geplin3d.h"
+#include "Ocs.h"
+#include "Stub.h"
 
 #include <algorithm>
 #include <cmath>
@@ -35,7 +35,8 @@ struct LeaderFields {
     }
     static void writeVertices(const AcDbObject& object, const DxfField& field, DxfSink& sink)
     {
-        for (const AcGePoint3d& p : of(object).mVertices) sink.point(field.code, p.x, p.y, p.z);
+        for (const AcGePoint3d& p : of(object).mVertices)
+            sink.point(field.code, p.x, p.y, p.z);
     }
 };
 
@@ -61,12 +62,16 @@ const DxfClass AcDbLeader::dxf("AcDbLeader", &AcDbCurve::dxf,
 
 namespace
 {
-bool isFinite(const AcGePoint3d& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
+bool isFinite(const AcGePoint3d& p)
+{
+    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
 
 AcGePoint3dArray arrayOf(const std::vector<AcGePoint3d>& points)
 {
     AcGePoint3dArray array;
-    for (const AcGePoint3d& point : points) array.append(point);
+    for (const AcGePoint3d& point : points)
+        array.append(point);
     return array;
 }
 } // namespace
@@ -83,7 +88,8 @@ Acad::ErrorStatus AcDbLeader::setPlane(const AcGePlane& plane)
     const Acad::ErrorStatus status = beginChange();
     if (status != Acad::eOk) return status;
     mNormal = plane.normal();
-    for (AcGePoint3d& vertex : mVertices) vertex = vertex.orthoProject(plane);
+    for (AcGePoint3d& vertex : mVertices)
+        vertex = vertex.orthoProject(plane);
     return status;
 }
 
@@ -162,13 +168,31 @@ Acad::ErrorStatus AcDbLeader::setAnnotationOffset(const AcGeVector3d& offset)
     return status;
 }
 
-DimVariables AcDbLeader::variables() const { return dimVariablesOf(mStyle, *this); }
+DimVariables AcDbLeader::variables() const
+{
+    return dimVariablesOf(mStyle, *this);
+}
 
-double AcDbLeader::dimasz() const { return variables().dimasz; }
-double AcDbLeader::dimgap() const { return variables().dimgap; }
-double AcDbLeader::dimscale() const { return variables().dimscale; }
-double AcDbLeader::dimtxt() const { return variables().dimtxt; }
-AcDbObjectId AcDbLeader::dimldrblk() const { return variables().dimldrblk; }
+double AcDbLeader::dimasz() const
+{
+    return variables().dimasz;
+}
+double AcDbLeader::dimgap() const
+{
+    return variables().dimgap;
+}
+double AcDbLeader::dimscale() const
+{
+    return variables().dimscale;
+}
+double AcDbLeader::dimtxt() const
+{
+    return variables().dimtxt;
+}
+AcDbObjectId AcDbLeader::dimldrblk() const
+{
+    return variables().dimldrblk;
+}
 AcCmColor AcDbLeader::dimclrd() const
 {
     AcCmColor color;
@@ -177,15 +201,30 @@ AcCmColor AcDbLeader::dimclrd() const
 }
 
 // Codes of dimension styles.
-Acad::ErrorStatus AcDbLeader::setDimasz(double size) { return setDimOverride(*this, 41, size); }
-Acad::ErrorStatus AcDbLeader::setDimgap(double gap) { return setDimOverride(*this, 147, gap); }
-Acad::ErrorStatus AcDbLeader::setDimscale(double scale) { return setDimOverride(*this, 40, scale); }
-Acad::ErrorStatus AcDbLeader::setDimtxt(double height) { return setDimOverride(*this, 140, height); }
+Acad::ErrorStatus AcDbLeader::setDimasz(double size)
+{
+    return setDimOverride(*this, 41, size);
+}
+Acad::ErrorStatus AcDbLeader::setDimgap(double gap)
+{
+    return setDimOverride(*this, 147, gap);
+}
+Acad::ErrorStatus AcDbLeader::setDimscale(double scale)
+{
+    return setDimOverride(*this, 40, scale);
+}
+Acad::ErrorStatus AcDbLeader::setDimtxt(double height)
+{
+    return setDimOverride(*this, 140, height);
+}
 Acad::ErrorStatus AcDbLeader::setDimclrd(const AcCmColor& color)
 {
     return setDimOverride(*this, 176, static_cast<int>(color.colorIndex()));
 }
-Acad::ErrorStatus AcDbLeader::setDimldrblk(AcDbObjectId block) { return setDimOverride(*this, 341, block); }
+Acad::ErrorStatus AcDbLeader::setDimldrblk(AcDbObjectId block)
+{
+    return setDimOverride(*this, 341, block);
+}
 
 Acad::ErrorStatus AcDbLeader::getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const
 {
@@ -206,7 +245,8 @@ Acad::ErrorStatus AcDbLeader::subTransformBy(const AcGeMatrix3d& xform)
 {
     const AcGeVector3d horizontal = xform * mHorizontal;
     mNormal = ocs::mappedNormal(xform, mNormal);
-    for (AcGePoint3d& vertex : mVertices) vertex.transformBy(xform);
+    for (AcGePoint3d& vertex : mVertices)
+        vertex.transformBy(xform);
     if (!horizontal.isZeroLength()) mHorizontal = horizontal.normal();
     mBlockOffset.transformBy(xform);
     mAnnotationOffset.transformBy(xform);
@@ -234,7 +274,8 @@ Acad::ErrorStatus AcDbLeader::subGetGeomExtents(AcDbExtents& extents) const
     AcGePoint3d corners[3];
     const Acad::ErrorStatus status = AcDbCurve::subGetGeomExtents(extents);
     if (status == Acad::eOk && arrowHead(corners)) {
-        for (const AcGePoint3d& corner : corners) extents.addPoint(corner);
+        for (const AcGePoint3d& corner : corners)
+            extents.addPoint(corner);
     }
     return status;
 }
@@ -262,17 +303,20 @@ bool AcDbLeader::subWorldDraw(AcGiWorldDraw* draw) const
 Acad::ErrorStatus AcDbLeader::subExplode(AcDbVoidPtrArray& entitySet) const
 {
     if (mIsSplined || mVertices.size() < 2) return Acad::eCannotExplodeEntity;
-    for (std::size_t i = 1; i < mVertices.size(); ++i) entitySet.append(new AcDbLine(mVertices[i - 1], mVertices[i]));
+    for (std::size_t i = 1; i < mVertices.size(); ++i)
+        entitySet.append(new AcDbLine(mVertices[i - 1], mVertices[i]));
     AcGePoint3d corners[3];
     if (!arrowHead(corners)) return Acad::eOk;
     auto* solid = new AcDbSolid;
     solid->setNormal(mNormal);
-    for (std::uint16_t i = 0; i < 4; ++i) solid->setPointAt(i, corners[std::min<int>(i, 2)]);
+    for (std::uint16_t i = 0; i < 4; ++i)
+        solid->setPointAt(i, corners[std::min<int>(i, 2)]);
     entitySet.append(solid);
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbLeader::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&, AcDbIntArray&) const
+Acad::ErrorStatus AcDbLeader::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&,
+                                               AcDbIntArray&) const
 {
     gripPoints.append(arrayOf(mVertices));
     return Acad::eOk;

@@ -1,11 +1,11 @@
 #include "dbmline.h"
 
-#include "ClassRegistration.h"
-#include "DxfFields.h"
-#include "Ocs.h"
 #include "acgi.h"
+#include "ClassRegistration.h"
 #include "dbline.h"
+#include "DxfFields.h"
 #include "gelnsg3d.h"
+#include "Ocs.h"
 
 #include <algorithm>
 
@@ -13,8 +13,8 @@ ACDB_DXF_CLASS(AcDbMline, AcDbEntity, MLINE)
 
 /// Where the lines bend, and what they do up to the next vertex.
 struct DbMlineVertex {
-    /// Numbers of one line: first its distance from the vertex along the miter, then where it is drawn and where not, as
-    /// lengths along the segment. `fill` are those of the area between lines.
+    /// Numbers of one line: first its distance from the vertex along the miter, then where it is drawn and
+    /// where not, as lengths along the segment. `fill` are those of the area between lines.
     struct Element {
         std::vector<double> cuts, fill;
     };
@@ -87,9 +87,11 @@ struct MlineFields {
     static void writeElement(const DbMlineVertex::Element& element, DxfSink& sink)
     {
         sink.integer(74, static_cast<std::int64_t>(element.cuts.size()));
-        for (const double value : element.cuts) sink.real(41, value);
+        for (const double value : element.cuts)
+            sink.real(41, value);
         sink.integer(75, static_cast<std::int64_t>(element.fill.size()));
-        for (const double value : element.fill) sink.real(42, value);
+        for (const double value : element.fill)
+            sink.real(42, value);
     }
     static void writeVertices(const AcDbObject& object, const DxfField&, DxfSink& sink)
     {
@@ -97,7 +99,8 @@ struct MlineFields {
             sink.point(11, vertex.point.x, vertex.point.y, vertex.point.z);
             sink.point(12, vertex.axis.x, vertex.axis.y, vertex.axis.z);
             sink.point(13, vertex.miter.x, vertex.miter.y, vertex.miter.z);
-            for (const DbMlineVertex::Element& element : vertex.elements) writeElement(element, sink);
+            for (const DbMlineVertex::Element& element : vertex.elements)
+                writeElement(element, sink);
         }
     }
 };
@@ -136,20 +139,41 @@ Acad::ErrorStatus AcDbMline::setFlag(int flag, bool on)
     return status;
 }
 
-Acad::ErrorStatus AcDbMline::setClosedMline(bool closed) { return setFlag(2, closed); }
-Acad::ErrorStatus AcDbMline::setSupressStartCaps(bool suppress) { return setFlag(4, suppress); }
-Acad::ErrorStatus AcDbMline::setSupressEndCaps(bool suppress) { return setFlag(8, suppress); }
+Acad::ErrorStatus AcDbMline::setClosedMline(bool closed)
+{
+    return setFlag(2, closed);
+}
+Acad::ErrorStatus AcDbMline::setSupressStartCaps(bool suppress)
+{
+    return setFlag(4, suppress);
+}
+Acad::ErrorStatus AcDbMline::setSupressEndCaps(bool suppress)
+{
+    return setFlag(8, suppress);
+}
 
 const DbMlineVertex* AcDbMline::vertex(int index) const
 {
     return index >= 0 && index < numVertices() ? &mVertices[static_cast<std::size_t>(index)] : nullptr;
 }
 
-int AcDbMline::numVertices() const { return static_cast<int>(mVertices.size()); }
+int AcDbMline::numVertices() const
+{
+    return static_cast<int>(mVertices.size());
+}
 
-AcGePoint3d AcDbMline::vertexAt(int index) const { return vertex(index) ? vertex(index)->point : AcGePoint3d(); }
-AcGeVector3d AcDbMline::axisAt(int index) const { return vertex(index) ? vertex(index)->axis : AcGeVector3d(); }
-AcGeVector3d AcDbMline::miterAt(int index) const { return vertex(index) ? vertex(index)->miter : AcGeVector3d(); }
+AcGePoint3d AcDbMline::vertexAt(int index) const
+{
+    return vertex(index) ? vertex(index)->point : AcGePoint3d();
+}
+AcGeVector3d AcDbMline::axisAt(int index) const
+{
+    return vertex(index) ? vertex(index)->axis : AcGeVector3d();
+}
+AcGeVector3d AcDbMline::miterAt(int index) const
+{
+    return vertex(index) ? vertex(index)->miter : AcGeVector3d();
+}
 
 Acad::ErrorStatus AcDbMline::getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const
 {
@@ -172,7 +196,8 @@ void AcDbMline::forEachPiece(Visit visit) const
             // Pairs of lengths: drawn from the first to the second; the last one runs to the end.
             for (std::size_t at = 1; at == 1 || at < cuts.size(); at += 2) {
                 const double first = at < cuts.size() ? cuts[at] : 0.0;
-                visit(start + from.axis * first, at + 1 < cuts.size() ? start + from.axis * cuts[at + 1] : end);
+                visit(start + from.axis * first,
+                      at + 1 < cuts.size() ? start + from.axis * cuts[at + 1] : end);
             }
         }
     }
@@ -190,8 +215,10 @@ Acad::ErrorStatus AcDbMline::subTransformBy(const AcGeMatrix3d& xform)
         vertex.axis = xform * vertex.axis / scale;
         vertex.miter = xform * vertex.miter / scale;
         for (DbMlineVertex::Element& element : vertex.elements) {
-            for (double& value : element.cuts) value *= scale;
-            for (double& value : element.fill) value *= scale;
+            for (double& value : element.cuts)
+                value *= scale;
+            for (double& value : element.fill)
+                value *= scale;
         }
     }
     return Acad::eOk;
@@ -217,7 +244,9 @@ bool AcDbMline::subWorldDraw(AcGiWorldDraw* draw) const
 
 Acad::ErrorStatus AcDbMline::subExplode(AcDbVoidPtrArray& entitySet) const
 {
-    forEachPiece([&](const AcGePoint3d& start, const AcGePoint3d& end) { entitySet.append(new AcDbLine(start, end)); });
+    forEachPiece([&](const AcGePoint3d& start, const AcGePoint3d& end) {
+        entitySet.append(new AcDbLine(start, end));
+    });
     return mVertices.size() < 2 ? Acad::eCannotExplodeEntity : Acad::eOk;
 }
 

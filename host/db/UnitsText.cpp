@@ -12,12 +12,18 @@ constexpr double pi = 3.14159265358979323846;
 constexpr int noLeadingZero = 4;
 constexpr int noTrailingZeros = 8;
 
-int withinPlaces(int precision) { return std::clamp(precision, 0, 8); }
+int withinPlaces(int precision)
+{
+    return std::clamp(precision, 0, 8);
+}
 
 /// Fractions and feet count in whole numbers; longer lengths are shown as decimals.
 constexpr double mostExact = 1e15;
 
-std::wstring wide(const char* text) { return std::wstring(text, text + std::char_traits<char>::length(text)); }
+std::wstring wide(const char* text)
+{
+    return std::wstring(text, text + std::char_traits<char>::length(text));
+}
 
 /// Decimals, rounded half away from zero as people expect of what they see: 0.125 with two places is 0.13.
 std::wstring fixed(double value, int places)
@@ -50,7 +56,8 @@ std::wstring trimmed(std::wstring text, int zeros, wchar_t separator)
 std::wstring scientific(double length, const LinearFormat& format)
 {
     char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%.*E", withinPlaces(format.precision), length == 0.0 ? 0.0 : length);
+    std::snprintf(buffer, sizeof buffer, "%.*E", withinPlaces(format.precision),
+                  length == 0.0 ? 0.0 : length);
     return trimmed(wide(buffer), format.zeros, format.separator);
 }
 
@@ -139,7 +146,9 @@ std::wstring sexagesimal(double degrees, const AngularFormat& format)
     text += std::to_wstring(static_cast<long long>(wholeMinutes)) + L'\'';
     if (places <= 2) return text;
     const double seconds = std::max(0.0, (minutes - wholeMinutes) * 60.0);
-    return text + trimmed(fixed(seconds, decimals), (format.zeros & 2) ? noTrailingZeros : 0, format.separator) + L'"';
+    return text +
+           trimmed(fixed(seconds, decimals), (format.zeros & 2) ? noTrailingZeros : 0, format.separator) +
+           L'"';
 }
 } // namespace
 
@@ -148,11 +157,16 @@ std::wstring lengthText(double length, const LinearFormat& format)
     if (!std::isfinite(length)) length = 0.0;
     const bool isCountable = std::fabs(length) < mostExact / 4096.0;
     switch (format.unit) {
-    case Linear::scientific: return scientific(length, format);
-    case Linear::engineering: return isCountable ? engineering(length, format) : decimal(length, format);
-    case Linear::architectural: return isCountable ? architectural(length, format) : decimal(length, format);
-    case Linear::fractional: return isCountable ? fractional(length, format) : decimal(length, format);
-    default: return decimal(length, format);
+    case Linear::scientific:
+        return scientific(length, format);
+    case Linear::engineering:
+        return isCountable ? engineering(length, format) : decimal(length, format);
+    case Linear::architectural:
+        return isCountable ? architectural(length, format) : decimal(length, format);
+    case Linear::fractional:
+        return isCountable ? fractional(length, format) : decimal(length, format);
+    default:
+        return decimal(length, format);
     }
 }
 
@@ -165,9 +179,12 @@ std::wstring angleText(double angle, const AngularFormat& format)
         return trimmed(fixed(value, withinPlaces(format.precision)), zeros, format.separator);
     };
     switch (format.unit) {
-    case Angular::gradians: return number(angle * 200.0 / pi) + L'g';
-    case Angular::radians: return number(angle) + L'r';
-    default: return number(angle * 180.0 / pi) + L'\u00B0';
+    case Angular::gradians:
+        return number(angle * 200.0 / pi) + L'g';
+    case Angular::radians:
+        return number(angle) + L'r';
+    default:
+        return number(angle * 180.0 / pi) + L'\u00B0';
     }
 }
 } // namespace units

@@ -6,7 +6,8 @@
 
 namespace units
 {
-/// Numbers as LUNITS and DIMLUNIT have them. Engineering and architectural units take drawing units as inches.
+/// Numbers as LUNITS and DIMLUNIT have them. Engineering and architectural units take drawing units as
+/// inches.
 enum class Linear { scientific = 1, decimal, engineering, architectural, fractional, desktop };
 
 /// How the two numbers of a fraction stand in a multiline text.
@@ -16,8 +17,8 @@ struct LinearFormat {
     Linear unit = Linear::decimal;
     /// Decimal places; of fractions the power of two of the smallest denominator. Brought into 0 ... 8.
     int precision = 4;
-    /// The bits of DIMZIN: 0 to 3 say which zero feet and inches are left out, 4 leaves out leading zeros, 8 zeros at
-    /// the end of decimals.
+    /// The bits of DIMZIN: 0 to 3 say which zero feet and inches are left out, 4 leaves out leading zeros, 8
+    /// zeros at the end of decimals.
     int zeros = 0;
     wchar_t separator = L'.';
     Fraction fraction = Fraction::notStacked;
@@ -31,8 +32,9 @@ enum class Angular { degrees, degreesMinutesSeconds, gradians, radians };
 
 struct AngularFormat {
     Angular unit = Angular::degrees;
-    int precision = 0; ///< decimal places; of degrees 1, 2: minutes, 3, 4: seconds, above: decimals of seconds
-    int zeros = 0;     ///< DIMAZIN: 1 leaves out leading zeros, 2 zeros at the end
+    int precision =
+        0;         ///< decimal places; of degrees 1, 2: minutes, 3, 4: seconds, above: decimals of seconds
+    int zeros = 0; ///< DIMAZIN: 1 leaves out leading zeros, 2 zeros at the end
     wchar_t separator = L'.';
 };
 

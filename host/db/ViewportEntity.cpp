@@ -1,36 +1,69 @@
-#include "Stub.h"
 #include "acgi.h"
 #include "acutads.h"
 #include "dbblock.h"
 #include "dbucs.h"
 #include "dbviewport.h"
+#include "Stub.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace
 {
-bool isFinite(double value) { return std::isfinite(value); }
-bool isFinite(const AcGePoint2d& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
-bool isFinite(const AcGeVector2d& v) { return std::isfinite(v.x) && std::isfinite(v.y); }
-bool isFinite(const AcGePoint3d& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
-bool isFinite(const AcGeVector3d& v) { return std::isfinite(v.lengthSqrd()); }
-bool isFinite(AcDbObjectId) { return true; }
-bool isFinite(std::int16_t) { return true; }
-bool isFinite(std::int8_t) { return true; }
-bool isFinite(std::int32_t) { return true; }
+bool isFinite(double value)
+{
+    return std::isfinite(value);
+}
+bool isFinite(const AcGePoint2d& p)
+{
+    return std::isfinite(p.x) && std::isfinite(p.y);
+}
+bool isFinite(const AcGeVector2d& v)
+{
+    return std::isfinite(v.x) && std::isfinite(v.y);
+}
+bool isFinite(const AcGePoint3d& p)
+{
+    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+}
+bool isFinite(const AcGeVector3d& v)
+{
+    return std::isfinite(v.lengthSqrd());
+}
+bool isFinite(AcDbObjectId)
+{
+    return true;
+}
+bool isFinite(std::int16_t)
+{
+    return true;
+}
+bool isFinite(std::int8_t)
+{
+    return true;
+}
+bool isFinite(std::int32_t)
+{
+    return true;
+}
 
-bool isLayer(AcDbObjectId id) { return AcDbLayerTableRecord::cast(residentObject(id)) != nullptr; }
+bool isLayer(AcDbObjectId id)
+{
+    return AcDbLayerTableRecord::cast(residentObject(id)) != nullptr;
+}
 
 /// The scales of the types from k1_1 on.
 constexpr double standardScales[] = {
-    1.0,         1.0 / 2,      1.0 / 4,      1.0 / 5,     1.0 / 8,      1.0 / 10,    1.0 / 16,    1.0 / 20,    1.0 / 30,
-    1.0 / 40,    1.0 / 50,     1.0 / 100,    2.0,         4.0,          8.0,         10.0,        100.0,       1.0 / 1536,
-    1.0 / 768,   1.0 / 384,    1.0 / 192,    1.0 / 128,   1.0 / 96,     1.0 / 64,    1.0 / 48,    1.0 / 32,    1.0 / 24,
-    1.0 / 16,    1.0 / 12,     1.0 / 8,      1.0 / 4,     1.0 / 2,      1.0};
+    1.0,       1.0 / 2,   1.0 / 4,   1.0 / 5,   1.0 / 8,  1.0 / 10, 1.0 / 16, 1.0 / 20, 1.0 / 30,
+    1.0 / 40,  1.0 / 50,  1.0 / 100, 2.0,       4.0,      8.0,      10.0,     100.0,    1.0 / 1536,
+    1.0 / 768, 1.0 / 384, 1.0 / 192, 1.0 / 128, 1.0 / 96, 1.0 / 64, 1.0 / 48, 1.0 / 32, 1.0 / 24,
+    1.0 / 16,  1.0 / 12,  1.0 / 8,   1.0 / 4,   1.0 / 2,  1.0};
 constexpr int standardScaleCount = static_cast<int>(sizeof standardScales / sizeof standardScales[0]);
 
-bool isSameScale(double a, double b) { return std::fabs(a - b) <= 1e-9 * std::fabs(b); }
+bool isSameScale(double a, double b)
+{
+    return std::fabs(a - b) <= 1e-9 * std::fabs(b);
+}
 
 /// The highest number of the viewports in a block.
 std::int16_t highestNumber(AcDbObjectId blockId)
@@ -76,7 +109,10 @@ Acad::ErrorStatus AcDbViewport::setWidth(double width)
     return width > 0.0 ? change(mWidth, width) : Acad::eInvalidInput;
 }
 
-Acad::ErrorStatus AcDbViewport::setCenterPoint(const AcGePoint3d& point) { return change(mCenter, point); }
+Acad::ErrorStatus AcDbViewport::setCenterPoint(const AcGePoint3d& point)
+{
+    return change(mCenter, point);
+}
 
 Acad::ErrorStatus AcDbViewport::setOn()
 {
@@ -87,9 +123,15 @@ Acad::ErrorStatus AcDbViewport::setOn()
     return status;
 }
 
-Acad::ErrorStatus AcDbViewport::setOff() { return setStatus(offBit, true); }
+Acad::ErrorStatus AcDbViewport::setOff()
+{
+    return setStatus(offBit, true);
+}
 
-Acad::ErrorStatus AcDbViewport::setViewTarget(const AcGePoint3d& point) { return change(mTarget, point); }
+Acad::ErrorStatus AcDbViewport::setViewTarget(const AcGePoint3d& point)
+{
+    return change(mTarget, point);
+}
 
 Acad::ErrorStatus AcDbViewport::setViewDirection(const AcGeVector3d& direction)
 {
@@ -103,16 +145,31 @@ Acad::ErrorStatus AcDbViewport::setViewHeight(double height)
     return status;
 }
 
-Acad::ErrorStatus AcDbViewport::setViewCenter(const AcGePoint2d& center) { return change(mViewCenter, center); }
-Acad::ErrorStatus AcDbViewport::setTwistAngle(double angle) { return change(mTwist, angle); }
+Acad::ErrorStatus AcDbViewport::setViewCenter(const AcGePoint2d& center)
+{
+    return change(mViewCenter, center);
+}
+Acad::ErrorStatus AcDbViewport::setTwistAngle(double angle)
+{
+    return change(mTwist, angle);
+}
 Acad::ErrorStatus AcDbViewport::setLensLength(double length)
 {
     return length > 0.0 ? change(mLensLength, length) : Acad::eInvalidInput;
 }
-Acad::ErrorStatus AcDbViewport::setFrontClipDistance(double distance) { return change(mFrontClip, distance); }
-Acad::ErrorStatus AcDbViewport::setBackClipDistance(double distance) { return change(mBackClip, distance); }
+Acad::ErrorStatus AcDbViewport::setFrontClipDistance(double distance)
+{
+    return change(mFrontClip, distance);
+}
+Acad::ErrorStatus AcDbViewport::setBackClipDistance(double distance)
+{
+    return change(mBackClip, distance);
+}
 
-double AcDbViewport::customScale() const { return mViewHeight != 0.0 ? mHeight / mViewHeight : 1.0; }
+double AcDbViewport::customScale() const
+{
+    return mViewHeight != 0.0 ? mHeight / mViewHeight : 1.0;
+}
 
 Acad::ErrorStatus AcDbViewport::setCustomScale(double scale)
 {
@@ -152,8 +209,14 @@ Acad::ErrorStatus AcDbViewport::setGridMajor(std::uint16_t lines)
     return lines <= 100 ? change(mGridMajor, static_cast<std::int16_t>(lines)) : Acad::eInvalidInput;
 }
 
-Acad::ErrorStatus AcDbViewport::setSnapAngle(double angle) { return change(mSnapAngle, angle); }
-Acad::ErrorStatus AcDbViewport::setSnapBasePoint(const AcGePoint2d& point) { return change(mSnapBase, point); }
+Acad::ErrorStatus AcDbViewport::setSnapAngle(double angle)
+{
+    return change(mSnapAngle, angle);
+}
+Acad::ErrorStatus AcDbViewport::setSnapBasePoint(const AcGePoint2d& point)
+{
+    return change(mSnapBase, point);
+}
 
 Acad::ErrorStatus AcDbViewport::setSnapIncrement(const AcGeVector2d& increment)
 {
@@ -166,7 +229,10 @@ Acad::ErrorStatus AcDbViewport::setCircleSides(std::uint16_t sides)
     return isInRange ? change(mCircleSides, static_cast<std::int16_t>(sides)) : Acad::eInvalidInput;
 }
 
-Acad::ErrorStatus AcDbViewport::setElevation(double elevation) { return change(mElevation, elevation); }
+Acad::ErrorStatus AcDbViewport::setElevation(double elevation)
+{
+    return change(mElevation, elevation);
+}
 
 Acad::ErrorStatus AcDbViewport::setRenderMode(int mode)
 {
@@ -179,8 +245,14 @@ Acad::ErrorStatus AcDbViewport::setShadePlot(ShadePlotType type)
     return isInRange ? change(mShadePlot, static_cast<std::int16_t>(type)) : Acad::eInvalidInput;
 }
 
-Acad::ErrorStatus AcDbViewport::setVisualStyle(AcDbObjectId style) { return change(mVisualStyle, style); }
-Acad::ErrorStatus AcDbViewport::setBackground(AcDbObjectId background) { return change(mBackground, background); }
+Acad::ErrorStatus AcDbViewport::setVisualStyle(AcDbObjectId style)
+{
+    return change(mVisualStyle, style);
+}
+Acad::ErrorStatus AcDbViewport::setBackground(AcDbObjectId background)
+{
+    return change(mBackground, background);
+}
 
 Acad::ErrorStatus AcDbViewport::plotStyleSheet(ACHAR*& name) const
 {
@@ -249,7 +321,8 @@ Acad::ErrorStatus AcDbViewport::setNonRectClipEntityId(AcDbObjectId entity)
     }
     const auto* outline = AcDbEntity::cast(residentObject(entity));
     AcDbExtents extents;
-    if (!outline || outline == this || outline->getGeomExtents(extents) != Acad::eOk) return Acad::eInvalidInput;
+    if (!outline || outline == this || outline->getGeomExtents(extents) != Acad::eOk)
+        return Acad::eInvalidInput;
     if (outline->ownerId() != ownerId()) return Acad::eInvalidOwnerObject;
     const Acad::ErrorStatus status = setStatus(clipBit, true);
     if (status != Acad::eOk) return status;
@@ -316,8 +389,8 @@ Acad::ErrorStatus AcDbViewport::setUcsPerViewport(bool perViewport)
 
 AcGeMatrix3d AcDbViewport::viewToWorld() const
 {
-    return AcGeMatrix3d::rotation(-mTwist, mDirection, mTarget) * AcGeMatrix3d::translation(mTarget.asVector()) *
-           AcGeMatrix3d::planeToWorld(mDirection);
+    return AcGeMatrix3d::rotation(-mTwist, mDirection, mTarget) *
+           AcGeMatrix3d::translation(mTarget.asVector()) * AcGeMatrix3d::planeToWorld(mDirection);
 }
 
 AcGeMatrix3d AcDbViewport::modelToPaper() const
@@ -357,10 +430,12 @@ bool AcDbViewport::subWorldDraw(AcGiWorldDraw* draw) const
     return true;
 }
 
-Acad::ErrorStatus AcDbViewport::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&, AcDbIntArray&) const
+Acad::ErrorStatus AcDbViewport::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&,
+                                                 AcDbIntArray&) const
 {
     for (int i = 0; i < 4; ++i) {
-        const double x = i == 0 || i == 3 ? -mWidth / 2.0 : mWidth / 2.0, y = i < 2 ? -mHeight / 2.0 : mHeight / 2.0;
+        const double x = i == 0 || i == 3 ? -mWidth / 2.0 : mWidth / 2.0,
+                     y = i < 2 ? -mHeight / 2.0 : mHeight / 2.0;
         gripPoints.append(mCenter + AcGeVector3d(x, y, 0.0));
     }
     gripPoints.append(mCenter);

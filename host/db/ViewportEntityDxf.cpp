@@ -1,17 +1,20 @@
 /// The groups of viewports.
 
 #include "ClassRegistration.h"
+#include "dbdatabase.h"
 #include "DbObjectAccess.h"
+#include "dbviewport.h"
 #include "DxfFields.h"
 #include "Stub.h"
-#include "dbdatabase.h"
-#include "dbviewport.h"
 
 ACDB_DXF_CLASS(AcDbViewport, AcDbEntity, VIEWPORT)
 
 struct ViewportFields {
     static AcDbViewport& of(AcDbObject& object) { return static_cast<AcDbViewport&>(object); }
-    static const AcDbViewport& of(const AcDbObject& object) { return static_cast<const AcDbViewport&>(object); }
+    static const AcDbViewport& of(const AcDbObject& object)
+    {
+        return static_cast<const AcDbViewport&>(object);
+    }
 
     static void readFrozen(AcDbObject& object, const DxfField& field, DxfSource& source)
     {
@@ -23,7 +26,8 @@ struct ViewportFields {
     static void writeFrozen(const AcDbObject& object, const DxfField&, DxfSink& sink)
     {
         const AcDbViewport& viewport = of(object);
-        for (const AcDbObjectId id : viewport.mFrozen) sink.handle(viewport.mFrozenAsHard ? 341 : 331, id);
+        for (const AcDbObjectId id : viewport.mFrozen)
+            sink.handle(viewport.mFrozenAsHard ? 341 : 331, id);
     }
 
     static void readStatus(AcDbObject& object, const DxfField&, DxfSource& source)
@@ -82,7 +86,8 @@ struct ViewportFields {
     static void takeView(AcDbViewport& viewport, Mview& list)
     {
         double* const target[] = {&viewport.mTarget.x, &viewport.mTarget.y, &viewport.mTarget.z};
-        for (double* coordinate : target) *coordinate = list.real();
+        for (double* coordinate : target)
+            *coordinate = list.real();
         AcGeVector3d direction;
         direction.x = list.real();
         direction.y = list.real();
@@ -112,7 +117,8 @@ struct ViewportFields {
         viewport.mSnapAngle = list.real();
         double* const spacings[] = {&viewport.mSnapBase.x, &viewport.mSnapBase.y, &viewport.mSnap.x,
                                     &viewport.mSnap.y,     &viewport.mGrid.x,     &viewport.mGrid.y};
-        for (double* value : spacings) *value = list.real();
+        for (double* value : spacings)
+            *value = list.real();
         takeFlag(viewport, AcDbViewport::hideBit, list.integer() != 0);
     }
 
@@ -121,7 +127,8 @@ struct ViewportFields {
         const AcDbDatabase* database = viewport.database();
         const auto* layers =
             database ? AcDbLayerTable::cast(residentObject(database->layerTableId())) : nullptr;
-        while (list.isBrace()) list.next();
+        while (list.isBrace())
+            list.next();
         for (; list.isLayer(); list.next()) {
             AcDbObjectId layer;
             if (layers && layers->getAt(list.text(), layer) == Acad::eOk) viewport.mFrozen.push_back(layer);

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Dimensions along an arc: AcDb2LineAngularDimension, AcDb3PointAngularDimension (both angles in radians) and
-/// AcDbArcDimension (a length).
+/// Dimensions along an arc: AcDb2LineAngularDimension, AcDb3PointAngularDimension (both angles in radians)
+/// and AcDbArcDimension (a length).
 
 #include "dbdimension.h"
 #include "gepnt2d.h"
@@ -110,9 +110,9 @@ public:
     ACRX_DECLARE_MEMBERS(AcDbArcDimension);
     ACDB_STATE_MEMBERS(AcDbArcDimension)
     AcDbArcDimension() : DbArcingDimension(arcType) {}
-    AcDbArcDimension(const AcGePoint3d& centerPoint, const AcGePoint3d& xLine1Point, const AcGePoint3d& xLine2Point,
-                     const AcGePoint3d& arcPoint, const ACHAR* dimText = nullptr,
-                     AcDbObjectId dimStyle = AcDbObjectId::kNull);
+    AcDbArcDimension(const AcGePoint3d& centerPoint, const AcGePoint3d& xLine1Point,
+                     const AcGePoint3d& xLine2Point, const AcGePoint3d& arcPoint,
+                     const ACHAR* dimText = nullptr, AcDbObjectId dimStyle = AcDbObjectId::kNull);
 
     AcGePoint3d arcPoint() const { return mDefPoint; }
     Acad::ErrorStatus setArcPoint(const AcGePoint3d& point) { return change(mDefPoint, point); }

@@ -8,9 +8,9 @@
 class DimensionPicture;
 struct DimVariables;
 
-/// The picture of a dimension stands in an anonymous block ("*D..."), in world coordinates; dimensions without one draw
-/// the same from their points. Setters leave the block behind; closing the dimension, or recomputeDimBlock, makes a new
-/// one.
+/// The picture of a dimension stands in an anonymous block ("*D..."), in world coordinates; dimensions
+/// without one draw the same from their points. Setters leave the block behind; closing the dimension, or
+/// recomputeDimBlock, makes a new one.
 ///
 /// Points are in world coordinates, lengths in drawing units, angles in radians.
 class AcDbDimension : public AcDbEntity
@@ -26,9 +26,9 @@ public:
     AcGePoint3d dimBlockPosition() const;
     Acad::ErrorStatus setDimBlockPosition(const AcGePoint3d& position);
     AcGeMatrix3d blockTransform() const;
-    /// Makes the picture anew in a block. Without `forceUpdate` only when something changed since. eNotInDatabase for a
-    /// dimension that is in no drawing; eNotApplicable for one whose points show no picture; the statuses of opening
-    /// the block table.
+    /// Makes the picture anew in a block. Without `forceUpdate` only when something changed since.
+    /// eNotInDatabase for a dimension that is in no drawing; eNotApplicable for one whose points show no
+    /// picture; the statuses of opening the block table.
     Acad::ErrorStatus recomputeDimBlock(bool forceUpdate = true);
     Acad::ErrorStatus generateLayout() { return recomputeDimBlock(false); }
 
@@ -42,16 +42,22 @@ public:
     /// By how much the text is turned from the direction it has by its style.
     double textRotation() const { return mTextRotation; }
     Acad::ErrorStatus setTextRotation(double rotation);
-    AcDbMText::AttachmentPoint textAttachment() const { return static_cast<AcDbMText::AttachmentPoint>(mAttachment); }
+    AcDbMText::AttachmentPoint textAttachment() const
+    {
+        return static_cast<AcDbMText::AttachmentPoint>(mAttachment);
+    }
     Acad::ErrorStatus setTextAttachment(AcDbMText::AttachmentPoint attachment);
-    AcDb::LineSpacingStyle textLineSpacingStyle() const { return static_cast<AcDb::LineSpacingStyle>(mSpacingStyle); }
+    AcDb::LineSpacingStyle textLineSpacingStyle() const
+    {
+        return static_cast<AcDb::LineSpacingStyle>(mSpacingStyle);
+    }
     Acad::ErrorStatus setTextLineSpacingStyle(AcDb::LineSpacingStyle style);
     double textLineSpacingFactor() const { return mSpacingFactor; }
     /// eInvalidInput outside 0.25 to 4.
     Acad::ErrorStatus setTextLineSpacingFactor(double factor);
 
-    /// The text that the user gave, as a copy to be released with acutDelString: empty for the measure; "<>" stands
-    /// for the measure inside; a single blank shows no text.
+    /// The text that the user gave, as a copy to be released with acutDelString: empty for the measure; "<>"
+    /// stands for the measure inside; a single blank shows no text.
     ACHAR* dimensionText() const;
     Acad::ErrorStatus dimensionText(CString& text) const;
     Acad::ErrorStatus setDimensionText(const ACHAR* text);
@@ -71,8 +77,8 @@ public:
     /// Of the plane, along the normal.
     double elevation() const { return mTextPosition.z; }
     Acad::ErrorStatus setElevation(double elevation);
-    /// The negative of the angle from the X axis of the object coordinates to the direction that the dimension takes as
-    /// horizontal.
+    /// The negative of the angle from the X axis of the object coordinates to the direction that the
+    /// dimension takes as horizontal.
     double horizontalRotation() const { return mHorizontalRotation; }
     Acad::ErrorStatus setHorizontalRotation(double rotation);
 
@@ -95,7 +101,7 @@ public:
 #define ACDB_DIM_INTEGER_MEMBERS(name, Name, code, value)                                                    \
     int name() const;                                                                                        \
     Acad::ErrorStatus set##Name(int newValue);
-#define ACDB_DIM_SWITCH_MEMBERS(name, Name, code, value)                                                       \
+#define ACDB_DIM_SWITCH_MEMBERS(name, Name, code, value)                                                     \
     bool name() const;                                                                                       \
     Acad::ErrorStatus set##Name(bool newValue);
 #define ACDB_DIM_COLOR_MEMBERS(name, Name, code, value)                                                      \
@@ -104,7 +110,7 @@ public:
 #define ACDB_DIM_TEXT_MEMBERS(name, Name, code, value)                                                       \
     CString name() const;                                                                                    \
     Acad::ErrorStatus set##Name(const ACHAR* newValue);
-#define ACDB_DIM_REFERENCE_MEMBERS(name, Name, code, value)                                                         \
+#define ACDB_DIM_REFERENCE_MEMBERS(name, Name, code, value)                                                  \
     AcDbObjectId name() const;                                                                               \
     Acad::ErrorStatus set##Name(AcDbObjectId newValue);
 #define ACDB_DIM_LINEWEIGHT_MEMBERS(name, Name, code, value)                                                 \
@@ -126,19 +132,34 @@ public:
 #undef ACDB_DIM_TEXT_MEMBERS
 #undef ACDB_DIM_REFERENCE_MEMBERS
 
-    bool isPlanar() const override { return true; }
+    bool isPlanar() const override
+    {
+        return true;
+    }
     Acad::ErrorStatus getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const override;
     void getEcs(AcGeMatrix3d& matrix) const override;
     void intersectionCurves(Curves& curves, bool extended) const override;
     void subClose() override;
 
-    const DxfClass* dxfClass() const override { return &dxf; }
+    const DxfClass* dxfClass() const override
+    {
+        return &dxf;
+    }
     static const DxfClass dxf;
 
 protected:
     /// The low bits of group 70.
-    enum Type { rotatedType, alignedType, angularType, diametricType, radialType, angular3PointType, ordinateType,
-                arcType = 5, largeRadialType = 9 };
+    enum Type {
+        rotatedType,
+        alignedType,
+        angularType,
+        diametricType,
+        radialType,
+        angular3PointType,
+        ordinateType,
+        arcType = 5,
+        largeRadialType = 9
+    };
     static constexpr int ownBlock = 32;
     static constexpr int userPosition = 128;
 
@@ -147,11 +168,17 @@ protected:
     AcDbDimension& operator=(const AcDbDimension& other);
 
     virtual double measure() const = 0;
-    virtual bool isAngular() const { return false; }
+    virtual bool isAngular() const
+    {
+        return false;
+    }
     /// "R", a diameter sign: what stands before the measure.
-    virtual const wchar_t* measureSign() const { return L""; }
-    /// Gives the picture its entities, with the text where it belongs, and returns the middle of the text. False for
-    /// points that show nothing.
+    virtual const wchar_t* measureSign() const
+    {
+        return L"";
+    }
+    /// Gives the picture its entities, with the text where it belongs, and returns the middle of the text.
+    /// False for points that show nothing.
     virtual bool layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const = 0;
     /// Maps the points that the class has itself.
     virtual void mapPoints(const AcGeMatrix3d& xform) = 0;
@@ -167,15 +194,24 @@ protected:
     Acad::ErrorStatus change(AcGePoint3d& member, const AcGePoint3d& point);
     /// A finite angle or length; eInvalidInput for others.
     Acad::ErrorStatus change(double& member, double value);
-    AcGePoint2d textInPlane() const { return {mTextPosition.x, mTextPosition.y}; }
+    AcGePoint2d textInPlane() const
+    {
+        return {mTextPosition.x, mTextPosition.y};
+    }
     /// The angle of the direction taken as horizontal, from the X axis of the object coordinates.
-    double horizontal() const { return -mHorizontalRotation; }
+    double horizontal() const
+    {
+        return -mHorizontalRotation;
+    }
     /// The angle of the text: along a direction, or horizontal, by the style; with the dimension's own turn.
     double textAngle(const DimVariables& variables, double along, bool isInside) const;
 
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
-    bool explodesWithOwnProperties() const override { return true; }
+    bool explodesWithOwnProperties() const override
+    {
+        return true;
+    }
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
     bool subWorldDraw(AcGiWorldDraw* draw) const override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,

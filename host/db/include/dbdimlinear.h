@@ -1,6 +1,7 @@
 #pragma once
 
-/// Linear dimensions: AcDbAlignedDimension along its two points, AcDbRotatedDimension along a direction of its own.
+/// Linear dimensions: AcDbAlignedDimension along its two points, AcDbRotatedDimension along a direction of
+/// its own.
 
 #include "dbdimension.h"
 
@@ -25,8 +26,8 @@ public:
 
 protected:
     explicit DbLinearDimension(Type type) : AcDbDimension(type) {}
-    DbLinearDimension(Type type, const AcGePoint3d& point1, const AcGePoint3d& point2, const AcGePoint3d& linePoint,
-                      const ACHAR* dimText, AcDbObjectId dimStyle);
+    DbLinearDimension(Type type, const AcGePoint3d& point1, const AcGePoint3d& point2,
+                      const AcGePoint3d& linePoint, const ACHAR* dimText, AcDbObjectId dimStyle);
 
     /// The angle of the dimension line in the dimension's plane.
     virtual double direction() const = 0;

@@ -4,8 +4,9 @@
 
 #include "dbdimension.h"
 
-/// The axes are those of the dimension's plane, turned by its horizontal direction. The text stands behind the end of
-/// the leader, along it; the leader bends where the end does not lie straight across from the feature.
+/// The axes are those of the dimension's plane, turned by its horizontal direction. The text stands behind
+/// the end of the leader, along it; the leader bends where the end does not lie straight across from the
+/// feature.
 class AcDbOrdinateDimension : public AcDbDimension
 {
 public:

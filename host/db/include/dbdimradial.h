@@ -44,8 +44,9 @@ public:
     ACRX_DECLARE_MEMBERS(AcDbDiametricDimension);
     ACDB_STATE_MEMBERS(AcDbDiametricDimension)
     AcDbDiametricDimension() : AcDbDimension(diametricType) {}
-    AcDbDiametricDimension(const AcGePoint3d& chordPoint, const AcGePoint3d& farChordPoint, double leaderLength,
-                           const ACHAR* dimText = nullptr, AcDbObjectId dimStyle = AcDbObjectId::kNull);
+    AcDbDiametricDimension(const AcGePoint3d& chordPoint, const AcGePoint3d& farChordPoint,
+                           double leaderLength, const ACHAR* dimText = nullptr,
+                           AcDbObjectId dimStyle = AcDbObjectId::kNull);
 
     /// The end of the diameter on the text's side, and the one across.
     AcGePoint3d chordPoint() const { return mChordPoint; }

@@ -7,7 +7,8 @@
 
 struct DimVariables;
 
-/// The first vertex is where the arrow points. Vertices are in world coordinates and lie in the leader's plane.
+/// The first vertex is where the arrow points. Vertices are in world coordinates and lie in the leader's
+/// plane.
 class AcDbLeader : public AcDbCurve
 {
 public:
@@ -28,7 +29,10 @@ public:
     AcGePoint3d firstVertex() const { return vertexAt(0); }
     Acad::ErrorStatus setFirstVertex(const AcGePoint3d& vertex) { return setVertexAt(0, vertex); }
     AcGePoint3d lastVertex() const { return vertexAt(numVertices() - 1); }
-    Acad::ErrorStatus setLastVertex(const AcGePoint3d& vertex) { return setVertexAt(numVertices() - 1, vertex); }
+    Acad::ErrorStatus setLastVertex(const AcGePoint3d& vertex)
+    {
+        return setVertexAt(numVertices() - 1, vertex);
+    }
     /// Two vertices stay: eInvalidInput.
     Acad::ErrorStatus removeLastVertex();
 

@@ -9,8 +9,8 @@
 
 struct DbMlineVertex;
 
-/// Points are in world coordinates. The distances and gaps of the lines stand with the vertices, as the style had them
-/// when the multiline was drawn; a multiline is read, moved and shown, and a new one has no lines.
+/// Points are in world coordinates. The distances and gaps of the lines stand with the vertices, as the style
+/// had them when the multiline was drawn; a multiline is read, moved and shown, and a new one has no lines.
 class AcDbMline : public AcDbEntity
 {
 public:
@@ -35,8 +35,8 @@ public:
     int numVertices() const;
     /// The world's origin for an index that is none.
     AcGePoint3d vertexAt(int index) const;
-    /// The direction of the segment that begins at a vertex, and that of the cut through the lines there; null vectors for an
-    /// index that is none.
+    /// The direction of the segment that begins at a vertex, and that of the cut through the lines there;
+    /// null vectors for an index that is none.
     AcGeVector3d axisAt(int index) const;
     AcGeVector3d miterAt(int index) const;
     /// How many lines run side by side.

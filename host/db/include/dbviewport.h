@@ -7,8 +7,9 @@
 #include "gepnt2d.h"
 #include "gevec2d.h"
 
-/// The viewport lies in paper space; its view, in model space, is given by a target and a direction (world coordinates)
-/// and a centre and height in the view's own coordinates (DCS). The first viewport of a layout shows the layout itself.
+/// The viewport lies in paper space; its view, in model space, is given by a target and a direction (world
+/// coordinates) and a centre and height in the view's own coordinates (DCS). The first viewport of a layout
+/// shows the layout itself.
 ///
 /// Setters return eInvalidInput for a value out of range and leave the viewport unchanged.
 class AcDbViewport : public AcDbEntity
@@ -80,9 +81,40 @@ public:
     // The scale: paper units per drawing unit, height over view height.
 
     enum StandardScaleType {
-        kScaleToFit = 0, kCustomScale, k1_1, k1_2, k1_4, k1_5, k1_8, k1_10, k1_16, k1_20, k1_30, k1_40, k1_50, k1_100,
-        k2_1, k4_1, k8_1, k10_1, k100_1, k1_128in_1ft, k1_64in_1ft, k1_32in_1ft, k1_16in_1ft, k3_32in_1ft, k1_8in_1ft,
-        k3_16in_1ft, k1_4in_1ft, k3_8in_1ft, k1_2in_1ft, k3_4in_1ft, k1in_1ft, k1and1_2in_1ft, k3in_1ft, k6in_1ft,
+        kScaleToFit = 0,
+        kCustomScale,
+        k1_1,
+        k1_2,
+        k1_4,
+        k1_5,
+        k1_8,
+        k1_10,
+        k1_16,
+        k1_20,
+        k1_30,
+        k1_40,
+        k1_50,
+        k1_100,
+        k2_1,
+        k4_1,
+        k8_1,
+        k10_1,
+        k100_1,
+        k1_128in_1ft,
+        k1_64in_1ft,
+        k1_32in_1ft,
+        k1_16in_1ft,
+        k3_32in_1ft,
+        k1_8in_1ft,
+        k3_16in_1ft,
+        k1_4in_1ft,
+        k3_8in_1ft,
+        k1_2in_1ft,
+        k3_4in_1ft,
+        k1in_1ft,
+        k1and1_2in_1ft,
+        k3in_1ft,
+        k6in_1ft,
         k1ft_1ft
     };
     double customScale() const;
@@ -131,10 +163,18 @@ public:
     double elevation() const { return mElevation; }
     Acad::ErrorStatus setElevation(double elevation);
 
-    /// 0 wireframe 2D, 1 wireframe, 2 hidden, 3 flat, 4 Gouraud, 5 flat with wireframe, 6 Gouraud with wireframe.
+    /// 0 wireframe 2D, 1 wireframe, 2 hidden, 3 flat, 4 Gouraud, 5 flat with wireframe, 6 Gouraud with
+    /// wireframe.
     int renderMode() const { return mRenderMode; }
     Acad::ErrorStatus setRenderMode(int mode);
-    enum ShadePlotType { kAsDisplayed = 0, kWireframe = 1, kHidden = 2, kRendered = 3, kVisualStyle = 4, kRenderPreset = 5 };
+    enum ShadePlotType {
+        kAsDisplayed = 0,
+        kWireframe = 1,
+        kHidden = 2,
+        kRendered = 3,
+        kVisualStyle = 4,
+        kRenderPreset = 5
+    };
     ShadePlotType shadePlot() const { return static_cast<ShadePlotType>(mShadePlot); }
     Acad::ErrorStatus setShadePlot(ShadePlotType type);
     AcDbObjectId visualStyle() const { return mVisualStyle; }
@@ -162,7 +202,8 @@ public:
     Acad::ErrorStatus setNonRectClipOn();
     Acad::ErrorStatus setNonRectClipOff() { return setStatus(clipBit, false); }
     AcDbObjectId nonRectClipEntityId() const { return mClip; }
-    /// A closed polyline, circle, ellipse, spline or region of the same space; the null id takes the clip away.
+    /// A closed polyline, circle, ellipse, spline or region of the same space; the null id takes the clip
+    /// away.
     Acad::ErrorStatus setNonRectClipEntityId(AcDbObjectId entity);
 
     // The coordinate system.
@@ -202,9 +243,21 @@ private:
     friend struct ViewportFields;
     /// Group 90.
     enum StatusBit : std::int32_t {
-        perspectiveBit = 0x1, frontClipBit = 0x2, backClipBit = 0x4, ucsFollowBit = 0x8, frontClipNotAtEyeBit = 0x10,
-        iconVisibleBit = 0x20, iconAtOriginBit = 0x40, fastZoomBit = 0x80, snapBit = 0x100, gridBit = 0x200,
-        isometricBit = 0x400, hideBit = 0x800, lockedBit = 0x4000, notTransparentBit = 0x8000, clipBit = 0x10000,
+        perspectiveBit = 0x1,
+        frontClipBit = 0x2,
+        backClipBit = 0x4,
+        ucsFollowBit = 0x8,
+        frontClipNotAtEyeBit = 0x10,
+        iconVisibleBit = 0x20,
+        iconAtOriginBit = 0x40,
+        fastZoomBit = 0x80,
+        snapBit = 0x100,
+        gridBit = 0x200,
+        isometricBit = 0x400,
+        hideBit = 0x800,
+        lockedBit = 0x4000,
+        notTransparentBit = 0x8000,
+        clipBit = 0x10000,
         offBit = 0x20000
     };
     bool has(StatusBit bit) const { return (mStatus & bit) != 0; }
@@ -226,15 +279,15 @@ private:
     std::vector<AcDbObjectId> mFrozen;
     AcDbObjectId mClip, mUcsName, mUcsBase, mVisualStyle, mBackground;
     std::int32_t mStatus = iconVisibleBit | iconAtOriginBit | fastZoomBit | notTransparentBit;
-    std::int16_t mDisplayOrder = 0; ///< group 68: 0 off, -1 on but not shown, 1 ... the order
-    std::int16_t mNumber = -1;      ///< group 69
+    std::int16_t mDisplayOrder = 0;   ///< group 68: 0 off, -1 on but not shown, 1 ... the order
+    std::int16_t mNumber = -1;        ///< group 69
     std::int16_t mStandardScale = -1; ///< the type that was set; -1: the scale says it
     std::int16_t mCircleSides = 1000, mGridMajor = 5, mShadePlot = 0, mOrthographicType = 0;
     std::int8_t mRenderMode = 0, mUcsPerViewport = 1, mUcsIconPerViewport = 0;
-    bool mFrozenAsHard = false;    ///< the file lists frozen layers by groups 341
-    bool mHasViewGroups = false;   ///< the file gives the view by groups; older ones do by extended data
+    bool mFrozenAsHard = false;  ///< the file lists frozen layers by groups 341
+    bool mHasViewGroups = false; ///< the file gives the view by groups; older ones do by extended data
 };
 
-/// Paper units per drawing unit of a standard scale, with inches and feet taken as such: 1/4" = 1' is 1/48. 0 for
-/// kScaleToFit, kCustomScale and values that are none.
+/// Paper units per drawing unit of a standard scale, with inches and feet taken as such: 1/4" = 1' is 1/48. 0
+/// for kScaleToFit, kCustomScale and values that are none.
 double acdbStandardScaleValue(AcDbViewport::StandardScaleType type);

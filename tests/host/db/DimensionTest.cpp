@@ -1,11 +1,11 @@
 #include "DatabaseFixture.h"
-#include "Drawn.h"
-#include "RecordLists.h"
 #include "dbapserv.h"
 #include "dbblock.h"
 #include "dbdim.h"
 #include "dbline.h"
 #include "dbtext.h"
+#include "Drawn.h"
+#include "RecordLists.h"
 
 #include <cmath>
 
@@ -75,11 +75,13 @@ TEST_F(Dimension, CircularKindsMeasureTheirArcs)
 {
     EXPECT_DOUBLE_EQ(AcDbRadialDimension({1, 1, 0}, {4, 5, 0}, 1.0).measurement(), 5.0);
     EXPECT_DOUBLE_EQ(AcDbDiametricDimension({1, 1, 0}, {7, 9, 0}, 1.0).measurement(), 10.0);
-    // Lines along X and Y through the origin: 90 degrees, the sector opposite too; from the left side as well.
+    // Lines along X and Y through the origin: 90 degrees, the sector opposite too; from the left side as
+    // well.
     const AcGePoint3d o(0, 0, 0), x(10, 0, 0), y(0, 10, 0);
     EXPECT_NEAR(AcDb2LineAngularDimension(o, x, o, y, {2, 2, 0}).measurement(), pi / 2.0, 1e-12);
     EXPECT_NEAR(AcDb2LineAngularDimension(o, {10, 10, 0}, o, y, {1, 5, 0}).measurement(), pi / 4.0, 1e-12);
-    EXPECT_NEAR(AcDb2LineAngularDimension(o, {10, 10, 0}, o, y, {-5, 1, 0}).measurement(), 3.0 * pi / 4.0, 1e-12);
+    EXPECT_NEAR(AcDb2LineAngularDimension(o, {10, 10, 0}, o, y, {-5, 1, 0}).measurement(), 3.0 * pi / 4.0,
+                1e-12);
     EXPECT_NEAR(AcDb3PointAngularDimension(o, x, y, {2, 2, 0}).measurement(), pi / 2.0, 1e-12);
     EXPECT_NEAR(AcDb3PointAngularDimension(o, x, y, {-2, -2, 0}).measurement(), 1.5 * pi, 1e-12);
     EXPECT_NEAR(AcDbArcDimension(o, x, y, {9, 9, 0}).measurement(), 5.0 * pi, 1e-9);
@@ -186,7 +188,8 @@ TEST_F(Dimension, OrdinateLeaderBendsInThreeLegs)
     const std::vector<DrawnLine> lines = drawnLines(dimension);
     ASSERT_EQ(lines.size(), 3u);
     const AcGePoint3d path[] = {{4630.52, 4515.055, 0}, {4630.52, 4208.78, 0}, {4820.77, 4203.78, 0}};
-    for (int i = 0; i < 3; ++i) EXPECT_LT(lines[i].start.distanceTo(path[i]), 1e-9) << i;
+    for (int i = 0; i < 3; ++i)
+        EXPECT_LT(lines[i].start.distanceTo(path[i]), 1e-9) << i;
     EXPECT_NEAR(lines[2].end.x, 4820.77, 1e-9);
     EXPECT_LT(lines[2].end.y, 4198.78 - 2.5);
     dimension.setDimtad(0);
@@ -310,10 +313,12 @@ TEST_P(DimensionKind, GripsMoveItsPoints)
     AcGePoint3dArray before, after;
     AcDbIntArray modes, ids, all;
     ASSERT_EQ(mDimension->getGripPoints(before, modes, ids), Acad::eOk);
-    for (int i = 0; i < before.length(); ++i) all.append(i);
+    for (int i = 0; i < before.length(); ++i)
+        all.append(i);
     ASSERT_EQ(mDimension->moveGripPointsAt(all, {1, 2, 0}), Acad::eOk);
     mDimension->getGripPoints(after, modes, ids);
-    for (int i = 0; i < before.length(); ++i) EXPECT_LT(after[i].distanceTo(before[i] + AcGeVector3d(1, 2, 0)), 1e-9);
+    for (int i = 0; i < before.length(); ++i)
+        EXPECT_LT(after[i].distanceTo(before[i] + AcGeVector3d(1, 2, 0)), 1e-9);
 }
 
 TEST_P(DimensionKind, RefusesWhatIsNoNumber)
@@ -330,26 +335,42 @@ INSTANTIATE_TEST_SUITE_P(
     All, DimensionKind,
     testing::Values(
         DimensionMaker{"Ordinate",
-                       []() -> AcDbDimension* { return new AcDbOrdinateDimension(false, {3, 4, 0}, {9, 6, 0}); }},
-        DimensionMaker{"Aligned", []() -> AcDbDimension* {
+                       []() -> AcDbDimension* {
+                           return new AcDbOrdinateDimension(false, {3, 4, 0}, {9, 6, 0});
+                       }},
+        DimensionMaker{"Aligned",
+                       []() -> AcDbDimension* {
                            return new AcDbAlignedDimension({0, 0, 0}, {3, 4, 0}, {0, 5, 0}, L"<> m");
                        }},
-        DimensionMaker{"Rotated", []() -> AcDbDimension* {
+        DimensionMaker{"Rotated",
+                       []() -> AcDbDimension* {
                            return new AcDbRotatedDimension(0.5, {0, 0, 0}, {3, 4, 0}, {0, 5, 0});
                        }},
-        DimensionMaker{"Radial", []() -> AcDbDimension* { return new AcDbRadialDimension({1, 1, 0}, {4, 5, 0}, 1.0); }},
+        DimensionMaker{"Radial",
+                       []() -> AcDbDimension* {
+                           return new AcDbRadialDimension({1, 1, 0}, {4, 5, 0}, 1.0);
+                       }},
         DimensionMaker{"Diametric",
-                       []() -> AcDbDimension* { return new AcDbDiametricDimension({1, 1, 0}, {4, 5, 0}, 1.0); }},
-        DimensionMaker{"RadialLarge", []() -> AcDbDimension* {
-                           return new AcDbRadialDimensionLarge({0, 0, 0}, {30, 0, 0}, {10, 2, 0}, {15, 1, 0}, pi / 4.0);
+                       []() -> AcDbDimension* {
+                           return new AcDbDiametricDimension({1, 1, 0}, {4, 5, 0}, 1.0);
                        }},
-        DimensionMaker{"Angular2Line", []() -> AcDbDimension* {
-                           return new AcDb2LineAngularDimension({0, 0, 0}, {10, 0, 0}, {0, 0, 0}, {0, 10, 0}, {2, 2, 0});
-                       }},
-        DimensionMaker{"Angular3Point", []() -> AcDbDimension* {
-                           return new AcDb3PointAngularDimension({0, 0, 0}, {10, 0, 0}, {0, 10, 0}, {2, 2, 0});
-                       }},
-        DimensionMaker{"Arc", []() -> AcDbDimension* {
+        DimensionMaker{
+            "RadialLarge",
+            []() -> AcDbDimension* {
+                return new AcDbRadialDimensionLarge({0, 0, 0}, {30, 0, 0}, {10, 2, 0}, {15, 1, 0}, pi / 4.0);
+            }},
+        DimensionMaker{
+            "Angular2Line",
+            []() -> AcDbDimension* {
+                return new AcDb2LineAngularDimension({0, 0, 0}, {10, 0, 0}, {0, 0, 0}, {0, 10, 0}, {2, 2, 0});
+            }},
+        DimensionMaker{
+            "Angular3Point",
+            []() -> AcDbDimension* {
+                return new AcDb3PointAngularDimension({0, 0, 0}, {10, 0, 0}, {0, 10, 0}, {2, 2, 0});
+            }},
+        DimensionMaker{"Arc",
+                       []() -> AcDbDimension* {
                            return new AcDbArcDimension({0, 0, 0}, {10, 0, 0}, {0, 10, 0}, {9, 9, 0});
                        }}),
     [](const testing::TestParamInfo<DimensionMaker>& info) { return info.param.name; });

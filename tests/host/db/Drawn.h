@@ -49,7 +49,8 @@ public:
     bool nurbs(const AcGeNurbCurve3d&) override { return ++curves; }
     bool polyline(unsigned count, const AcGePoint3d* points) override
     {
-        for (unsigned i = 1; i < count; ++i) lines.push_back({mapped(points[i - 1]), mapped(points[i])});
+        for (unsigned i = 1; i < count; ++i)
+            lines.push_back({mapped(points[i - 1]), mapped(points[i])});
         return true;
     }
     bool polygon(unsigned, const AcGePoint3d*) override { return ++areas; }
@@ -58,10 +59,11 @@ public:
     bool xline(const AcGePoint3d&, const AcGePoint3d&) override { return true; }
     bool ray(const AcGePoint3d&, const AcGePoint3d&) override { return true; }
     bool pointMark(const AcGePoint3d&) override { return ++marks; }
-    bool text(const AcGePoint3d&, const AcGeVector3d&, const AcGeVector3d&, const wchar_t* text, int length, bool,
-              const AcGiTextStyle&) override
+    bool text(const AcGePoint3d&, const AcGeVector3d&, const AcGeVector3d&, const wchar_t* text, int length,
+              bool, const AcGiTextStyle&) override
     {
-        texts.push_back(length < 0 ? std::wstring(text) : std::wstring(text, static_cast<std::size_t>(length)));
+        texts.push_back(length < 0 ? std::wstring(text)
+                                   : std::wstring(text, static_cast<std::size_t>(length)));
         return true;
     }
 
@@ -70,7 +72,10 @@ public:
     int areas = 0, curves = 0, marks = 0;
 
 private:
-    AcGePoint3d mapped(const AcGePoint3d& point) const { return mMaps.empty() ? point : mMaps.back() * point; }
+    AcGePoint3d mapped(const AcGePoint3d& point) const
+    {
+        return mMaps.empty() ? point : mMaps.back() * point;
+    }
     std::vector<AcGeMatrix3d> mMaps;
 };
 
@@ -89,5 +94,11 @@ private:
     mutable DrawnTraits mTraits;
 };
 
-inline std::vector<DrawnLine> drawnLines(const AcDbEntity& entity) { return DrawnPicture(entity).shapes.lines; }
-inline int drawnAreas(const AcDbEntity& entity) { return DrawnPicture(entity).shapes.areas; }
+inline std::vector<DrawnLine> drawnLines(const AcDbEntity& entity)
+{
+    return DrawnPicture(entity).shapes.lines;
+}
+inline int drawnAreas(const AcDbEntity& entity)
+{
+    return DrawnPicture(entity).shapes.areas;
+}

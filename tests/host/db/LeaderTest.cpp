@@ -1,8 +1,8 @@
 #include "DatabaseFixture.h"
-#include "Drawn.h"
-#include "RecordLists.h"
 #include "dblead.h"
 #include "dbline.h"
+#include "Drawn.h"
+#include "RecordLists.h"
 
 #include <cmath>
 
@@ -57,7 +57,8 @@ TEST(Leader, ExplodesIntoLinesAndAnArrow)
     AcDbVoidPtrArray pieces;
     ASSERT_EQ(leader.explode(pieces), Acad::eOk);
     EXPECT_EQ(pieces.length(), 3);
-    for (int i = 0; i < pieces.length(); ++i) delete static_cast<AcDbEntity*>(pieces[i]);
+    for (int i = 0; i < pieces.length(); ++i)
+        delete static_cast<AcDbEntity*>(pieces[i]);
 }
 
 TEST(Leader, MapAndInverseGiveItBack)

@@ -1,7 +1,7 @@
-#include "Drawn.h"
-#include "RecordLists.h"
 #include "dbline.h"
 #include "dbmline.h"
+#include "Drawn.h"
+#include "RecordLists.h"
 
 #include <gtest/gtest.h>
 
@@ -10,12 +10,14 @@ namespace
 /// Two lines, one unit apart, along 10 in X; the second is not drawn from 4 to 6.
 PackedGroups twoLines()
 {
-    return groupsOf({{100, "AcDbMline"}, {2, "STANDARD"}, {40, 1.0}, {70, 1.0}, {71, 1.0}, {72, 2.0}, {73, 2.0},
-                     {10, 0.0}, {20, 0.0}, {30, 0.0}, {210, 0.0}, {220, 0.0}, {230, 1.0},
-                     {11, 0.0}, {21, 0.0}, {31, 0.0}, {12, 1.0}, {22, 0.0}, {32, 0.0}, {13, 0.0}, {23, 1.0}, {33, 0.0},
-                     {74, 2.0}, {41, 0.5}, {41, 0.0}, {75, 0.0}, {74, 4.0}, {41, -0.5}, {41, 0.0}, {41, 4.0}, {41, 6.0}, {75, 0.0},
-                     {11, 10.0}, {21, 0.0}, {31, 0.0}, {12, 1.0}, {22, 0.0}, {32, 0.0}, {13, 0.0}, {23, 1.0}, {33, 0.0},
-                     {74, 2.0}, {41, 0.5}, {41, 0.0}, {75, 0.0}, {74, 2.0}, {41, -0.5}, {41, 0.0}, {75, 0.0}});
+    return groupsOf(
+        {{100, "AcDbMline"}, {2, "STANDARD"}, {40, 1.0}, {70, 1.0},  {71, 1.0},  {72, 2.0},  {73, 2.0},
+         {10, 0.0},          {20, 0.0},       {30, 0.0}, {210, 0.0}, {220, 0.0}, {230, 1.0}, {11, 0.0},
+         {21, 0.0},          {31, 0.0},       {12, 1.0}, {22, 0.0},  {32, 0.0},  {13, 0.0},  {23, 1.0},
+         {33, 0.0},          {74, 2.0},       {41, 0.5}, {41, 0.0},  {75, 0.0},  {74, 4.0},  {41, -0.5},
+         {41, 0.0},          {41, 4.0},       {41, 6.0}, {75, 0.0},  {11, 10.0}, {21, 0.0},  {31, 0.0},
+         {12, 1.0},          {22, 0.0},       {32, 0.0}, {13, 0.0},  {23, 1.0},  {33, 0.0},  {74, 2.0},
+         {41, 0.5},          {41, 0.0},       {75, 0.0}, {74, 2.0},  {41, -0.5}, {41, 0.0},  {75, 0.0}});
 }
 
 void read(AcDbMline& mline)
@@ -32,7 +34,8 @@ TEST(Mline, DrawsItsLinesWithTheirGaps)
     AcDbMline mline;
     read(mline);
     const std::vector<DrawnLine> lines = drawnLines(mline);
-    const DrawnLine expected[] = {{{0, 0.5, 0}, {10, 0.5, 0}}, {{0, -0.5, 0}, {4, -0.5, 0}}, {{6, -0.5, 0}, {10, -0.5, 0}}};
+    const DrawnLine expected[] = {
+        {{0, 0.5, 0}, {10, 0.5, 0}}, {{0, -0.5, 0}, {4, -0.5, 0}}, {{6, -0.5, 0}, {10, -0.5, 0}}};
     ASSERT_EQ(lines.size(), 3u);
     for (int i = 0; i < 3; ++i) {
         EXPECT_LT(lines[i].start.distanceTo(expected[i].start), 1e-12) << i;
@@ -70,7 +73,8 @@ TEST(Mline, ExplodesIntoItsPieces)
     read(mline);
     ASSERT_EQ(mline.explode(pieces), Acad::eOk);
     EXPECT_EQ(pieces.length(), 3);
-    for (int i = 0; i < pieces.length(); ++i) delete static_cast<AcDbEntity*>(pieces[i]);
+    for (int i = 0; i < pieces.length(); ++i)
+        delete static_cast<AcDbEntity*>(pieces[i]);
 }
 
 TEST(Mline, ValuesBeforeTheFirstVertexAreReported)

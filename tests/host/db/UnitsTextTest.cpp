@@ -31,27 +31,35 @@ TEST(LengthText, EachUnitShowsItsForm)
 {
     // 15.5 inches are 1 foot 3.5 inches; 2.625 is two and five eighths.
     const LengthCase cases[] = {
-        {15.5, Linear::decimal, 4, 0, L"15.5000"},     {15.5, Linear::decimal, 4, 8, L"15.5"},
-        {0.125, Linear::decimal, 2, 4, L".13"},        {-0.125, Linear::decimal, 3, 4, L"-.125"},
-        {100.0, Linear::decimal, 2, 8, L"100"},        {-0.001, Linear::decimal, 2, 0, L"0.00"},
-        {15.5, Linear::scientific, 2, 0, L"1.55E+01"}, {15.5, Linear::engineering, 2, 3, L"1'-3.50\""},
-        {15.5, Linear::architectural, 1, 3, L"1'-3 1/2\""}, {2.625, Linear::fractional, 4, 0, L"2 5/8"},
-        {0.5, Linear::fractional, 1, 0, L"1/2"},       {-3.0, Linear::fractional, 4, 0, L"-3"},
+        {15.5, Linear::decimal, 4, 0, L"15.5000"},
+        {15.5, Linear::decimal, 4, 8, L"15.5"},
+        {0.125, Linear::decimal, 2, 4, L".13"},
+        {-0.125, Linear::decimal, 3, 4, L"-.125"},
+        {100.0, Linear::decimal, 2, 8, L"100"},
+        {-0.001, Linear::decimal, 2, 0, L"0.00"},
+        {15.5, Linear::scientific, 2, 0, L"1.55E+01"},
+        {15.5, Linear::engineering, 2, 3, L"1'-3.50\""},
+        {15.5, Linear::architectural, 1, 3, L"1'-3 1/2\""},
+        {2.625, Linear::fractional, 4, 0, L"2 5/8"},
+        {0.5, Linear::fractional, 1, 0, L"1/2"},
+        {-3.0, Linear::fractional, 4, 0, L"-3"},
         {1234567.891, Linear::desktop, 1, 0, L"1234567.9"},
     };
-    for (const LengthCase& c : cases) EXPECT_EQ(units::lengthText(c.length, formatOf(c)), c.text);
+    for (const LengthCase& c : cases)
+        EXPECT_EQ(units::lengthText(c.length, formatOf(c)), c.text);
 }
 
 TEST(LengthText, ZeroFeetAndInchesGoAsAsked)
 {
     const LengthCase cases[] = {
-        {12.0, Linear::architectural, 4, 0, L"1'"},     {12.0, Linear::architectural, 4, 1, L"1'-0\""},
-        {12.0, Linear::architectural, 4, 2, L"1'"},     {12.0, Linear::architectural, 4, 3, L"1'-0\""},
-        {6.0, Linear::architectural, 4, 0, L"6\""},     {6.0, Linear::architectural, 4, 1, L"0'-6\""},
-        {6.0, Linear::architectural, 4, 2, L"0'-6\""},  {6.0, Linear::architectural, 4, 3, L"6\""},
+        {12.0, Linear::architectural, 4, 0, L"1'"},       {12.0, Linear::architectural, 4, 1, L"1'-0\""},
+        {12.0, Linear::architectural, 4, 2, L"1'"},       {12.0, Linear::architectural, 4, 3, L"1'-0\""},
+        {6.0, Linear::architectural, 4, 0, L"6\""},       {6.0, Linear::architectural, 4, 1, L"0'-6\""},
+        {6.0, Linear::architectural, 4, 2, L"0'-6\""},    {6.0, Linear::architectural, 4, 3, L"6\""},
         {11.999, Linear::engineering, 1, 1, L"1'-0.0\""}, // rounding carries into the feet
     };
-    for (const LengthCase& c : cases) EXPECT_EQ(units::lengthText(c.length, formatOf(c)), c.text) << c.zeros;
+    for (const LengthCase& c : cases)
+        EXPECT_EQ(units::lengthText(c.length, formatOf(c)), c.text) << c.zeros;
 }
 
 TEST(LengthText, StacksFractionsForMultilineTexts)

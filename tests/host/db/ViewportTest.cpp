@@ -1,9 +1,9 @@
 #include "DatabaseFixture.h"
-#include "Drawn.h"
-#include "RecordLists.h"
 #include "dbblock.h"
 #include "dbcircle.h"
 #include "dbviewport.h"
+#include "Drawn.h"
+#include "RecordLists.h"
 
 #include <cmath>
 
@@ -64,7 +64,8 @@ TEST_F(Viewport, EveryStandardScaleReadsBack)
         EXPECT_EQ(mViewport.standardScale(), type);
         EXPECT_NEAR(mViewport.customScale(), acdbStandardScaleValue(type), 1e-12);
     }
-    EXPECT_EQ(mViewport.setStandardScale(static_cast<AcDbViewport::StandardScaleType>(35)), Acad::eInvalidInput);
+    EXPECT_EQ(mViewport.setStandardScale(static_cast<AcDbViewport::StandardScaleType>(35)),
+              Acad::eInvalidInput);
 }
 
 TEST_F(Viewport, ModelPointsGoToThePaper)
@@ -148,12 +149,15 @@ TEST_F(Viewport, OutlineGivesItsBoxAndKeepsTheScale)
 TEST_F(Viewport, ViewOfOldFilesStandsInExtendedData)
 {
     addLayer(L"HIDDEN");
-    const PackedGroups groups = groupsOf({{8, "0"}, {10, 5.0}, {20, 6.0}, {30, 0.0}, {40, 40.0}, {41, 20.0}, {68, 2.0},
-        {69, 2.0}, {1001, "ACAD"}, {1000, "MVIEW"}, {1002, "{"}, {1070, 16.0}, {1010, 1.0}, {1020, 2.0}, {1030, 3.0},
-        {1010, 0.0}, {1020, 0.0}, {1030, 1.0}, {1040, 0.5}, {1040, 200.0}, {1040, 11.0}, {1040, 12.0}, {1040, 50.0},
-        {1040, 0.0}, {1040, 0.0}, {1070, 1.0}, {1070, 1000.0}, {1070, 1.0}, {1070, 1.0}, {1070, 0.0}, {1070, 1.0},
-        {1070, 0.0}, {1070, 0.0}, {1040, 0.0}, {1040, 0.0}, {1040, 0.0}, {1040, 10.0}, {1040, 10.0}, {1040, 20.0},
-        {1040, 20.0}, {1070, 1.0}, {1002, "{"}, {1003, "HIDDEN"}, {1002, "}"}, {1002, "}"}});
+    const PackedGroups groups = groupsOf(
+        {{8, "0"},         {10, 5.0},     {20, 6.0},      {30, 0.0},       {40, 40.0},   {41, 20.0},
+         {68, 2.0},        {69, 2.0},     {1001, "ACAD"}, {1000, "MVIEW"}, {1002, "{"},  {1070, 16.0},
+         {1010, 1.0},      {1020, 2.0},   {1030, 3.0},    {1010, 0.0},     {1020, 0.0},  {1030, 1.0},
+         {1040, 0.5},      {1040, 200.0}, {1040, 11.0},   {1040, 12.0},    {1040, 50.0}, {1040, 0.0},
+         {1040, 0.0},      {1070, 1.0},   {1070, 1000.0}, {1070, 1.0},     {1070, 1.0},  {1070, 0.0},
+         {1070, 1.0},      {1070, 0.0},   {1070, 0.0},    {1040, 0.0},     {1040, 0.0},  {1040, 0.0},
+         {1040, 10.0},     {1040, 10.0},  {1040, 20.0},   {1040, 20.0},    {1070, 1.0},  {1002, "{"},
+         {1003, "HIDDEN"}, {1002, "}"},   {1002, "}"}});
     auto* viewport = new AcDbViewport;
     addToPaper(viewport);
     ListSource source(groups, &mDatabase);
@@ -182,7 +186,8 @@ TEST_F(Viewport, GroupsGiveTheSameViewport)
     mViewport.setShadePlot(AcDbViewport::kHidden);
     for (const DxfVersion version : {DxfVersion::r12, DxfVersion::r2000, DxfVersion::r2018}) {
         AcDbViewport copy;
-        EXPECT_EQ(rewritten(copy, written(mViewport, version), nullptr, version), textOf(written(mViewport, version)));
+        EXPECT_EQ(rewritten(copy, written(mViewport, version), nullptr, version),
+                  textOf(written(mViewport, version)));
         EXPECT_EQ(copy.isLocked(), version != DxfVersion::r12);
     }
 }
@@ -193,7 +198,8 @@ TEST_F(Viewport, RefusesWhatIsOutOfRange)
     EXPECT_EQ(mViewport.setWidth(std::nan("")), Acad::eInvalidInput);
     EXPECT_EQ(mViewport.setViewDirection(AcGeVector3d()), Acad::eInvalidInput);
     EXPECT_EQ(mViewport.setCircleSides(0), Acad::eInvalidInput);
-    EXPECT_EQ(mViewport.setUcs(AcGePoint3d(), AcGeVector3d::kXAxis, AcGeVector3d::kXAxis), Acad::eInvalidInput);
+    EXPECT_EQ(mViewport.setUcs(AcGePoint3d(), AcGeVector3d::kXAxis, AcGeVector3d::kXAxis),
+              Acad::eInvalidInput);
     EXPECT_EQ(mViewport.setUcs(mDatabase.modelSpaceId()), Acad::eInvalidInput);
     AcGeMatrix3d uneven;
     uneven(0, 0) = 3.0;
