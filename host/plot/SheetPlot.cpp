@@ -1,6 +1,7 @@
 #include "SheetPlot.h"
 
 #include "DatabaseState.h"
+#include "ViewportPlot.h"
 #include "dblayout.h"
 
 namespace plot
@@ -16,6 +17,10 @@ void drawSheet(Canvas& canvas, PlotStyles& styles, const AcDbBlockTableRecord& b
     view.points.mode = static_cast<int>(header.integer("$PDMODE"));
     view.points.size = header.real("$PDSIZE");
     view.hasWeights = !layout || layout->printLineweights();
+    // A plot may put the paper's own entities above what the viewports show; as a rule they lie below.
+    const bool viewportsFirst = layout && layout->drawViewportsFirst();
+    if (viewportsFirst) drawViewports(canvas, styles, block, view);
     drawBlock(canvas, styles, block, view);
+    if (layout && !viewportsFirst) drawViewports(canvas, styles, block, view);
 }
 } // namespace plot
