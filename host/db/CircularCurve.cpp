@@ -1,5 +1,6 @@
 #include "dbcircular.h"
 
+#include "dbarc.h"
 #include "dbelipse.h"
 #include "DxfFields.h"
 #include "gearc3d.h"
@@ -110,6 +111,14 @@ std::unique_ptr<AcGeCurve3d> DbCircularCurve::makeGeCurve() const
     const AcGeMatrix3d ecs = ocsToWorld(mNormal);
     return std::make_unique<AcGeCircArc3d>(ecs * mCenter, ecs * AcGeVector3d::kZAxis,
                                            ecs * AcGeVector3d::kXAxis, mRadius, start, end);
+}
+
+std::unique_ptr<AcDbCurve> DbCircularCurve::makePiece(double from, double to) const
+{
+    auto arc = std::make_unique<AcDbArc>(center(), mNormal, mRadius, from, to);
+    arc->setThickness(mThickness);
+    arc->setPropertiesFrom(this);
+    return arc;
 }
 
 std::unique_ptr<AcGeCurve3d> DbCircularCurve::makeExtendedGeCurve() const

@@ -255,6 +255,14 @@ std::unique_ptr<AcGeCurve3d> AcDbEllipse::makeGeCurve() const
                                             mRatio * radius, start, end);
 }
 
+std::unique_ptr<AcDbCurve> AcDbEllipse::makePiece(double from, double to) const
+{
+    std::unique_ptr<AcDbEllipse> piece(AcDbEllipse::cast(clone()));
+    piece->setStartParam(from);
+    piece->setEndParam(to);
+    return piece;
+}
+
 std::unique_ptr<AcGeCurve3d> AcDbEllipse::makeExtendedGeCurve() const
 {
     std::unique_ptr<AcGeCurve3d> ellipse = makeGeCurve();

@@ -1,10 +1,12 @@
 #include "dbline.h"
 
+#include "acgi.h"
 #include "ClassRegistration.h"
 #include "DxfFields.h"
-#include "acgi.h"
 #include "geline3d.h"
 #include "gelnsg3d.h"
+
+#include <cmath>
 
 ACDB_DXF_CLASS(AcDbLine, AcDbCurve, LINE)
 
@@ -81,7 +83,8 @@ Acad::ErrorStatus AcDbLine::reverseCurve()
     return status;
 }
 
-Acad::ErrorStatus AcDbLine::setFromAcGeCurve(const AcGeCurve3d& curve, const AcGeVector3d* normal, const AcGeTol&)
+Acad::ErrorStatus AcDbLine::setFromAcGeCurve(const AcGeCurve3d& curve, const AcGeVector3d* normal,
+                                             const AcGeTol&)
 {
     if (!curve.isKindOf(AcGe::kLineSeg3d)) return Acad::eInvalidInput;
     const auto& segment = static_cast<const AcGeLineSeg3d&>(curve);
@@ -92,7 +95,37 @@ Acad::ErrorStatus AcDbLine::setFromAcGeCurve(const AcGeCurve3d& curve, const AcG
     return status;
 }
 
-std::unique_ptr<AcGeCurve3d> AcDbLine::makeGeCurve() const { return std::make_unique<AcGeLineSeg3d>(mStart, mEnd); }
+Acad::ErrorStatus AcDbLine::extend(double param)
+{
+    const double length = mStart.distanceTo(mEnd);
+    if (!std::isfinite(param) || length == 0.0 || (param >= 0.0 && param <= length))
+        return Acad::eInvalidInput;
+    const AcGePoint3d point = mStart + param / length * (mEnd - mStart);
+    return param < 0.0 ? setStartPoint(point) : setEndPoint(point);
+}
+
+Acad::ErrorStatus AcDbLine::extend(bool extendStart, const AcGePoint3d& toPoint)
+{
+    AcGePoint3d point;
+    const Acad::ErrorStatus status = getClosestPointTo(toPoint, point, true);
+    if (status != Acad::eOk) return status;
+    return extendStart ? setStartPoint(point) : setEndPoint(point);
+}
+
+std::unique_ptr<AcDbCurve> AcDbLine::makePiece(double from, double to) const
+{
+    AcGePoint3d start, end;
+    if (getPointAtParam(from, start) != Acad::eOk || getPointAtParam(to, end) != Acad::eOk) return nullptr;
+    std::unique_ptr<AcDbLine> piece(AcDbLine::cast(clone()));
+    piece->mStart = start;
+    piece->mEnd = end;
+    return piece;
+}
+
+std::unique_ptr<AcGeCurve3d> AcDbLine::makeGeCurve() const
+{
+    return std::make_unique<AcGeLineSeg3d>(mStart, mEnd);
+}
 
 std::unique_ptr<AcGeCurve3d> AcDbLine::makeExtendedGeCurve() const
 {
@@ -107,7 +140,10 @@ double AcDbLine::geParam(double param) const
     return length > 0.0 ? param / length : param;
 }
 
-double AcDbLine::dbParam(double geParam) const { return geParam * mStart.distanceTo(mEnd); }
+double AcDbLine::dbParam(double geParam) const
+{
+    return geParam * mStart.distanceTo(mEnd);
+}
 
 Acad::ErrorStatus AcDbLine::subTransformBy(const AcGeMatrix3d& xform)
 {
@@ -151,16 +187,25 @@ Acad::ErrorStatus AcDbLine::subMoveGripPointsAt(const AcDbIntArray& indices, con
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbLine::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick, const AcGePoint3d& last,
-                                              AcGePoint3dArray& points) const
+Acad::ErrorStatus AcDbLine::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+                                              const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
     const std::unique_ptr<AcGeCurve3d> line = makeGeCurve();
     switch (mode) {
-    case AcDb::kOsModeEnd: points.append(pick.distanceTo(mStart) <= pick.distanceTo(mEnd) ? mStart : mEnd); break;
-    case AcDb::kOsModeMid: points.append(mStart + 0.5 * (mEnd - mStart)); break;
-    case AcDb::kOsModeNear: points.append(line->closestPointTo(pick)); break;
-    case AcDb::kOsModePerp: points.append(AcGeLine3d(mStart, mEnd).closestPointTo(last)); break;
-    default: break;
+    case AcDb::kOsModeEnd:
+        points.append(pick.distanceTo(mStart) <= pick.distanceTo(mEnd) ? mStart : mEnd);
+        break;
+    case AcDb::kOsModeMid:
+        points.append(mStart + 0.5 * (mEnd - mStart));
+        break;
+    case AcDb::kOsModeNear:
+        points.append(line->closestPointTo(pick));
+        break;
+    case AcDb::kOsModePerp:
+        points.append(AcGeLine3d(mStart, mEnd).closestPointTo(last));
+        break;
+    default:
+        break;
     }
     return Acad::eOk;
 }

@@ -79,6 +79,15 @@ std::unique_ptr<AcDbCurve> AcDbPolyline::makePath(const BulgePath& path) const
     return made;
 }
 
+Acad::ErrorStatus AcDbPolyline::setEndVertex(bool start, const AcGePoint2d& point, double bulge)
+{
+    const Acad::ErrorStatus status = beginChange();
+    if (status != Acad::eOk) return status;
+    (start ? mPoints.front() : mPoints.back()) = point;
+    if (bulge != 0.0) needBulges()[start ? 0 : mPoints.size() - 2] = bulge;
+    return status;
+}
+
 // The vertices, then the middles of the segments.
 Acad::ErrorStatus AcDbPolyline::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&,
                                                  AcDbIntArray&) const

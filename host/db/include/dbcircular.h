@@ -46,6 +46,7 @@ protected:
     bool holdsAngle(double angle) const;
     Acad::ErrorStatus setCircle(const AcGePoint3d& center, const AcGeVector3d& normal, double radius);
 
+    std::unique_ptr<AcDbCurve> makePiece(double from, double to) const override;
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
     std::unique_ptr<AcGeCurve3d> makeExtendedGeCurve() const override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;

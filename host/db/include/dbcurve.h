@@ -55,12 +55,15 @@ public:
     virtual Acad::ErrorStatus getOffsetCurves(double offset, AcDbVoidPtrArray& curves) const;
     virtual Acad::ErrorStatus getOffsetCurvesGivenPlaneNormal(const AcGeVector3d& normal, double offset,
                                                               AcDbVoidPtrArray& curves) const;
-    /// The pieces between the parameters, which ascend (the last may pass the end of a closed curve).
+    /// The pieces between the parameters, which ascend. A closed curve is cut at the parameters alone, so its last piece
+    /// runs over the start. eInvalidInput for parameters that are not on the curve or fall.
     virtual Acad::ErrorStatus getSplitCurves(const AcGeDoubleArray& params, AcDbVoidPtrArray& curves) const;
     virtual Acad::ErrorStatus getSplitCurves(const AcGePoint3dArray& points, AcDbVoidPtrArray& curves) const;
 
-    /// Lengthens or cuts to a parameter beyond the nearer end.
+    /// Lengthens the curve to a parameter beyond one of its ends. eInvalidInput for one that is not beyond,
+    /// eNotApplicable for a class without a natural way on.
     virtual Acad::ErrorStatus extend(double param);
+    /// Moves an end to the place of the extended curve that is nearest to a point.
     virtual Acad::ErrorStatus extend(bool extendStart, const AcGePoint3d& toPoint);
     /// The area that the curve and the chord between its ends enclose; never negative.
     virtual Acad::ErrorStatus getArea(double& area) const;
@@ -84,6 +87,9 @@ public:
     static const DxfClass dxf;
 
 protected:
+    /// The part between two parameters, with this curve's properties; `to` may pass the end of a closed curve. Null for
+    /// a part without length.
+    virtual std::unique_ptr<AcDbCurve> makePiece(double from, double to) const;
     /// The curve as a free one in world coordinates: what every member above works on unless a class does better. Null
     /// for a curve without shape (no vertices).
     virtual std::unique_ptr<AcGeCurve3d> makeGeCurve() const = 0;

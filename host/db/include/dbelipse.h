@@ -68,6 +68,7 @@ public:
     static const DxfClass dxf;
 
 protected:
+    std::unique_ptr<AcDbCurve> makePiece(double from, double to) const override;
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
     std::unique_ptr<AcGeCurve3d> makeExtendedGeCurve() const override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;

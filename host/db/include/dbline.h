@@ -30,6 +30,8 @@ public:
     Acad::ErrorStatus getEndPoint(AcGePoint3d& point) const override;
     Acad::ErrorStatus getArea(double& area) const override;
     Acad::ErrorStatus reverseCurve() override;
+    Acad::ErrorStatus extend(double param) override;
+    Acad::ErrorStatus extend(bool extendStart, const AcGePoint3d& toPoint) override;
     Acad::ErrorStatus setFromAcGeCurve(const AcGeCurve3d& curve, const AcGeVector3d* normal = nullptr,
                                        const AcGeTol& tol = AcGeContext::gTol) override;
 
@@ -37,6 +39,7 @@ public:
     static const DxfClass dxf;
 
 protected:
+    std::unique_ptr<AcDbCurve> makePiece(double from, double to) const override;
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
     std::unique_ptr<AcGeCurve3d> makeExtendedGeCurve() const override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;

@@ -32,6 +32,10 @@ public:
     Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
                                         bool extend = false) const override;
     Acad::ErrorStatus getArea(double& area) const override;
+    Acad::ErrorStatus extend(double param) override;
+    Acad::ErrorStatus extend(bool extendStart, const AcGePoint3d& toPoint) override;
+    Acad::ErrorStatus getProjectedCurve(const AcGePlane& plane, const AcGeVector3d& direction,
+                                        AcDbCurve*& projected) const override;
     void intersectionCurves(Curves& curves, bool extended) const override;
 
     /// The path as it is drawn: for fitted polylines along the fitted vertices. It may refer to the entity's
@@ -40,9 +44,12 @@ public:
 
 protected:
     virtual double pathThickness() const = 0;
+    /// Takes another place for the first or last vertex, and another bulge for its segment.
+    virtual Acad::ErrorStatus setEndVertex(bool start, const AcGePoint2d& point, double bulge) = 0;
     /// The entity of a part of the path, with the properties of this one that are not an entity's in general.
     virtual std::unique_ptr<AcDbCurve> makePath(const BulgePath& path) const = 0;
 
+    std::unique_ptr<AcDbCurve> makePiece(double from, double to) const override;
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;

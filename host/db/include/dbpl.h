@@ -98,6 +98,7 @@ public:
 
 protected:
     double pathThickness() const override { return mThickness; }
+    Acad::ErrorStatus setEndVertex(bool start, const AcGePoint2d& point, double bulge) override;
     std::unique_ptr<AcDbCurve> makePath(const BulgePath& path) const override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copy) const override;

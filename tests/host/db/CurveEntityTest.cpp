@@ -209,5 +209,59 @@ TEST_P(CurveEntity, PiecesCoverIt)
     EXPECT_NEAR(sum, length, 1e-9 * length);
 }
 
+TEST_P(CurveEntity, SplitPiecesFollowEachOther)
+{
+    const double first = mStart + 0.23 * (mEnd - mStart), second = mStart + 0.71 * (mEnd - mStart);
+    AcGeDoubleArray params;
+    params.append(first);
+    params.append(second);
+    AcDbVoidPtrArray pieces;
+    ASSERT_EQ(mCurve->getSplitCurves(params, pieces), Acad::eOk);
+    ASSERT_EQ(pieces.length(), mCurve->isClosed() ? 2 : 3);
+    double sum = 0.0, length = 0.0;
+    AcGePoint3d before = mCurve->isClosed() ? pointAt(0.23) : pointAt(0.0);
+    for (int i = 0; i < pieces.length(); ++i) {
+        const std::unique_ptr<AcDbCurve> piece(static_cast<AcDbCurve*>(pieces[i]));
+        double end = 0.0, own = 0.0;
+        AcGePoint3d from;
+        ASSERT_EQ(piece->getStartPoint(from), Acad::eOk);
+        ASSERT_EQ(piece->getEndParam(end), Acad::eOk);
+        ASSERT_EQ(piece->getDistAtParam(end, own), Acad::eOk);
+        EXPECT_LT(from.distanceTo(before), 1e-9);
+        piece->getEndPoint(before);
+        sum += own;
+    }
+    EXPECT_LT(before.distanceTo(mCurve->isClosed() ? pointAt(0.23) : pointAt(1.0)), 1e-9);
+    ASSERT_EQ(mCurve->getDistAtParam(mEnd, length), Acad::eOk);
+    EXPECT_NEAR(sum, length, 1e-9 * length);
+}
+
+TEST_P(CurveEntity, SplineOfItIsTheSameCurve)
+{
+    AcDbSpline* spline = nullptr;
+    ASSERT_EQ(mCurve->getSpline(spline), Acad::eOk);
+    const std::unique_ptr<AcDbSpline> owned(spline);
+    for (const AcGePoint3d& p : samples(40)) {
+        AcGePoint3d nearest;
+        ASSERT_EQ(spline->getClosestPointTo(p, nearest), Acad::eOk);
+        EXPECT_LT(nearest.distanceTo(p), 1e-8);
+    }
+}
+
+TEST_P(CurveEntity, ProjectionIsThatOfItsPoints)
+{
+    const AcGePlane plane({1, 2, 3}, {0.2, 0.3, 1.0});
+    const AcGeVector3d direction(0.1, 0.0, 1.0);
+    AcDbCurve* image = nullptr;
+    ASSERT_EQ(mCurve->getProjectedCurve(plane, direction, image), Acad::eOk);
+    const std::unique_ptr<AcDbCurve> owned(image);
+    const AcGeMatrix3d project = AcGeMatrix3d::projection(plane, direction);
+    for (const AcGePoint3d& p : samples(40)) {
+        AcGePoint3d nearest;
+        ASSERT_EQ(image->getClosestPointTo(project * p, nearest), Acad::eOk);
+        EXPECT_LT(nearest.distanceTo(project * p), 1e-8);
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(All, CurveEntity, testing::ValuesIn(curveSamples()),
                          [](const testing::TestParamInfo<CurveSample>& info) { return info.param.name; });

@@ -8,6 +8,7 @@
 #include "dbelipse.h"
 #include "dbline.h"
 #include "dbpl.h"
+#include "dbspline.h"
 
 #include <functional>
 #include <memory>
@@ -42,6 +43,35 @@ inline std::unique_ptr<AcDbPolyline> samplePolyline(bool closed, const AcGeVecto
     return polyline;
 }
 
+/// Through points, with a direction at the start; moved into the plane of a normal.
+inline std::unique_ptr<AcDbSpline> sampleFit(const AcGeVector3d& normal)
+{
+    AcGePoint3dArray points;
+    for (const AcGePoint3d& p : {AcGePoint3d(0, 0, 1), AcGePoint3d(2, 3, 1), AcGePoint3d(5, 1, 1),
+                                 AcGePoint3d(7, 6, 1), AcGePoint3d(1, 5, 1)})
+        points.append(p);
+    auto spline = std::make_unique<AcDbSpline>(points, AcGeVector3d(1, 1, 0), AcGeVector3d());
+    spline->transformBy(AcGeMatrix3d::planeToWorld(normal));
+    return spline;
+}
+
+/// A rational quadratic with four control points.
+inline std::unique_ptr<AcDbSpline> sampleRational(const AcGeVector3d& normal)
+{
+    AcGePoint3dArray points;
+    AcGeDoubleArray knots, weights;
+    for (const AcGePoint3d& p :
+         {AcGePoint3d(-1, 0, 1), AcGePoint3d(1, 6, 1), AcGePoint3d(5, 5, 1), AcGePoint3d(6, -2, 1)})
+        points.append(p);
+    for (const double knot : {0.0, 0.0, 0.0, 2.0, 5.0, 5.0, 5.0})
+        knots.append(knot);
+    for (const double weight : {1.0, 2.5, 0.7, 1.0})
+        weights.append(weight);
+    auto spline = std::make_unique<AcDbSpline>(2, true, false, false, points, knots, weights);
+    spline->transformBy(AcGeMatrix3d::planeToWorld(normal));
+    return spline;
+}
+
 inline std::vector<CurveSample> planarSamples(const std::string& where, const AcGeVector3d& normal)
 {
     const AcGePoint3d center = AcGePoint3d(2.0, 3.0, 1.0) + normal;
@@ -54,6 +84,8 @@ inline std::vector<CurveSample> planarSamples(const std::string& where, const Ac
          [=] { return std::make_unique<AcDbEllipse>(center, normal, major, 0.6, 5.0, 2.0); }},
         {"OpenPolyline" + where, [=] { return samplePolyline(false, normal); }},
         {"ClosedPolyline" + where, [=] { return samplePolyline(true, normal); }},
+        {"FitSpline" + where, [=] { return sampleFit(normal); }},
+        {"RationalSpline" + where, [=] { return sampleRational(normal); }},
     };
 }
 
