@@ -51,6 +51,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     if (status != Acad::eOk) return status;
     EntityAccess::resolveProperties(*entity);
     mEntities.push_back(id);
+    entity->addedToDrawing();
     return Acad::eOk;
 }
 

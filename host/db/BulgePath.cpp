@@ -2,6 +2,7 @@
 
 #include "gearc3d.h"
 #include "gelnsg3d.h"
+#include "genurb3d.h"
 #include "PlanarCoords.h"
 
 #include <algorithm>
@@ -144,4 +145,24 @@ std::unique_ptr<AcGeCurve3d> BulgePath::geSegment(int index, const AcGeMatrix3d&
     return std::make_unique<AcGeCircArc3d>(placed(center), axis,
                                            world * AcGeVector3d(toStart.x, toStart.y, 0.0), toStart.length(),
                                            0.0, std::fabs(at.sweep()));
+}
+
+// The middle control point of an arc lies where its end tangents meet, with the cosine of half the angle for
+// a weight (L. Piegl, W. Tiller: The NURBS Book, 1997, section 7.3).
+std::unique_ptr<AcGeCurve3d> BulgePath::geSegmentToMeet(int index, const AcGeMatrix3d& world) const
+{
+    constexpr double flat = 1e-3;
+    const BulgeSegment at = segment(index);
+    if (at.isPoint() || !at.isArc() || std::fabs(at.sweep()) > flat) return geSegment(index, world);
+    const AcGeVector2d chord = at.end() - at.start();
+    const AcGePoint2d apex =
+        at.start() + 0.5 * chord - (0.5 * std::tan(at.sweep() / 2.0)) * chord.perpVector();
+    AcGePoint3dArray points;
+    for (const AcGePoint2d& p : {at.start(), apex, at.end()})
+        points.append(world * AcGePoint3d(p.x, p.y, 0.0));
+    const double knots[] = {0.0, 0.0, 0.0, 1.0, 1.0, 1.0};
+    AcGeDoubleArray weights;
+    for (const double weight : {1.0, std::cos(at.sweep() / 2.0), 1.0})
+        weights.append(weight);
+    return std::make_unique<AcGeNurbCurve3d>(2, AcGeKnotVector(6, knots), points, weights);
 }

@@ -59,4 +59,6 @@ struct BulgePath {
 
     /// One segment as a free curve in world coordinates: a line segment or an arc; null for a point.
     std::unique_ptr<AcGeCurve3d> geSegment(int index, const AcGeMatrix3d& world) const;
+    /// The same for intersections: an arc so flat that its centre is too far to compute with is the equal spline.
+    std::unique_ptr<AcGeCurve3d> geSegmentToMeet(int index, const AcGeMatrix3d& world) const;
 };

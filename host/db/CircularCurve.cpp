@@ -113,6 +113,16 @@ std::unique_ptr<AcGeCurve3d> DbCircularCurve::makeGeCurve() const
                                            ecs * AcGeVector3d::kXAxis, mRadius, start, end);
 }
 
+Acad::ErrorStatus DbCircularCurve::getOffsetCurves(double offset, AcDbVoidPtrArray& curves) const
+{
+    if (!std::isfinite(offset) || offset == 0.0) return Acad::eInvalidInput;
+    if (mRadius + offset <= AcGeContext::gTol.equalPoint()) return Acad::eInvalidOffset;
+    auto* moved = static_cast<DbCircularCurve*>(clone());
+    moved->mRadius += offset;
+    curves.append(moved);
+    return Acad::eOk;
+}
+
 std::unique_ptr<AcDbCurve> DbCircularCurve::makePiece(double from, double to) const
 {
     auto arc = std::make_unique<AcDbArc>(center(), mNormal, mRadius, from, to);

@@ -1,14 +1,6 @@
 /// Members that are not there yet.
 
-#include "dbblock.h"
-#include "dbcurve.h"
 #include "dbdatabase.h"
-
-Acad::ErrorStatus AcDbCurve::getOffsetCurves(double, AcDbVoidPtrArray&) const { return Acad::eNotImplementedYet; }
-Acad::ErrorStatus AcDbCurve::getOffsetCurvesGivenPlaneNormal(const AcGeVector3d&, double, AcDbVoidPtrArray&) const
-{
-    return Acad::eNotImplementedYet;
-}
 
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId) { return Acad::eNotImplementedYet; }
 Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId) { return Acad::eNotImplementedYet; }

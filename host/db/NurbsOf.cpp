@@ -8,6 +8,16 @@
 
 namespace
 {
+/// Moves the start of a piece onto a point that it misses by rounding: ends of arcs are computed from their
+/// centres.
+void snapStart(AcGeNurbCurve3d& piece, const AcGePoint3d& to)
+{
+    constexpr double rounding = 1e-8;
+    const AcGePoint3d start = piece.controlPointAt(0);
+    const double size = start.distanceTo(piece.controlPointAt(piece.numControlPoints() - 1));
+    if (start.distanceTo(to) <= rounding * (1.0 + size)) piece.setControlPointAt(0, to);
+}
+
 /// Goes on with a piece that starts where the spline ends. Pieces of one degree can be joined.
 bool join(std::unique_ptr<AcGeNurbCurve3d>& whole, std::unique_ptr<AcGeNurbCurve3d> piece)
 {
@@ -18,6 +28,7 @@ bool join(std::unique_ptr<AcGeNurbCurve3d>& whole, std::unique_ptr<AcGeNurbCurve
     }
     if (piece->degree() < whole->degree()) piece->elevateDegree(whole->degree() - piece->degree());
     if (whole->degree() < piece->degree()) whole->elevateDegree(piece->degree() - whole->degree());
+    snapStart(*piece, whole->controlPointAt(whole->numControlPoints() - 1));
     AcGeError error = AcGe::kOk;
     whole->joinWith(*piece, error);
     return error == AcGe::kOk;

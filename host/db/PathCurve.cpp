@@ -31,14 +31,23 @@ AcGeVector3d placed(const BulgePath& path, const AcGeVector2d& v)
     return ocsToWorld(path.normal) * AcGeVector3d(v.x, v.y, 0.0);
 }
 
-AcGeVoidPointerArray pieces(const BulgePath& path)
+/// The segments in one curve; arcs that turn by less than an angle are straight.
+std::unique_ptr<AcGeCurve3d> chainOf(const BulgePath& path, double leastSweep)
 {
     AcGeVoidPointerArray all;
+    AcGeIntArray owned;
     const AcGeMatrix3d world = path.toWorld();
     for (int i = 0; i < path.segments(); ++i) {
-        if (std::unique_ptr<AcGeCurve3d> piece = path.geSegment(i, world)) all.append(piece.release());
+        const BulgeSegment segment = path.segment(i);
+        if (segment.isPoint()) continue;
+        owned.append(1);
+        if (std::fabs(segment.sweep()) < leastSweep) {
+            all.append(new AcGeLineSeg3d(placed(path, segment.start()), placed(path, segment.end())));
+        } else {
+            all.append(path.geSegment(i, world).release());
+        }
     }
-    return all;
+    return all.isEmpty() ? nullptr : std::make_unique<AcGeCompositeCurve3d>(all, owned);
 }
 
 /// A segment extended beyond its start or end: a ray, a whole line, or a whole circle.
@@ -177,9 +186,10 @@ void DbPathCurve::intersectionCurves(Curves& curves, bool extended) const
     const bool open = extended && !at.isClosed;
     const int last = at.segments() - 1;
     for (int i = 0; i <= last; ++i) {
-        std::unique_ptr<AcGeCurve3d> piece = at.geSegment(i, world);
+        std::unique_ptr<AcGeCurve3d> piece = at.geSegmentToMeet(i, world);
         if (!piece) continue;
         const bool atStart = open && i == 0, atEnd = open && i == last;
+        if (atStart || atEnd) piece = at.geSegment(i, world);
         if (atStart || atEnd) piece = extendedPiece(std::move(piece), atStart, atEnd);
         curves.push_back(std::move(piece));
     }
@@ -187,12 +197,13 @@ void DbPathCurve::intersectionCurves(Curves& curves, bool extended) const
 
 std::unique_ptr<AcGeCurve3d> DbPathCurve::makeGeCurve() const
 {
-    const AcGeVoidPointerArray all = pieces(path());
-    if (all.isEmpty()) return nullptr;
-    AcGeIntArray owned;
-    for (int i = 0; i < all.length(); ++i)
-        owned.append(1);
-    return std::make_unique<AcGeCompositeCurve3d>(all, owned);
+    return chainOf(path(), 0.0);
+}
+
+std::unique_ptr<AcGeCurve3d> DbPathCurve::makeGeCurveToOffset() const
+{
+    constexpr double straight = 1.6e-6;
+    return chainOf(path(), straight);
 }
 
 namespace

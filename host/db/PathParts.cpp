@@ -49,6 +49,13 @@ std::unique_ptr<AcDbCurve> DbPathCurve::makePiece(double from, double to) const
     return part.count < 2 ? nullptr : makePath(part);
 }
 
+std::unique_ptr<AcDbCurve> DbPathCurve::makeLike(const AcGeCurve3d& curve, const AcGeVector3d& normal) const
+{
+    AcDbPolyline polyline;
+    if (polyline.setFromAcGeCurve(curve, &normal) != Acad::eOk) return AcDbCurve::makeLike(curve, normal);
+    return makePath(polyline.path());
+}
+
 // A straight end moves along its line; an arc keeps its circle and gets another angle.
 Acad::ErrorStatus DbPathCurve::extend(double param)
 {

@@ -2,6 +2,7 @@
 
 #include "dbblock.h"
 #include "dbdatabase.h"
+#include "dbobjiter.h"
 #include "EntityAccess.h"
 #include "Stub.h"
 
@@ -41,6 +42,11 @@ std::vector<AcDbEntity*> VertexList::all() const
     for (const std::unique_ptr<AcDbEntity>& vertex : mOwned)
         found.push_back(vertex.get());
     return found;
+}
+
+AcDbObjectIterator* VertexList::iterator() const
+{
+    return mOwned.empty() ? new AcDbObjectIterator(mStored.ids) : new AcDbObjectIterator(all());
 }
 
 Acad::ErrorStatus VertexList::append(AcDbEntity& owner, AcDbObjectId& id, AcDbEntity* vertex)

@@ -28,6 +28,7 @@ public:
     void getEcs(AcGeMatrix3d& matrix) const override;
     /// Circles and arcs turn right-handed about their normal always.
     Acad::ErrorStatus reverseCurve() override { return Acad::eNotApplicable; }
+    Acad::ErrorStatus getOffsetCurves(double offset, AcDbVoidPtrArray& curves) const override;
 
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;

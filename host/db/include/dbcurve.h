@@ -2,9 +2,9 @@
 
 /// AcDbCurve: what lines, arcs, polylines, splines ... have in common: points by parameter and by length.
 ///
-/// Each class says what its parameters are (angles, lengths, vertex numbers, knots). Lengths are in drawing units from
-/// the start. On an endless or empty curve, and for parameters, points and lengths that are not on the curve, members
-/// return eInvalidInput or the status they name, and outputs are unchanged.
+/// Each class says what its parameters are (angles, lengths, vertex numbers, knots). Lengths are in drawing
+/// units from the start. On an endless or empty curve, and for parameters, points and lengths that are not on
+/// the curve, members return eInvalidInput or the status they name, and outputs are unchanged.
 
 #include "dbentity.h"
 #include "gecurv3d.h"
@@ -50,13 +50,19 @@ public:
     virtual Acad::ErrorStatus getOrthoProjectedCurve(const AcGePlane& plane, AcDbCurve*& projected) const;
     virtual Acad::ErrorStatus getProjectedCurve(const AcGePlane& plane, const AcGeVector3d& direction,
                                                 AcDbCurve*& projected) const;
-    /// Curves at a distance: for arcs and circles positive is outwards, for others to the right of the direction, seen
-    /// against the normal. Appends AcDbCurve* that the caller owns; eInvalidOffset when nothing is left.
+    /// Curves at a distance in the plane of the curve, with its properties: for arcs, circles and ellipses
+    /// positive is outwards, for lines, polylines and splines to the right of their direction, seen against
+    /// the normal. Lines and arcs stay such, corners are extended until they meet; ellipses and splines
+    /// become splines that deviate by no more than 1e-6 of the distance. Appends AcDbCurve* that the caller
+    /// owns, several where the curve pinches itself. eInvalidOffset when nothing is left, eNonPlanarEntity
+    /// for a curve without a plane.
     virtual Acad::ErrorStatus getOffsetCurves(double offset, AcDbVoidPtrArray& curves) const;
+    /// The same seen against another normal, which the plane must have; a line takes the plane through it
+    /// that is nearest to being perpendicular. eInvalidInput for another direction.
     virtual Acad::ErrorStatus getOffsetCurvesGivenPlaneNormal(const AcGeVector3d& normal, double offset,
                                                               AcDbVoidPtrArray& curves) const;
-    /// The pieces between the parameters, which ascend. A closed curve is cut at the parameters alone, so its last piece
-    /// runs over the start. eInvalidInput for parameters that are not on the curve or fall.
+    /// The pieces between the parameters, which ascend. A closed curve is cut at the parameters alone, so its
+    /// last piece runs over the start. eInvalidInput for parameters that are not on the curve or fall.
     virtual Acad::ErrorStatus getSplitCurves(const AcGeDoubleArray& params, AcDbVoidPtrArray& curves) const;
     virtual Acad::ErrorStatus getSplitCurves(const AcGePoint3dArray& points, AcDbVoidPtrArray& curves) const;
 
@@ -87,12 +93,17 @@ public:
     static const DxfClass dxf;
 
 protected:
-    /// The part between two parameters, with this curve's properties; `to` may pass the end of a closed curve. Null for
-    /// a part without length.
+    /// The part between two parameters, with this curve's properties; `to` may pass the end of a closed
+    /// curve. Null for a part without length.
     virtual std::unique_ptr<AcDbCurve> makePiece(double from, double to) const;
-    /// The curve as a free one in world coordinates: what every member above works on unless a class does better. Null
-    /// for a curve without shape (no vertices).
+    /// The entity for a curve that lies beside this one: of the class that suits it, with this one's
+    /// properties.
+    virtual std::unique_ptr<AcDbCurve> makeLike(const AcGeCurve3d& curve, const AcGeVector3d& normal) const;
+    /// The curve as a free one in world coordinates: what every member above works on unless a class does
+    /// better. Null for a curve without shape (no vertices).
     virtual std::unique_ptr<AcGeCurve3d> makeGeCurve() const = 0;
+    /// The curve as offsets are made of: without what is too flat to move.
+    virtual std::unique_ptr<AcGeCurve3d> makeGeCurveToOffset() const { return makeGeCurve(); }
     /// The curve extended as far as its class can be: a whole line or circle. Null: it cannot.
     virtual std::unique_ptr<AcGeCurve3d> makeExtendedGeCurve() const { return nullptr; }
     /// The parameters of the free curve, where the entity's are others: a linear map.

@@ -141,6 +141,8 @@ public:
     virtual void intersectionCurves(Curves&, bool /*extended*/) const {}
     /// The entities listed behind this one in files; null for classes without.
     virtual DbSubentities* subentities() { return nullptr; }
+    /// Told that it has been added to a drawing, so that what it owns can follow.
+    virtual void addedToDrawing() {}
     /// The last step of reading from a file, when every object is there.
     virtual void completeRead() {}
 

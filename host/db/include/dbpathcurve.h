@@ -50,7 +50,10 @@ protected:
     virtual std::unique_ptr<AcDbCurve> makePath(const BulgePath& path) const = 0;
 
     std::unique_ptr<AcDbCurve> makePiece(double from, double to) const override;
+    std::unique_ptr<AcDbCurve> makeLike(const AcGeCurve3d& curve, const AcGeVector3d& normal) const override;
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
+    /// Arcs whose height is below 2e-7 of their chord become their chords.
+    std::unique_ptr<AcGeCurve3d> makeGeCurveToOffset() const override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,

@@ -3,6 +3,8 @@
 /// Curves of every class, in the world's plane and in tilted ones, for tests of what all of them have in
 /// common.
 
+#include "db2dpl.h"
+#include "db3dpl.h"
 #include "dbarc.h"
 #include "dbcircle.h"
 #include "dbelipse.h"
@@ -72,6 +74,33 @@ inline std::unique_ptr<AcDbSpline> sampleRational(const AcGeVector3d& normal)
     return spline;
 }
 
+/// The closed sample with its vertices in objects.
+inline std::unique_ptr<AcDb2dPolyline> sampleOldPolyline(const AcGeVector3d& normal)
+{
+    const std::unique_ptr<AcDbPolyline> like = samplePolyline(true, normal);
+    auto polyline = std::make_unique<AcDb2dPolyline>();
+    for (unsigned i = 0; i < like->numVerts(); ++i) {
+        AcGePoint2d point;
+        double bulge = 0.0;
+        like->getPointAt(i, point);
+        like->getBulgeAt(i, bulge);
+        polyline->appendVertex(new AcDb2dVertex({point.x, point.y, 0.0}, bulge));
+    }
+    polyline->makeClosed();
+    polyline->setElevation(1.5);
+    polyline->setNormal(normal);
+    return polyline;
+}
+
+inline std::unique_ptr<AcDb3dPolyline> samplePolyline3d()
+{
+    AcGePoint3dArray points;
+    for (const AcGePoint3d& p :
+         {AcGePoint3d(0, 0, 0), AcGePoint3d(4, 0, 1), AcGePoint3d(5, 3, 4), AcGePoint3d(1, 6, 2)})
+        points.append(p);
+    return std::make_unique<AcDb3dPolyline>(AcDb::k3dSimplePoly, points);
+}
+
 inline std::vector<CurveSample> planarSamples(const std::string& where, const AcGeVector3d& normal)
 {
     const AcGePoint3d center = AcGePoint3d(2.0, 3.0, 1.0) + normal;
@@ -84,6 +113,7 @@ inline std::vector<CurveSample> planarSamples(const std::string& where, const Ac
          [=] { return std::make_unique<AcDbEllipse>(center, normal, major, 0.6, 5.0, 2.0); }},
         {"OpenPolyline" + where, [=] { return samplePolyline(false, normal); }},
         {"ClosedPolyline" + where, [=] { return samplePolyline(true, normal); }},
+        {"OldPolyline" + where, [=] { return sampleOldPolyline(normal); }},
         {"FitSpline" + where, [=] { return sampleFit(normal); }},
         {"RationalSpline" + where, [=] { return sampleRational(normal); }},
     };
@@ -93,6 +123,7 @@ inline std::vector<CurveSample> curveSamples()
 {
     std::vector<CurveSample> all{
         {"Line", [] { return std::make_unique<AcDbLine>(AcGePoint3d(1, 2, 3), AcGePoint3d(-4, 6, 5)); }}};
+    all.push_back({"Polyline3d", samplePolyline3d});
     for (const CurveSample& sample : planarSamples("", AcGeVector3d::kZAxis))
         all.push_back(sample);
     for (const CurveSample& sample : planarSamples("Tilted", tiltedNormal))

@@ -4,6 +4,8 @@
 
 #include "dbentity.h"
 
+class AcDbObjectIterator;
+
 /// As long as the owner is in no drawing the list owns its vertices; afterwards they are objects of the
 /// drawing.
 class VertexList
@@ -28,6 +30,9 @@ public:
         }
         return found;
     }
+
+    /// A new iterator over them that the caller deletes.
+    AcDbObjectIterator* iterator() const;
 
     /// Puts a new vertex behind another one of this list (null: first), or last. It then belongs to the list:
     /// to the drawing, open for write, when the owner is in one. eAlreadyInDb for a vertex of a drawing,
