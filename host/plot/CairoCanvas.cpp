@@ -182,14 +182,14 @@ void CairoCanvas::strokeLine(const Points& line, bool isClosed) const
     cairo_stroke(mFile.context());
 }
 
-void CairoCanvas::segments(const std::vector<HatchPiece>& lines, const Pen& pen)
+void CairoCanvas::segments(const std::vector<kernel::HatchPiece>& lines, const Pen& pen)
 {
     if (mTransforms.empty()) return;
     setPen(pen);
     // One path for each line would be a large file; one for all would be slow to fill.
     constexpr std::size_t batch = 256;
     std::size_t count = 0;
-    for (const HatchPiece& line : lines) {
+    for (const kernel::HatchPiece& line : lines) {
         for (const Points& part : clipLine(toDevice({line.start, line.end}), mBox)) {
             cairo_new_sub_path(mFile.context());
             addPath(mFile.context(), part);

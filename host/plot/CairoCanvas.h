@@ -21,7 +21,7 @@ public:
     void pushClip(const Loops& loops, FillRule rule) override;
     void popClip() override;
     void stroke(const Stroke& stroke, const Pen& pen) override;
-    void segments(const std::vector<HatchPiece>& lines, const Pen& pen) override;
+    void segments(const std::vector<kernel::HatchPiece>& lines, const Pen& pen) override;
     void dots(const Points& points, const Pen& pen) override;
     void fill(const Loops& loops, FillRule rule, const Paint& paint) override;
     double finest() const override;

@@ -2,11 +2,12 @@
 
 namespace plot
 {
-void drawHatch(Canvas& canvas, const Loops& loops, const std::vector<HatchFamily>& pattern, const Pen& pen)
+void drawHatch(Canvas& canvas, const Loops& loops, const std::vector<kernel::HatchFamily>& pattern,
+               const Pen& pen)
 {
-    HatchLimits limits;
+    kernel::HatchLimits limits;
     limits.finest = canvas.finest();
-    const HatchPieces pieces = hatchLoops(loops, pattern, limits);
+    const kernel::HatchPieces pieces = kernel::hatchLoops(loops, pattern, limits);
     if (pieces.isTooDense) {
         Paint tint;
         tint.ink = {pen.ink.color, pen.ink.opacity * 0.5};

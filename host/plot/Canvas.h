@@ -4,6 +4,7 @@
 
 #include "HatchFill.h"
 #include "IndexColors.h"
+#include "LineTypeDash.h"
 
 #include "gemat2d.h"
 
@@ -88,7 +89,7 @@ public:
 
     virtual void stroke(const Stroke& stroke, const Pen& pen) = 0;
     /// Draws many straight lines; the pen's dashes do not count.
-    virtual void segments(const std::vector<HatchPiece>& lines, const Pen& pen) = 0;
+    virtual void segments(const std::vector<kernel::HatchPiece>& lines, const Pen& pen) = 0;
     /// Round marks as wide as the pen.
     virtual void dots(const Points& points, const Pen& pen) = 0;
     virtual void fill(const Loops& loops, FillRule rule, const Paint& paint) = 0;
@@ -99,5 +100,6 @@ public:
 };
 
 /// Draws a hatch's pieces, and a tint of the pen's ink where a family of its lines is too dense.
-void drawHatch(Canvas& canvas, const Loops& loops, const std::vector<HatchFamily>& pattern, const Pen& pen);
+void drawHatch(Canvas& canvas, const Loops& loops, const std::vector<kernel::HatchFamily>& pattern,
+               const Pen& pen);
 } // namespace plot

@@ -2,7 +2,7 @@
 
 /// Keeps what is drawn in the range of numbers that a device takes.
 
-#include "HatchFill.h"
+#include "LineTypeDash.h"
 
 namespace plot
 {

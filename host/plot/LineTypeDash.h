@@ -9,6 +9,9 @@
 namespace plot
 {
 using Points = std::vector<AcGePoint2d>;
+/// Closed polygons; the last point of each is joined to the first. The area between them counts by a fill
+/// rule.
+using Loops = std::vector<Points>;
 
 /// A pattern as line types store it: above 0 a dash of this length, below 0 a gap, 0 a dot; in drawing units
 /// before scaling. An empty pattern, one without a gap and one with a number that is none is continuous.

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
-namespace plot
+namespace kernel
 {
 namespace
 {
@@ -60,7 +60,7 @@ bool isFinite(const AcGePoint2d& p)
     return std::isfinite(p.x) && std::isfinite(p.y);
 }
 
-bool isArea(const Points& loop)
+bool isArea(const Polygon& loop)
 {
     return loop.size() > 2 && std::all_of(loop.begin(), loop.end(), isFinite);
 }
@@ -85,7 +85,7 @@ public:
     }
 
     /// False when the family is too dense; nothing is drawn then.
-    bool run(const Loops& loops)
+    bool run(const Polygons& loops)
     {
         if (!(mAxes.spacing() > 0) || mAxes.spacing() < 1.5 * mLimits.finest || !collect(loops)) return false;
         std::sort(mCrossings.begin(), mCrossings.end());
@@ -96,9 +96,9 @@ public:
     }
 
 private:
-    bool collect(const Loops& loops)
+    bool collect(const Polygons& loops)
     {
-        for (const Points& loop : loops) {
+        for (const Polygon& loop : loops) {
             if (!isArea(loop)) continue;
             AcGePoint2d last = mAxes.toLocal(loop.back());
             for (const AcGePoint2d& point : loop) {
@@ -153,7 +153,7 @@ private:
     }
 
     FamilyAxes mAxes;
-    const DashPattern& mDashes;
+    const DashList& mDashes;
     const HatchLimits& mLimits;
     HatchPieces& mPieces;
     std::vector<Crossing> mCrossings;
@@ -162,11 +162,11 @@ private:
 };
 } // namespace
 
-HatchPieces hatchLoops(const Loops& loops, const std::vector<HatchFamily>& pattern, const HatchLimits& limits)
+HatchPieces hatchLoops(const Polygons& loops, const std::vector<HatchFamily>& pattern, const HatchLimits& limits)
 {
     HatchPieces pieces;
     for (const HatchFamily& family : pattern)
         if (!isUsable(family) || !FamilyFill(family, limits, pieces).run(loops)) pieces.isTooDense = true;
     return pieces;
 }
-} // namespace plot
+} // namespace kernel

@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <cmath>
 
-using namespace plot;
+using namespace kernel;
 
 namespace
 {
 constexpr double pi = 3.14159265358979323846;
 
-Points square(double from, double to)
+Polygon square(double from, double to)
 {
     return {{from, from}, {to, from}, {to, to}, {from, to}};
 }
@@ -40,9 +40,9 @@ double lengthOf(const HatchPieces& pieces)
     return length;
 }
 
-Points circle(double radius, int count)
+Polygon circle(double radius, int count)
 {
-    Points points;
+    Polygon points;
     for (int i = 0; i < count; ++i)
         points.push_back({radius * std::cos(2 * pi * i / count), radius * std::sin(2 * pi * i / count)});
     return points;
@@ -116,10 +116,10 @@ TEST(HatchFill, DotsLieOnAGrid)
 TEST(HatchFill, VerticesOnLinesKeepInsideAndOutsideApart)
 {
     // A diamond and a star with their points on lines: no line runs out of them.
-    const Points diamond = {{0, -2}, {2, 0}, {0, 2}, {-2, 0}};
+    const Polygon diamond = {{0, -2}, {2, 0}, {0, 2}, {-2, 0}};
     for (const HatchPiece& piece : hatchLoops({diamond}, {level(1)}).lines)
         EXPECT_NEAR(piece.end.x, 2 - std::abs(piece.end.y), 1e-9);
-    const Points zigzag = {{0, 0}, {1, 2}, {2, 1}, {3, 2}, {4, 0}, {3, 1}, {2, 0}, {1, 1}};
+    const Polygon zigzag = {{0, 0}, {1, 2}, {2, 1}, {3, 2}, {4, 0}, {3, 1}, {2, 0}, {1, 1}};
     for (const HatchPiece& piece : hatchLoops({zigzag}, {level(0.25)}).lines)
         EXPECT_LE(piece.end.x, 4);
 }

@@ -1,0 +1,38 @@
+#pragma once
+
+/// The loops of hatches as geometry.
+
+#include "dbhatchloop.h"
+#include "gecurv2d.h"
+#include "gemat2d.h"
+#include "HatchFill.h"
+
+namespace hatch
+{
+using Curves = std::vector<std::shared_ptr<const AcGeCurve2d>>;
+
+/// Null for an edge without shape (a radius of 0, a spline without enough points).
+std::shared_ptr<const AcGeCurve2d> curveOf(const Edge& edge);
+/// False for curves that are no edges: other classes, endless ones, numbers that are not finite.
+bool edgeOf(const AcGeCurve2d& curve, Edge& edge);
+/// The sides of a loop that have a shape.
+Curves curvesOf(const Loop& loop);
+/// Brings curves into the order and direction of one closed chain; false when they make none.
+bool chain(Curves& curves);
+/// The loop as chords that keep within a distance of it.
+kernel::Polygon flattened(const Loop& loop, double deviation);
+/// The loop after an affine map. Arcs become ellipses when it does not scale evenly.
+void mapLoop(Loop& loop, const AcGeMatrix2d& map);
+/// Never negative.
+double areaOf(const Loop& loop);
+
+/// A deviation far below what can be seen of loops of this size.
+double fineDeviation(const std::vector<Loop>& loops);
+kernel::Polygons polygonsOf(const std::vector<Loop>& loops, double deviation);
+/// How many loops each one lies in.
+std::vector<int> depthsOf(const kernel::Polygons& loops);
+/// Whether a loop at a depth bounds what is filled, by the style of the hatch (0 normal, 1 outer, 2 ignore).
+bool counts(int depth, int style);
+/// The loops that bound what is filled, by the even-odd rule.
+kernel::Polygons filledPolygons(const std::vector<Loop>& loops, int style, double deviation);
+} // namespace hatch
