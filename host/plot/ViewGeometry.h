@@ -67,6 +67,6 @@ private:
     double mTolerance; ///< in the plane
     std::vector<Level> mLevels;
     Pen mPen;                       ///< of the segments
-    std::vector<HatchPiece> mSegments; ///< lines that wait for others with their pen
+    std::vector<kernel::HatchPiece> mSegments; ///< lines that wait for others with their pen
 };
 } // namespace plot

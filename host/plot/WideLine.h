@@ -2,7 +2,7 @@
 
 /// Lines with a width of their own, such as polylines have.
 
-#include "HatchFill.h"
+#include "LineTypeDash.h"
 
 namespace plot
 {

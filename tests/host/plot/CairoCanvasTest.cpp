@@ -207,7 +207,7 @@ TEST_F(CairoCanvasTest, LetteringIsFilledWithItsInk)
 TEST_F(CairoCanvasTest, DenseHatchesAreTintedAndOthersDrawn)
 {
     plotHundred([](Canvas& c) {
-        HatchFamily dense, wide;
+        kernel::HatchFamily dense, wide;
         dense.offset.set(0, 0.01);
         wide.offset.set(0, 10);
         Pen pen;
