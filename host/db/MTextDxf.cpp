@@ -70,15 +70,14 @@ struct MTextRecord : MTextFields {
     static void readRotation(AcDbObject& object, const DxfField&, DxfSource& source)
     {
         AcDbMText& text = textOf(object);
-        text.mExtras.need().fileRotation = source.peek()->real * dxf::radiansPerDegree;
+        text.mExtras.need().fileRotation = source.angleOf(*source.peek());
         source.take();
     }
 
     static void writeRotation(const AcDbObject& object, const DxfField& field, DxfSink& sink)
     {
         const AcDbMText& text = textOf(object);
-        if (text.mExtras && text.mExtras->fileRotation)
-            sink.real(field.code, *text.mExtras->fileRotation / dxf::radiansPerDegree);
+        if (text.mExtras && text.mExtras->fileRotation) sink.angle(field.code, *text.mExtras->fileRotation);
     }
 
     static void readColumns(AcDbObject& object, const DxfField&, DxfSource& source)

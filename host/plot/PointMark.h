@@ -8,7 +8,8 @@ namespace plot
 {
 /// How a drawing shows points.
 struct PointStyle {
-    int mode = 0;    ///< PDMODE: 0 a dot, 1 nothing, 2 a plus, 3 a cross, 4 a tick; +32 a circle, +64 a square around it
+    /// PDMODE: 0 a dot, 1 nothing, 2 a plus, 3 a cross, 4 a tick; +32 a circle, +64 a square around it.
+    int mode = 0;
     double size = 0; ///< PDSIZE: above 0 in drawing units; below, percent of the page's height; 0: 5 percent
 
     /// The size in the units of a page with this height, on which a drawing unit is `scale` long.

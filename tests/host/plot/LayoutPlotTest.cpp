@@ -12,7 +12,8 @@ namespace
 {
 constexpr double pi = 3.14159265358979323846;
 
-/// A sheet of 100 by 100 with one viewport on it: 60 by 60 about its middle, which shows 30 by 30 of model space about (15, 15).
+/// A sheet of 100 by 100 with one viewport on it: 60 by 60 about its middle, which shows 30 by 30 of model space
+/// about (15, 15).
 class LayoutPlotTest : public DrawingFixture
 {
 protected:

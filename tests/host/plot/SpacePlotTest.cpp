@@ -17,7 +17,8 @@ protected:
         solid->setColorIndex(static_cast<std::uint16_t>(color));
         return solid;
     }
-    /// A reference to a block with marks at 0 (layer 0, by layer), 20 (layer 0, by block) and 40 (layer "blue", by layer).
+    /// A reference to a block with marks at 0 (layer 0, by layer), 20 (layer 0, by block) and 40 (layer "blue", by
+    /// layer).
     void addMarks(double y, AcDbObjectId layer, int color)
     {
         if (block.isNull()) {
