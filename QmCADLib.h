@@ -3,11 +3,18 @@
 /// What a module includes: every public header of the library.
 
 #include "AlgorString.h"
+#include "CArxUtils.h"
+#include "CDebugError.h"
 #include "CEncoding.h"
+#include "CFamStuGlobe.h"
 #include "CFamStuIniFile.h"
+#include "CFamStuPub.h"
 #include "CFamStuStr.h"
+#include "CGloableVar.h"
 #include "CMatrix.h"
 #include "CMatrixHelper.h"
+#include "ConfigManager.h"
 #include "CRegexString.h"
 #include "CtransStr.h"
 #include "ExprEvaluate.h"
+#include "FileInfo.h"

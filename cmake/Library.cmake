@@ -26,7 +26,9 @@ qm_library_folder(text)
 # Runs after a look at the processor only.
 set_source_files_properties(${CMAKE_SOURCE_DIR}/text/Utf8Blocks.cpp PROPERTIES COMPILE_OPTIONS -mssse3)
 
-set(QM_LIBRARY_FOLDERS geometry text)
+qm_library_folder(frame USES lib_text)
+
+set(QM_LIBRARY_FOLDERS frame geometry text)
 list(TRANSFORM QM_LIBRARY_FOLDERS PREPEND lib_ OUTPUT_VARIABLE folder_targets)
 list(TRANSFORM folder_targets REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE folder_objects)
 arx_add_module(QmCADLib ${folder_objects} $<TARGET_OBJECTS:lib_geometry_dense> VERSION ${PROJECT_VERSION}.0)

@@ -1,0 +1,5 @@
+#include "CDebugError.h"
+
+void CArxUtils::CDebugError::RxErrorMsg(Acad::ErrorStatus) {}
+
+void CArxUtils::CDebugError::RxErrorMsg(Acad::ErrorStatus, CGTStringW) {}

@@ -1,0 +1,6 @@
+#include <windows.h>
+
+extern "C" __declspec(dllexport) bool Init()
+{
+    return INIT_RESULT;
+}
