@@ -15,4 +15,5 @@ for program in build/bench/bench_*; do
   echo "== $name"
   "$program" --benchmark_filter="$filter" --benchmark_out="out/bench/$name.json" --benchmark_out_format=json
 done
+/usr/bin/python3 bench/EzdxfPeer.py "$filter" out/bench/ezdxf.json
 python3 bench/ratios.py out/bench

@@ -8,15 +8,11 @@
 
 #include <filesystem>
 
-#include "AsciiWriter.h"
-#include "AtomicFile.h"
-#include "BinaryWriter.h"
+#include "DrawingMaker.h"
 #include "OpenDrawing.h"
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
-#include <random>
 #include <vector>
 
 namespace
@@ -24,124 +20,9 @@ namespace
 namespace fs = std::filesystem;
 using namespace dxf;
 
-/// The number of entities: QM_BENCH_ENTITIES, or 200,000.
-int entityCount()
+const bench::DrawingFile& drawing()
 {
-    const char* const text = std::getenv("QM_BENCH_ENTITIES");
-    return text ? std::atoi(text) : 200000;
-}
-
-class DrawingMaker
-{
-public:
-    explicit DrawingMaker(GroupWriter& to) : _to(to) {}
-
-    void make(int count)
-    {
-        _to.name(0, "SECTION");
-        _to.name(2, "HEADER");
-        _to.name(9, "$ACADVER");
-        _to.name(1, "AC1015");
-        _to.name(0, "ENDSEC");
-        _to.name(0, "SECTION");
-        _to.name(2, "ENTITIES");
-        for (int i = 0; i < count; ++i)
-            makeEntity(i);
-        _to.name(0, "ENDSEC");
-        _to.name(0, "EOF");
-        _to.finish();
-    }
-
-private:
-    double coordinate() { return std::uniform_real_distribution<double>(0, 1e5)(_random); }
-    void point(int code) { _to.point(code, coordinate(), coordinate(), 0); }
-
-    void start(const char* name, const char* marker, int i)
-    {
-        _to.name(0, name);
-        _to.handle(5, 0x100u + static_cast<unsigned>(i));
-        _to.name(100, "AcDbEntity");
-        _to.name(8, i % 3 ? "0" : "Walls");
-        _to.integer(62, i % 256);
-        _to.name(100, marker);
-    }
-
-    void makeEntity(int i)
-    {
-        switch (i % 4) {
-        case 0:
-            start("LINE", "AcDbLine", i);
-            point(10);
-            point(11);
-            break;
-        case 1:
-        case 2:
-            start(i % 4 == 1 ? "CIRCLE" : "ARC", "AcDbCircle", i);
-            point(10);
-            _to.real(40, coordinate());
-            if (i % 4 == 2) arcAngles();
-            break;
-        default:
-            makePolyline(i);
-        }
-        if (i % 10 == 0) makeXdata();
-    }
-
-    void arcAngles()
-    {
-        _to.name(100, "AcDbArc");
-        _to.real(50, 45);
-        _to.real(51, 270.5);
-    }
-
-    void makePolyline(int i)
-    {
-        start("LWPOLYLINE", "AcDbPolyline", i);
-        _to.integer(90, 8);
-        _to.integer(70, 1);
-        for (int k = 0; k < 8; ++k) {
-            _to.real(10, coordinate());
-            _to.real(20, coordinate());
-        }
-    }
-
-    void makeXdata()
-    {
-        _to.name(1001, "MAKER");
-        _to.name(1000, "a note on this entity");
-        _to.integer(1070, 7);
-        _to.real(1040, coordinate());
-    }
-
-    GroupWriter& _to;
-    std::mt19937 _random{1};
-};
-
-/// The drawing that every benchmark reads, made once and removed at the end.
-class DrawingFile
-{
-public:
-    DrawingFile()
-        : _path(fs::temp_directory_path() / ("groups-" + std::to_string(std::random_device()()) + ".dxf"))
-    {
-        AtomicFile file(_path.wstring());
-        AsciiWriter writer(file, TextEncoding(1252));
-        DrawingMaker(writer).make(entityCount());
-        if (file.commit() != FileStatus::done) std::abort();
-    }
-    ~DrawingFile() { fs::remove(_path); }
-
-    const fs::path& path() const { return _path; }
-    fs::path copy() const { return fs::path(_path).concat(".out"); }
-    std::int64_t size() const { return static_cast<std::int64_t>(fs::file_size(_path)); }
-
-private:
-    fs::path _path;
-};
-
-const DrawingFile& drawing()
-{
-    static const DrawingFile file;
+    static const bench::DrawingFile file(bench::entityCount());
     return file;
 }
 

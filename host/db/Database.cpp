@@ -156,9 +156,3 @@ AcDbObjectId AcDbDatabase::continuousLinetype() const { return mState->continuou
 AcDbObjectId AcDbDatabase::modelSpaceId() const { return mState->modelSpace; }
 AcDbObjectId AcDbDatabase::currentSpaceId() const { return mState->modelSpace; }
 
-AcDbObjectId AcDbDatabase::clayer() const { return mState->clayer; }
-AcDbObjectId AcDbDatabase::celtype() const { return mState->celtype; }
-AcDbObjectId AcDbDatabase::textstyle() const { return mState->textstyle; }
-AcCmColor AcDbDatabase::cecolor() const { return mState->cecolor; }
-double AcDbDatabase::celtscale() const { return mState->celtscale; }
-AcDb::LineWeight AcDbDatabase::celweight() const { return mState->celweight; }

@@ -26,10 +26,8 @@ struct DatabaseState {
     bool needsRecovery = false; ///< the file had faults that were repaired
 
     // What new entities get.
-    AcDbObjectId clayer, celtype, textstyle;
+    AcDbObjectId clayer, celtype, textstyle, dimstyle;
     AcCmColor cecolor;
-    double celtscale = 1.0;
-    AcDb::LineWeight celweight = AcDb::kLnWtByLayer;
 };
 
 struct DatabaseAccess {

@@ -101,12 +101,17 @@ void takeHeader(ReadContext& context)
 {
     DatabaseState& state = context.state();
     if (const UINT codePage = codePageOfName(utf8Of(state.header.text("$DWGCODEPAGE")))) state.codePage = codePage;
-    const auto named = [&](TableKind kind, const char* variable, AcDbObjectId otherwise) {
+    // A name that the drawing does not define stays in the header as it is.
+    const auto named = [&](TableKind kind, const char* variable) {
         AcDbStub* stub = context.find(kind, utf8Of(state.header.text(variable)));
-        return stub && stub->object ? AcDbObjectId(stub) : otherwise;
+        return stub && stub->object ? AcDbObjectId(stub) : AcDbObjectId();
     };
-    state.clayer = named(TableKind::layer, "$CLAYER", state.layerZero);
-    state.celtype = named(TableKind::linetype, "$CELTYPE", state.byLayer);
+    state.clayer = named(TableKind::layer, "$CLAYER");
+    state.celtype = named(TableKind::linetype, "$CELTYPE");
+    state.textstyle = named(TableKind::textStyle, "$TEXTSTYLE");
+    state.dimstyle = named(TableKind::dimStyle, "$DIMSTYLE");
+    AcCmColor color;
+    if (color.setColorIndex(static_cast<int>(state.header.integer("$CECOLOR"))) == Acad::eOk) state.cecolor = color;
 }
 
 void complete(ReadContext& context)

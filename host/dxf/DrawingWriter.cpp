@@ -24,6 +24,11 @@ void forEachBlock(const DatabaseState& state, Call call)
     }
 }
 
+void setName(HeaderVariables& header, const char* variable, AcDbObjectId id)
+{
+    if (const auto* record = AcDbSymbolTableRecord::cast(residentObject(id))) header.setText(variable, record->name());
+}
+
 bool isOfObjects(const AcDbStub& stub)
 {
     const AcDbObject* object = stub.object;
@@ -62,6 +67,11 @@ void DrawingWriter::writeHeader()
     HeaderVariables header = _state.header;
     header.setText("$ACADVER", wideOf(nameOf(_version)));
     header.setText("$DWGCODEPAGE", wideOf(nameOfCodePage(_state.codePage)));
+    setName(header, "$CLAYER", _state.clayer);
+    setName(header, "$CELTYPE", _state.celtype);
+    setName(header, "$TEXTSTYLE", _state.textstyle);
+    setName(header, "$DIMSTYLE", _state.dimstyle);
+    header.setInteger("$CECOLOR", _state.cecolor.colorIndex());
     PackedGroups& seed = header.at("$HANDSEED");
     seed.clear();
     seed.appendHandle(5, _state.stubs.nextHandle());

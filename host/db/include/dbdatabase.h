@@ -4,13 +4,18 @@
 
 #include "acdb.h"
 #include "dbcolor.h"
+#include "dbheadervars.inl"
 #include "dbobject.h"
 #include "dbsymtb.h"
+#include "gepnt2d.h"
+#include "gepnt3d.h"
+#include "gevec3d.h"
 
 #include <atlstr.h>
 
 #include <memory>
 
+class SecurityParams;
 class AcDbDictionary;
 class AcDbDictionaryWithDefault;
 struct DatabaseState;
@@ -26,6 +31,43 @@ public:
     ~AcDbDatabase() override;
     AcDbDatabase(const AcDbDatabase&) = delete;
     AcDbDatabase& operator=(const AcDbDatabase&) = delete;
+
+    // Files. They are DXF files, whatever their name ends in.
+
+    enum OpenMode {
+        kForReadAndReadShare = 0,
+        kForReadAndWriteNoShare = 1,
+        kForReadAndAllShare = 2,
+        kTryForReadAndReadShare = 3
+    };
+    /// Fills the drawing from a file: ASCII or binary DXF, R12 to R2018. Only for a database that was made without a
+    /// default drawing and has not been filled: eInvalidInput otherwise. eFileNotFound, eFileAccessErr, eFileSystemErr;
+    /// eInvalidDwgVersion for a binary DWG file, which is not read; eBadDxfSequence for a file that is no drawing. The
+    /// drawing stays empty then. A damaged file is opened as far as it can be; needsRecovery() tells. `mode`,
+    /// `allowCPConversion` and `password` have no meaning for DXF files.
+    Acad::ErrorStatus readDwgFile(const ACHAR* fileName, OpenMode mode = kForReadAndAllShare,
+                                  bool allowCPConversion = false, const wchar_t* password = nullptr);
+    /// The same; what was repaired is written into a text file, a line each.
+    Acad::ErrorStatus dxfIn(const ACHAR* fileName, const ACHAR* logFileName = nullptr);
+    /// Writes the drawing as an ASCII DXF file of a version from R2000 on (eInvalidDwgVersion before). The new file is
+    /// there whole, or the old one is what it was: eFileAccessErr, eFileNotFound (its folder), eOutOfDisk,
+    /// eFileSystemErr. With `bakAndRename` the old file stays as *.bak.
+    Acad::ErrorStatus saveAs(const ACHAR* fileName, bool bakAndRename, AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT,
+                             const SecurityParams* security = nullptr);
+    Acad::ErrorStatus saveAs(const ACHAR* fileName, const SecurityParams* security = nullptr);
+    /// Saves under the name that the drawing was read from, with a backup; eInvalidInput when it has none.
+    Acad::ErrorStatus save();
+    /// Like saveAs. Numbers have the shortest text that reads back as the same number, whatever the `precision`
+    /// (0 to 16; eInvalidInput otherwise).
+    Acad::ErrorStatus dxfOut(const ACHAR* fileName, int precision = 16, AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT,
+                             bool saveThumbnailImage = false);
+    /// The name that the drawing was read from; eNoDatabase and an empty text when it has none.
+    Acad::ErrorStatus getFilename(const ACHAR*& fileName) const;
+    /// The version of the file that was read; the current one for a new drawing.
+    AcDb::AcDbDwgVersion originalFileVersion() const;
+    AcDb::AcDbDwgVersion lastSavedAsVersion() const;
+    /// Whether the file that was read had faults, which were repaired.
+    bool needsRecovery() const;
 
     // Finding objects.
 
@@ -124,13 +166,43 @@ public:
     Acad::ErrorStatus setCeltype(AcDbObjectId linetype);
     AcCmColor cecolor() const;
     Acad::ErrorStatus setCecolor(const AcCmColor& color);
-    double celtscale() const;
-    Acad::ErrorStatus setCeltscale(double scale);
     /// The current text style.
     AcDbObjectId textstyle() const;
     Acad::ErrorStatus setTextstyle(AcDbObjectId style);
-    AcDb::LineWeight celweight() const;
-    Acad::ErrorStatus setCelweight(AcDb::LineWeight weight);
+    /// The current dimension style.
+    AcDbObjectId dimstyle() const;
+    Acad::ErrorStatus setDimstyle(AcDbObjectId style);
+
+    // Variables of the header. Setters: eInvalidInput for a value out of range or not finite, and nothing changed.
+    // Limits and extents are those of model space, with a p
+    // those of the current layout.
+
+    /// The direction of the angle 0, in radians from the X axis.
+    double angbase() const;
+    Acad::ErrorStatus setAngbase(double radians);
+
+#define ACDB_DECLARE_REAL(GET, SET, NAME, LEAST, MOST)                                                       \
+    double GET() const;                                                                                      \
+    Acad::ErrorStatus SET(double value);
+#define ACDB_DECLARE_INTEGER(TYPE, GET, SET, NAME, LEAST, MOST)                                              \
+    TYPE GET() const;                                                                                        \
+    Acad::ErrorStatus SET(TYPE value);
+#define ACDB_DECLARE_POINT(TYPE, GET, SET, NAME)                                                             \
+    TYPE GET() const;                                                                                        \
+    Acad::ErrorStatus SET(const TYPE& value);
+#define ACDB_DECLARE_FRAME(TYPE, GET, NAME) TYPE GET() const;
+    ACDB_HEADER_REALS(ACDB_DECLARE_REAL)
+    ACDB_HEADER_INTEGERS(ACDB_DECLARE_INTEGER)
+    ACDB_HEADER_POINTS(ACDB_DECLARE_POINT)
+    ACDB_HEADER_FRAMES(ACDB_DECLARE_FRAME)
+#undef ACDB_DECLARE_REAL
+#undef ACDB_DECLARE_INTEGER
+#undef ACDB_DECLARE_POINT
+#undef ACDB_DECLARE_FRAME
+
+    /// Computes the extents of model space anew; of an empty one they are inside out (1e20, -1e20). `doBestFit` has no
+    /// meaning here: they are always the best.
+    Acad::ErrorStatus updateExt(bool doBestFit = false);
 
 private:
     friend struct DatabaseAccess;

@@ -1,0 +1,144 @@
+/// The variables of a drawing's header as members of the database.
+
+#include "DatabaseState.h"
+#include "Stub.h"
+#include "dbblock.h"
+#include "dbextent.h"
+
+#include <cmath>
+
+namespace
+{
+AcGePoint3d pointOf(const AcGePoint2d& point) { return {point.x, point.y, 0.0}; }
+AcGePoint3d pointOf(const AcGePoint3d& point) { return point; }
+
+void take(const AcGePoint3d& point, AcGePoint2d& to) { to.set(point.x, point.y); }
+void take(const AcGePoint3d& point, AcGePoint3d& to) { to = point; }
+void take(const AcGePoint3d& point, AcGeVector3d& to) { to = point.asVector(); }
+
+bool isFinite(const AcGePoint3d& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
+AcDbObjectId orElse(AcDbObjectId id, AcDbObjectId otherwise) { return id.isNull() || id.isErased() ? otherwise : id; }
+
+AcDbObjectId standardOf(AcDbObjectId table)
+{
+    AcDbObjectId id;
+    if (const auto* symbols = AcDbSymbolTable::cast(residentObject(table))) symbols->getAt(L"Standard", id);
+    return id;
+}
+
+/// The status of making an object the current one of its kind.
+template <class Record>
+Acad::ErrorStatus checkCurrent(const AcDbDatabase& database, AcDbObjectId id)
+{
+    if (id.isNull() || id.isErased() || !Record::cast(residentObject(id))) return Acad::eInvalidInput;
+    return id.database() == &database ? Acad::eOk : Acad::eWrongDatabase;
+}
+
+template <class Record>
+Acad::ErrorStatus setCurrent(const AcDbDatabase& database, AcDbObjectId id, AcDbObjectId& to)
+{
+    const Acad::ErrorStatus status = checkCurrent<Record>(database, id);
+    if (status == Acad::eOk) to = id;
+    return status;
+}
+} // namespace
+
+#define DEFINE_REAL(GET, SET, NAME, LEAST, MOST)                                                             \
+    double AcDbDatabase::GET() const { return mState->header.real(NAME); }                                   \
+    Acad::ErrorStatus AcDbDatabase::SET(double value)                                                        \
+    {                                                                                                        \
+        if (!(value >= (LEAST) && value <= (MOST))) return Acad::eInvalidInput;                              \
+        mState->header.setReal(NAME, value);                                                                 \
+        return Acad::eOk;                                                                                    \
+    }
+ACDB_HEADER_REALS(DEFINE_REAL)
+
+#define DEFINE_INTEGER(TYPE, GET, SET, NAME, LEAST, MOST)                                                    \
+    TYPE AcDbDatabase::GET() const { return static_cast<TYPE>(mState->header.integer(NAME)); }               \
+    Acad::ErrorStatus AcDbDatabase::SET(TYPE value)                                                          \
+    {                                                                                                        \
+        const int number = static_cast<int>(value);                                                          \
+        if (number < (LEAST) || number > (MOST)) return Acad::eInvalidInput;                                 \
+        mState->header.setInteger(NAME, number);                                                             \
+        return Acad::eOk;                                                                                    \
+    }
+ACDB_HEADER_INTEGERS(DEFINE_INTEGER)
+
+#define DEFINE_POINT(TYPE, GET, SET, NAME)                                                                   \
+    TYPE AcDbDatabase::GET() const                                                                           \
+    {                                                                                                        \
+        TYPE value;                                                                                          \
+        take(mState->header.point(NAME), value);                                                             \
+        return value;                                                                                        \
+    }                                                                                                        \
+    Acad::ErrorStatus AcDbDatabase::SET(const TYPE& value)                                                   \
+    {                                                                                                        \
+        if (!isFinite(pointOf(value))) return Acad::eInvalidInput;                                           \
+        mState->header.setPoint(NAME, pointOf(value));                                                       \
+        return Acad::eOk;                                                                                    \
+    }
+ACDB_HEADER_POINTS(DEFINE_POINT)
+
+#define DEFINE_FRAME(TYPE, GET, NAME)                                                                        \
+    TYPE AcDbDatabase::GET() const                                                                           \
+    {                                                                                                        \
+        TYPE value;                                                                                          \
+        take(mState->header.point(NAME), value);                                                             \
+        return value;                                                                                        \
+    }
+ACDB_HEADER_FRAMES(DEFINE_FRAME)
+
+double AcDbDatabase::angbase() const { return mState->header.real("$ANGBASE") * dxf::radiansPerDegree; }
+
+Acad::ErrorStatus AcDbDatabase::setAngbase(double radians)
+{
+    if (!std::isfinite(radians)) return Acad::eInvalidInput;
+    mState->header.setReal("$ANGBASE", radians / dxf::radiansPerDegree);
+    return Acad::eOk;
+}
+
+AcDbObjectId AcDbDatabase::clayer() const { return orElse(mState->clayer, mState->layerZero); }
+AcDbObjectId AcDbDatabase::celtype() const { return orElse(mState->celtype, mState->byLayer); }
+AcDbObjectId AcDbDatabase::textstyle() const { return orElse(mState->textstyle, standardOf(mState->textStyleTable)); }
+AcDbObjectId AcDbDatabase::dimstyle() const { return orElse(mState->dimstyle, standardOf(mState->dimStyleTable)); }
+AcCmColor AcDbDatabase::cecolor() const { return mState->cecolor; }
+
+Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId id) { return setCurrent<AcDbLayerTableRecord>(*this, id, mState->clayer); }
+Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId id)
+{
+    return setCurrent<AcDbLinetypeTableRecord>(*this, id, mState->celtype);
+}
+Acad::ErrorStatus AcDbDatabase::setTextstyle(AcDbObjectId id)
+{
+    return setCurrent<AcDbTextStyleTableRecord>(*this, id, mState->textstyle);
+}
+Acad::ErrorStatus AcDbDatabase::setDimstyle(AcDbObjectId id)
+{
+    return setCurrent<AcDbDimStyleTableRecord>(*this, id, mState->dimstyle);
+}
+Acad::ErrorStatus AcDbDatabase::setCecolor(const AcCmColor& color)
+{
+    mState->cecolor = color;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabase::updateExt(bool)
+{
+    AcDbExtents extents;
+    bool hasAny = false;
+    const auto* space = AcDbBlockTableRecord::cast(residentObject(mState->modelSpace));
+    for (const AcDbObjectId id : space->entityIds()) {
+        AcDbExtents one;
+        if (id.isErased() || static_cast<AcDbEntity*>(residentObject(id))->getGeomExtents(one) != Acad::eOk) continue;
+        extents.addExt(one);
+        hasAny = true;
+    }
+    // An empty drawing has its extents inside out.
+    setExtmin(hasAny ? extents.minPoint() : AcGePoint3d(1e20, 1e20, 1e20));
+    setExtmax(hasAny ? extents.maxPoint() : AcGePoint3d(-1e20, -1e20, -1e20));
+    return Acad::eOk;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+/// Reading and writing drawing files, which a folder above the database does.
+
+#include "acadstrc.h"
+
+class AcDbDatabase;
+
+namespace hooks
+{
+struct DrawingFiles {
+    /// Fills an empty database; what was repaired goes into a text file when `logPath` is not null.
+    Acad::ErrorStatus (*read)(AcDbDatabase& database, const wchar_t* path, const wchar_t* logPath) = nullptr;
+    /// `version` as DxfVersion has it.
+    Acad::ErrorStatus (*write)(AcDbDatabase& database, const wchar_t* path, int version, bool keepsBackup) = nullptr;
+};
+
+void setDrawingFiles(const DrawingFiles& files);
+} // namespace hooks
