@@ -4,6 +4,7 @@
 #include "ClassRegistration.h"
 #include "DatabaseState.h"
 #include "DbObjectAccess.h"
+#include "DefaultDrawing.h"
 #include "EntityAccess.h"
 #include "NamedObjects.h"
 #include "SymbolTableAccess.h"
@@ -80,6 +81,7 @@ AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool) : mState(std::make_un
     addTables(*this, *mState);
     addFirstRecords(*this, *mState);
     mState->namedObjects = addNamedObjects(*this);
+    if (buildDefaultDrawing) addDefaultContents(*this);
 }
 
 AcDbDatabase::~AcDbDatabase() = default;

@@ -7,6 +7,7 @@
 #include "CodePageName.h"
 #include "DrawingReader.h"
 #include "DrawingWriter.h"
+#include "NamedObjects.h"
 
 #include <memory>
 
@@ -120,6 +121,7 @@ void complete(ReadContext& context)
     defineMissing(context);
     completeBlocks(context);
     context.state().stubs.numberPending();
+    if (context.state().namedObjects.isNull()) context.state().namedObjects = addNamedObjects(context.database());
     takeHeader(context);
     completeEntities(context.state());
 }

@@ -92,13 +92,12 @@ void DrawingReader::keep()
 
 void DrawingReader::takeObject()
 {
-    const Record& record = _records.record();
+    Record& record = _records.record();
     AcRxClass* found = recordKindOf(record.name).classOf(record);
     const bool isObject = found && !found->isDerivedFrom(AcDbEntity::desc()) && found->isDerivedFrom(AcDbObject::desc());
     AcRxObject* made = isObject ? found->create() : nullptr;
     auto* object = made ? static_cast<AcDbObject*>(made) : new AcDbProxyObject(record.name);
-    _source.start(record);
-    const DxfFrame frame = dxfRead(*object, _source);
+    const DxfFrame frame = _source.read(*object, record);
     const AcDbObjectId id = _context.attach(*object, frame.handle, nullptr, frame.owner, &record);
     AcDbObjectId& root = _context.state().namedObjects;
     if (root.isNull() && record.name == "DICTIONARY") root = id;

@@ -5,6 +5,7 @@
 #include "SymbolTableAccess.h"
 
 #include <algorithm>
+#include <map>
 
 namespace dxf
 {
@@ -36,16 +37,63 @@ bool isOfObjects(const AcDbStub& stub)
            !object->isKindOf(AcDbEntity::desc()) && !object->isKindOf(AcDbSymbolTableRecord::desc()) &&
            !object->isKindOf(AcDbSymbolTable::desc());
 }
+
+struct ApplicationClass {
+    const char* record;
+    const char* name;
+};
+
+// Classes of objects that the host makes itself and that readers expect to be listed.
+constexpr ApplicationClass ownClasses[] = {
+    {"ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault"},
+    {"ACDBPLACEHOLDER", "AcDbPlaceHolder"},
+    {"DICTIONARYVAR", "AcDbDictionaryVar"},
+    {"LAYOUT", "AcDbLayout"},
+    {"PLOTSETTINGS", "AcDbPlotSettings"},
+    {"SCALE", "AcDbScale"},
+    {"SORTENTSTABLE", "AcDbSortentsTable"},
+};
+
+bool isListed(const DatabaseState& state, std::string_view record)
+{
+    DxfGroup group;
+    for (const PackedGroups& entry : state.classes) {
+        for (std::size_t at = 0; entry.read(at, group);) {
+            if (group.is(1) && group.text == record) return true;
+        }
+    }
+    return false;
+}
+
+/// How many objects have each record name.
+std::map<std::string_view, int> countRecords(const std::vector<AcDbStub*>& objects)
+{
+    std::map<std::string_view, int> counts;
+    for (const AcDbStub* stub : objects) ++counts[stub->object->dxfRecordName()];
+    return counts;
+}
+
+void writeClass(FileSink& sink, const ApplicationClass& own, int count)
+{
+    sink.text(0, "CLASS");
+    sink.text(1, own.record);
+    sink.text(2, own.name);
+    sink.text(3, "ObjectDBX Classes");
+    sink.integer(90, 0);
+    if (sink.version() >= static_cast<int>(FileVersion::r2004)) sink.integer(91, count);
+    sink.integer(280, 0);
+    sink.integer(281, 0);
+}
 } // namespace
 
 DrawingWriter::DrawingWriter(AcDbDatabase& database, GroupWriter& writer, FileVersion version)
-    : _database(database), _state(DatabaseAccess::of(database)), _writer(writer), _sink(writer, version),
-      _version(version)
+    : _state(DatabaseAccess::of(database)), _sink(writer, version), _version(version)
 {
 }
 
 void DrawingWriter::write()
 {
+    collectObjects();
     writeHeader();
     writeClasses();
     writeTables();
@@ -87,6 +135,11 @@ void DrawingWriter::writeClasses()
     for (const PackedGroups& entry : _state.classes) {
         _sink.text(0, "CLASS");
         writeGroups(entry, _sink);
+    }
+    const std::map<std::string_view, int> counts = countRecords(_objects);
+    for (const ApplicationClass& own : ownClasses) {
+        const auto at = counts.find(own.record);
+        if (at != counts.end() && !isListed(_state, own.record)) writeClass(_sink, own, at->second);
     }
     end();
 }
@@ -154,18 +207,22 @@ void DrawingWriter::writeEntity(AcDbEntity& entity)
     writeRecord(list->sequenceEnd);
 }
 
-void DrawingWriter::writeObjects()
+/// The objects of the last section: the root of all dictionaries, then by handle.
+void DrawingWriter::collectObjects()
 {
-    std::vector<AcDbStub*> objects;
     for (AcDbStub& stub : _state.stubs) {
-        if (isOfObjects(stub)) objects.push_back(&stub);
+        if (isOfObjects(stub)) _objects.push_back(&stub);
     }
     const AcDbStub* root = _state.namedObjects;
-    std::sort(objects.begin(), objects.end(), [&](const AcDbStub* a, const AcDbStub* b) {
+    std::sort(_objects.begin(), _objects.end(), [&](const AcDbStub* a, const AcDbStub* b) {
         return a == root ? b != root : b != root && a->handle < b->handle;
     });
+}
+
+void DrawingWriter::writeObjects()
+{
     begin("OBJECTS");
-    for (AcDbStub* stub : objects) writeRecord(stub);
+    for (AcDbStub* stub : _objects) writeRecord(stub);
     end();
 }
 

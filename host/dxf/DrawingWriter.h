@@ -26,14 +26,14 @@ private:
     void writeEntitiesOf(const AcDbBlockTableRecord& block);
     void writeEntity(AcDbEntity& entity);
     void writeRecord(AcDbObjectId id);
+    void collectObjects();
     void writeObjects();
     void writeKeptSections();
     void begin(const char* section);
     void end() { _sink.text(0, "ENDSEC"); }
 
-    AcDbDatabase& _database;
     DatabaseState& _state;
-    GroupWriter& _writer;
+    std::vector<AcDbStub*> _objects;
     FileSink _sink;
     FileVersion _version;
 };

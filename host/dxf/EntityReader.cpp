@@ -65,8 +65,7 @@ void EntityReader::beginBlock()
 {
     addMissingEnd();
     auto head = std::make_unique<AcDbBlockBegin>();
-    _source.start(_records.record());
-    const DxfFrame frame = dxfRead(*head, _source);
+    const DxfFrame frame = _source.read(*head, _records.record());
     _block = recordOfBlock(*head, frame);
     BlockAccess::takeHead(*_block, *head);
     BlockAccess::begin(*_block) = add(*head.release(), frame, _block->objectId());
@@ -104,8 +103,7 @@ void EntityReader::endBlock()
 {
     if (!_block) return _context.repair(RepairCode::strayRecord, &_records.record(), "no block is open: left out");
     auto* end = new AcDbBlockEnd;
-    _source.start(_records.record());
-    const DxfFrame frame = dxfRead(*end, _source);
+    const DxfFrame frame = _source.read(*end, _records.record());
     BlockAccess::end(*_block) = add(*end, frame, _block->objectId());
     _block = nullptr;
 }
@@ -130,8 +128,7 @@ AcDbEntity* EntityReader::makeEntity(const Record& record)
 void EntityReader::takeEntity()
 {
     AcDbEntity* entity = makeEntity(_records.record());
-    _source.start(_records.record());
-    const DxfFrame frame = dxfRead(*entity, _source);
+    const DxfFrame frame = _source.read(*entity, _records.record());
     AcDbBlockTableRecord& block = blockOf(frame);
     const AcDbObjectId id = add(*entity, frame, block.objectId());
     BlockAccess::list(block, id);
@@ -145,8 +142,7 @@ void EntityReader::takeSubentities(AcDbEntity& parent)
     while (isSubentity(_records.nextName()) && _records.next()) {
         if (_records.record().name == "SEQEND") return takeSequenceEnd(parent, *list);
         AcDbEntity* entity = makeEntity(_records.record());
-        _source.start(_records.record());
-        const DxfFrame frame = dxfRead(*entity, _source);
+        const DxfFrame frame = _source.read(*entity, _records.record());
         list->ids.push_back(add(*entity, frame, parent.objectId()));
     }
     _context.repair(RepairCode::noBlockEnd, nullptr, "a list of vertices or attributes without an end: it was ended");
@@ -157,8 +153,7 @@ void EntityReader::takeSubentities(AcDbEntity& parent)
 void EntityReader::takeSequenceEnd(AcDbEntity& parent, DbSubentities& list)
 {
     auto* end = new AcDbSequenceEnd;
-    _source.start(_records.record());
-    const DxfFrame frame = dxfRead(*end, _source);
+    const DxfFrame frame = _source.read(*end, _records.record());
     list.sequenceEnd = add(*end, frame, parent.objectId());
 }
 

@@ -10,7 +10,25 @@ bool isPlain(std::string_view text)
 {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0 && c != '^' && c != '\\'; });
 }
+/// Whether a record that has sections lacks that of the object's own class.
+bool lacksOwnSection(const AcDbObject& object, const Record& record)
+{
+    const DxfClass* own = object.dxfClass();
+    return own && own->marker() && record.find(100) && !record.hasSection(own->marker());
+}
 } // namespace
+
+DxfFrame FileSource::read(AcDbObject& object, Record& record)
+{
+    if (lacksOwnSection(object, record)) {
+        // Without any marker a group goes to the class that knows it, as in files before R13.
+        _context.repair(RepairCode::missingSection, &record, "the section of its class is not marked: found by its groups");
+        const auto isMarker = [](const Group& group) { return group.code() == 100; };
+        record.groups.erase(std::remove_if(record.groups.begin(), record.groups.end(), isMarker), record.groups.end());
+    }
+    start(record);
+    return dxfRead(object, *this);
+}
 
 void FileSource::start(const Record& record)
 {

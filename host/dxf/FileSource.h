@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DxfGroup.h"
+#include "DxfFields.h"
 #include "PackedGroups.h"
 #include "ReadContext.h"
 
@@ -12,6 +12,8 @@ class FileSource final : public DxfSource
 public:
     FileSource(ReadContext& context, const TextEncoding& encoding) : _context(context), _encoding(encoding) {}
 
+    /// Reads an object from its record, which has to outlive the reading.
+    DxfFrame read(AcDbObject& object, Record& record);
     /// Goes to the first group of a record, which has to outlive the reading.
     void start(const Record& record);
 

@@ -16,6 +16,7 @@ const char* nameOf(RepairCode code)
     case RepairCode::undefinedName: return "undefinedName";
     case RepairCode::strayRecord: return "strayRecord";
     case RepairCode::noBlockEnd: return "noBlockEnd";
+    case RepairCode::missingSection: return "missingSection";
     case RepairCode::missingTable: return "missingTable";
     }
     return "unknown";

@@ -19,6 +19,7 @@ enum class RepairCode : std::uint8_t {
     undefinedName,   ///< a name without a record: a record with default properties was made
     strayRecord,     ///< a record outside of a section, or in one where it cannot stand: left out
     noBlockEnd,      ///< a block or list of vertices without its end mark: it was added
+    missingSection,  ///< a record without the marker of its class: its groups were found all the same
     missingTable,    ///< a table or record that every drawing has: it was made
 };
 

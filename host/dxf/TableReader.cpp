@@ -77,16 +77,14 @@ void TableReader::takeTable()
     record.remove(2);
     if (_context.state().originalVersion < static_cast<int>(FileVersion::r13)) record.remove(70);
     std::unique_ptr<AcDbSymbolTable> table(info->makeTable());
-    _source.start(record);
-    const DxfFrame frame = dxfRead(*table, _source);
+    const DxfFrame frame = _source.read(*table, record);
     id = _context.attach(*table.release(), frame.handle, nullptr, AcDbObjectId(), &record);
 }
 
 void TableReader::takeRecord(const TableInfo& info)
 {
     std::unique_ptr<AcDbSymbolTableRecord> read(info.makeRecord());
-    _source.start(_records.record());
-    const DxfFrame frame = dxfRead(*read, _source);
+    const DxfFrame frame = _source.read(*read, _records.record());
     AcDbSymbolTable& table = tableOf(_context, info);
     AcDbStub* stub = stubOf(info, *read, frame);
     const CString name = nameFor(info, *read, frame.handle);

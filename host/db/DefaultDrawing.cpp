@@ -1,0 +1,98 @@
+#include "DefaultDrawing.h"
+
+#include "DatabaseState.h"
+#include "DxfKept.h"
+#include "SymbolTableAccess.h"
+#include "dbdict.h"
+#include "dbproxy.h"
+
+namespace
+{
+template <class Table, class Record>
+AcDbObjectId addRecord(AcDbDatabase& database, Record* record, const ACHAR* name)
+{
+    AcDbObjectId id;
+    Table* table = nullptr;
+    database.getSymbolTable(table, AcDb::kForWrite);
+    SymbolTableAccess::setName(*record, name);
+    table->add(id, record);
+    record->close();
+    table->close();
+    return id;
+}
+
+/// Puts a record that is nothing but groups into a dictionary.
+void addKept(AcDbObjectId dictionaryId, const ACHAR* name, const char* recordName, const PackedGroups& groups)
+{
+    AcDbDictionary* dictionary = nullptr;
+    if (acdbOpenObject(dictionary, dictionaryId, AcDb::kForWrite) != Acad::eOk) return;
+    auto* object = new AcDbProxyObject(recordName);
+    DxfGroup group;
+    for (std::size_t at = 0; groups.read(at, group);) keepGroup(*object, nullptr, group);
+    AcDbObjectId id;
+    dictionary->setAt(name, object, id);
+    object->close();
+    dictionary->close();
+}
+
+/// Two lines, half a unit to each side.
+PackedGroups multilineStyle()
+{
+    PackedGroups groups;
+    groups.appendText(100, "AcDbMlineStyle");
+    groups.appendText(2, "Standard");
+    groups.appendInteger(70, 0);
+    groups.appendText(3, "");
+    groups.appendInteger(62, 256);
+    groups.appendReal(51, 90.0);
+    groups.appendReal(52, 90.0);
+    groups.appendInteger(71, 2);
+    for (const double offset : {0.5, -0.5}) {
+        groups.appendReal(49, offset);
+        groups.appendInteger(62, 256);
+        groups.appendText(6, "BYLAYER");
+    }
+    return groups;
+}
+
+PackedGroups scaleOf(const char* name, double paper, double drawing)
+{
+    PackedGroups groups;
+    groups.appendText(100, "AcDbScale");
+    groups.appendInteger(70, 0);
+    groups.appendText(300, name);
+    groups.appendReal(140, paper);
+    groups.appendReal(141, drawing);
+    groups.appendInteger(290, paper == drawing);
+    return groups;
+}
+
+void addScales(AcDbDatabase& database)
+{
+    struct Scale {
+        const char* name;
+        double paper, drawing;
+    };
+    static const Scale scales[] = {{"1:1", 1, 1},   {"1:2", 1, 2},   {"1:4", 1, 4},   {"1:5", 1, 5},
+                                   {"1:8", 1, 8},   {"1:10", 1, 10}, {"1:16", 1, 16}, {"1:20", 1, 20},
+                                   {"1:30", 1, 30}, {"1:40", 1, 40}, {"1:50", 1, 50}, {"1:100", 1, 100},
+                                   {"2:1", 2, 1},   {"4:1", 4, 1},   {"8:1", 8, 1},   {"10:1", 10, 1},
+                                   {"100:1", 100, 1}};
+    CString entry;
+    int number = 0;
+    for (const Scale& scale : scales) {
+        entry.Format(L"A%d", number++);
+        addKept(database.scaleListDictionaryId(), entry, "SCALE", scaleOf(scale.name, scale.paper, scale.drawing));
+    }
+}
+} // namespace
+
+void addDefaultContents(AcDbDatabase& database)
+{
+    DatabaseState& state = DatabaseAccess::of(database);
+    addRecord<AcDbDimStyleTable>(database, new AcDbDimStyleTableRecord, L"Standard");
+    state.dimstyle = addRecord<AcDbDimStyleTable>(database, new AcDbDimStyleTableRecord, L"ISO-25");
+    addRecord<AcDbViewportTable>(database, new AcDbViewportTableRecord, L"*Active");
+    addKept(database.mLStyleDictionaryId(), L"Standard", "MLINESTYLE", multilineStyle());
+    addScales(database);
+}
