@@ -1,5 +1,5 @@
-// Drawings as databases: opening, saving, making and finding objects, against libdime. ezdxf, measured by EzdxfPeer.py, stands
-// beside them in the table.
+// Drawings as databases: opening, saving, making and finding objects, against libdime. ezdxf, measured by
+// EzdxfPeer.py, stands beside them in the table.
 
 // In front of <windows.h>, behind which these would be taken for headers of a Windows program.
 #include <dime/Input.h>
@@ -71,13 +71,19 @@ void openOurs(benchmark::State& state, File file)
     state.counters["goal"] = 1;
 }
 
+void readLibdime(benchmark::State& state, File file, dimeInput& input, dimeModel& model)
+{
+    const std::string path = file().path().string();
+    if (!input.setFile(path.c_str()) || !model.read(&input)) state.SkipWithError("libdime cannot read");
+}
+
 void openLibdime(benchmark::State& state, File file)
 {
     for (auto _ : state) {
         const auto start = std::chrono::steady_clock::now();
         dimeInput input;
         dimeModel model;
-        if (!input.setFile(file().path().string().c_str()) || !model.read(&input)) state.SkipWithError("libdime cannot read");
+        readLibdime(state, file, input, model);
         state.SetIterationTime(secondsOf(start));
     }
 }
@@ -88,7 +94,8 @@ void saveOurs(benchmark::State& state, File file)
     dxf::WriteOptions options;
     options.version = dxf::FileVersion::r2000;
     for (auto _ : state) {
-        if (dxf::writeDrawing(*database, file().copy().wstring(), options) != Acad::eOk) state.SkipWithError("cannot save");
+        const Acad::ErrorStatus status = dxf::writeDrawing(*database, file().copy().wstring(), options);
+        if (status != Acad::eOk) state.SkipWithError("cannot save");
     }
     state.counters["goal"] = 1;
     fs::remove(file().copy());
@@ -98,10 +105,11 @@ void saveLibdime(benchmark::State& state, File file)
 {
     dimeInput input;
     dimeModel model;
-    if (!input.setFile(file().path().string().c_str()) || !model.read(&input)) state.SkipWithError("libdime cannot read");
+    readLibdime(state, file, input, model);
     for (auto _ : state) {
         dimeOutput output;
-        if (!output.setFilename(file().copy().string().c_str()) || !model.write(&output)) state.SkipWithError("libdime cannot write");
+        const bool isOpen = output.setFilename(file().copy().string().c_str());
+        if (!isOpen || !model.write(&output)) state.SkipWithError("libdime cannot write");
     }
     fs::remove(file().copy());
 }
@@ -179,16 +187,17 @@ void findByHandle(benchmark::State& state, File file)
 }
 } // namespace
 
+#define QM_REAL Unit(benchmark::kMillisecond)->UseRealTime()
 #define QM_MANUAL Unit(benchmark::kMillisecond)->UseManualTime()
 
 BENCHMARK_CAPTURE(openOurs, usual, usual)->Name("DrawingOpen/ours")->QM_MANUAL;
 BENCHMARK_CAPTURE(openLibdime, usual, usual)->Name("DrawingOpen/libdime")->QM_MANUAL;
 BENCHMARK_CAPTURE(openOurs, large, large)->Name("DrawingOpenLarge/ours")->QM_MANUAL;
 BENCHMARK_CAPTURE(openLibdime, large, large)->Name("DrawingOpenLarge/libdime")->QM_MANUAL;
-BENCHMARK_CAPTURE(saveOurs, usual, usual)->Name("DrawingSave/ours")->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(saveLibdime, usual, usual)->Name("DrawingSave/libdime")->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(saveOurs, large, large)->Name("DrawingSaveLarge/ours")->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK_CAPTURE(saveLibdime, large, large)->Name("DrawingSaveLarge/libdime")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(saveOurs, usual, usual)->Name("DrawingSave/ours")->QM_REAL;
+BENCHMARK_CAPTURE(saveLibdime, usual, usual)->Name("DrawingSave/libdime")->QM_REAL;
+BENCHMARK_CAPTURE(saveOurs, large, large)->Name("DrawingSaveLarge/ours")->QM_REAL;
+BENCHMARK_CAPTURE(saveLibdime, large, large)->Name("DrawingSaveLarge/libdime")->QM_REAL;
 BENCHMARK_CAPTURE(openEach, large, large, 1 / 1.2)->Name("DrawingOpenGrowth/ours")->UseManualTime();
 BENCHMARK_CAPTURE(openEach, small, small, 0)->Name("DrawingOpenGrowth/tenth")->UseManualTime();
 BENCHMARK_CAPTURE(makeLinesOurs, libdime, 0.25)->Name("LinesMade/ours")->QM_MANUAL;

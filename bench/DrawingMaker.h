@@ -1,6 +1,7 @@
 #pragma once
 
-/// The drawing that benchmarks of files read and write: lines, circles, arcs and polylines, one in ten with extended data.
+/// The drawing that benchmarks of files read and write: lines, circles, arcs and polylines, one in ten
+/// with extended data.
 
 #include "AsciiWriter.h"
 #include "AtomicFile.h"

@@ -1,13 +1,14 @@
 #include "dbdatabase.h"
 
+#include "AddRecord.h"
 #include "BlockAccess.h"
 #include "ClassRegistration.h"
 #include "DatabaseState.h"
 #include "DbObjectAccess.h"
 #include "DefaultDrawing.h"
+#include "DefaultLayouts.h"
 #include "EntityAccess.h"
 #include "NamedObjects.h"
-#include "SymbolTableAccess.h"
 
 #include <algorithm>
 
@@ -19,20 +20,6 @@ AcDbObjectId addTable(AcDbDatabase& database, AcDbSymbolTable* table)
 {
     AcDbObjectId id;
     database.addAcDbObject(id, table);
-    table->close();
-    return id;
-}
-
-/// Adds a record to a table that is closed; both are closed again.
-template <class Table, class Record>
-AcDbObjectId addRecord(AcDbDatabase& database, Record* record, const wchar_t* name)
-{
-    AcDbObjectId id;
-    Table* table = nullptr;
-    database.getSymbolTable(table, AcDb::kForWrite);
-    SymbolTableAccess::setName(*record, name);
-    table->add(id, record);
-    record->close();
     table->close();
     return id;
 }
@@ -81,7 +68,9 @@ AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool) : mState(std::make_un
     addTables(*this, *mState);
     addFirstRecords(*this, *mState);
     mState->namedObjects = addNamedObjects(*this);
-    if (buildDefaultDrawing) addDefaultContents(*this);
+    if (!buildDefaultDrawing) return;
+    addDefaultContents(*this);
+    addMissingLayouts(*this);
 }
 
 AcDbDatabase::~AcDbDatabase() = default;

@@ -107,7 +107,10 @@ AcDbObjectId AcDbDatabase::textstyle() const { return orElse(mState->textstyle, 
 AcDbObjectId AcDbDatabase::dimstyle() const { return orElse(mState->dimstyle, standardOf(mState->dimStyleTable)); }
 AcCmColor AcDbDatabase::cecolor() const { return mState->cecolor; }
 
-Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId id) { return setCurrent<AcDbLayerTableRecord>(*this, id, mState->clayer); }
+Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId id)
+{
+    return setCurrent<AcDbLayerTableRecord>(*this, id, mState->clayer);
+}
 Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId id)
 {
     return setCurrent<AcDbLinetypeTableRecord>(*this, id, mState->celtype);

@@ -1,26 +1,13 @@
 #include "DefaultDrawing.h"
 
+#include "AddRecord.h"
 #include "DatabaseState.h"
 #include "DxfKept.h"
-#include "SymbolTableAccess.h"
 #include "dbdict.h"
 #include "dbproxy.h"
 
 namespace
 {
-template <class Table, class Record>
-AcDbObjectId addRecord(AcDbDatabase& database, Record* record, const ACHAR* name)
-{
-    AcDbObjectId id;
-    Table* table = nullptr;
-    database.getSymbolTable(table, AcDb::kForWrite);
-    SymbolTableAccess::setName(*record, name);
-    table->add(id, record);
-    record->close();
-    table->close();
-    return id;
-}
-
 /// Puts a record that is nothing but groups into a dictionary.
 void addKept(AcDbObjectId dictionaryId, const ACHAR* name, const char* recordName, const PackedGroups& groups)
 {

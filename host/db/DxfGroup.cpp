@@ -32,7 +32,9 @@ constexpr std::array<DxfKind, lastCode - firstCode + 1> makeKindTable()
 {
     std::array<DxfKind, lastCode - firstCode + 1> table{};
     for (const KindRange& range : kinds) {
-        for (int code = range.first; code <= range.last; ++code) table[static_cast<std::size_t>(code - firstCode)] = range.kind;
+        for (int code = range.first; code <= range.last; ++code) {
+            table[static_cast<std::size_t>(code - firstCode)] = range.kind;
+        }
     }
     return table;
 }
@@ -61,7 +63,9 @@ std::uint32_t takeCharacter(std::string_view text, std::size_t& at)
     if (lead < 0xC0) return lead;
     const int trailing = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
     std::uint32_t value = lead & (0x3Fu >> trailing);
-    for (int i = 0; i < trailing && at < text.size(); ++i) value = value << 6 | (static_cast<unsigned char>(text[at++]) & 0x3F);
+    for (int i = 0; i < trailing && at < text.size(); ++i) {
+        value = value << 6 | (static_cast<unsigned char>(text[at++]) & 0x3F);
+    }
     return value;
 }
 
@@ -101,8 +105,11 @@ std::string utf8Of(const CString& text)
     utf8.reserve(static_cast<std::size_t>(length));
     for (int i = 0; i < length; ++i) {
         auto c = static_cast<std::uint32_t>(text[i]);
-        const bool isPair = isHighSurrogate(c) && i + 1 < length && isLowSurrogate(static_cast<std::uint32_t>(text[i + 1]));
-        if (isPair) c = 0x10000 + ((c - 0xD800) << 10) + (static_cast<std::uint32_t>(text[++i]) - 0xDC00);
+        const auto next = i + 1 < length ? static_cast<std::uint32_t>(text[i + 1]) : 0u;
+        if (isHighSurrogate(c) && isLowSurrogate(next)) {
+            c = 0x10000 + ((c - 0xD800) << 10) + (next - 0xDC00);
+            ++i;
+        }
         appendUtf8(c, utf8);
     }
     return utf8;

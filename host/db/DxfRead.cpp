@@ -13,7 +13,10 @@ const DxfClass frameSection(nullptr, nullptr, {});
 class RecordReader
 {
 public:
-    RecordReader(AcDbObject& object, DxfSource& source) : mObject(object), mSource(source), mSection(object.dxfClass()) {}
+    RecordReader(AcDbObject& object, DxfSource& source)
+        : mObject(object), mSource(source), mSection(object.dxfClass())
+    {
+    }
 
     DxfFrame read()
     {

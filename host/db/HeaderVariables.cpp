@@ -134,7 +134,10 @@ PackedGroups defaultOf(const HeaderVariable& variable)
 }
 } // namespace
 
-const HeaderVariable* HeaderVariables::known(int index) { return index >= 0 && index < count ? &table[index] : nullptr; }
+const HeaderVariable* HeaderVariables::known(int index)
+{
+    return index >= 0 && index < count ? &table[index] : nullptr;
+}
 
 int HeaderVariables::indexOf(std::string_view name)
 {

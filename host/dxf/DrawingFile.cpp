@@ -5,6 +5,7 @@
 #include "BinaryWriter.h"
 #include "BlockAccess.h"
 #include "CodePageName.h"
+#include "DefaultLayouts.h"
 #include "DrawingReader.h"
 #include "DrawingWriter.h"
 #include "NamedObjects.h"
@@ -122,6 +123,7 @@ void complete(ReadContext& context)
     completeBlocks(context);
     context.state().stubs.numberPending();
     if (context.state().namedObjects.isNull()) context.state().namedObjects = addNamedObjects(context.database());
+    addMissingLayouts(context.database());
     takeHeader(context);
     completeEntities(context.state());
 }

@@ -94,7 +94,8 @@ void DrawingReader::takeObject()
 {
     Record& record = _records.record();
     AcRxClass* found = recordKindOf(record.name).classOf(record);
-    const bool isObject = found && !found->isDerivedFrom(AcDbEntity::desc()) && found->isDerivedFrom(AcDbObject::desc());
+    const bool isObject =
+        found && found->isDerivedFrom(AcDbObject::desc()) && !found->isDerivedFrom(AcDbEntity::desc());
     AcRxObject* made = isObject ? found->create() : nullptr;
     auto* object = made ? static_cast<AcDbObject*>(made) : new AcDbProxyObject(record.name);
     const DxfFrame frame = _source.read(*object, record);

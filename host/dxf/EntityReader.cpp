@@ -71,7 +71,8 @@ void EntityReader::beginBlock()
     BlockAccess::begin(*_block) = add(*head.release(), frame, _block->objectId());
 }
 
-/// The record that a block's head belongs to: its owner, or the one of its name; a new one when that has a head already.
+/// The record that a block's head belongs to: its owner, or the one of its name; a new one when that has a head
+/// already.
 AcDbBlockTableRecord* EntityReader::recordOfBlock(const AcDbBlockBegin& head, const DxfFrame& frame)
 {
     const CString name = blockName(BlockAccess::nameOf(head));

@@ -14,18 +14,24 @@ bool isPlain(std::string_view text)
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c != '^' && c != '\\'; });
 }
 
-std::wstring wideString(const CString& text) { return std::wstring(static_cast<const wchar_t*>(text), static_cast<std::size_t>(text.GetLength())); }
+std::wstring_view viewOf(const CString& text)
+{
+    return {static_cast<const wchar_t*>(text), static_cast<std::size_t>(text.GetLength())};
+}
 } // namespace
 
 void FileSink::text(int code, std::string_view utf8)
 {
     if (isPlain(utf8)) return _writer.name(code, utf8);
-    _writer.text(code, wideString(wideOf(utf8)));
+    _writer.text(code, viewOf(wideOf(utf8)));
 }
 
 void FileSink::handle(int code, AcDbStub* stub) { _writer.handle(code, stub && !stub->erased ? stub->handle : 0); }
 
-void FileSink::binary(int code, std::string_view bytes) { _writer.group(Group::ofChunk(code, bytes), _writer.encoding()); }
+void FileSink::binary(int code, std::string_view bytes)
+{
+    _writer.group(Group::ofChunk(code, bytes), _writer.encoding());
+}
 
 void FileSink::record(int code, AcDbStub* stub)
 {
@@ -33,7 +39,8 @@ void FileSink::record(int code, AcDbStub* stub)
     const unsigned place = static_cast<unsigned>(code) & 7u;
     if (_lastStub[place] != stub) {
         const auto [at, isNew] = _names.try_emplace(stub);
-        if (isNew) _writer.encoding().encode(wideString(static_cast<const AcDbSymbolTableRecord*>(stub->object)->name()), at->second);
+        const CString& name = static_cast<const AcDbSymbolTableRecord*>(stub->object)->name();
+        if (isNew) _writer.encoding().encode(viewOf(name), at->second);
         _lastStub[place] = stub;
         _lastName[place] = &at->second;
     }

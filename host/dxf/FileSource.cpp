@@ -8,7 +8,8 @@ namespace
 {
 bool isPlain(std::string_view text)
 {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<signed char>(c) >= 0 && c != '^' && c != '\\'; });
+    const auto isPlainByte = [](char c) { return static_cast<signed char>(c) >= 0 && c != '^' && c != '\\'; };
+    return std::all_of(text.begin(), text.end(), isPlainByte);
 }
 /// Whether a record that has sections lacks that of the object's own class.
 bool lacksOwnSection(const AcDbObject& object, const Record& record)
@@ -22,7 +23,8 @@ DxfFrame FileSource::read(AcDbObject& object, Record& record)
 {
     if (lacksOwnSection(object, record)) {
         // Without any marker a group goes to the class that knows it, as in files before R13.
-        _context.repair(RepairCode::missingSection, &record, "the section of its class is not marked: found by its groups");
+        _context.repair(RepairCode::missingSection, &record,
+                        "the section of its class is not marked: found by its groups");
         const auto isMarker = [](const Group& group) { return group.code() == 100; };
         record.groups.erase(std::remove_if(record.groups.begin(), record.groups.end(), isMarker), record.groups.end());
     }

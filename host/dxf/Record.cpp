@@ -11,8 +11,10 @@ bool Record::hasSection(std::string_view marker) const
 
 const Group* Record::find(int code) const
 {
-    const auto at = std::find_if(groups.begin(), groups.end(), [&](const Group& group) { return group.code() == code; });
-    return at == groups.end() ? nullptr : &*at;
+    for (const Group& group : groups) {
+        if (group.code() == code) return &group;
+    }
+    return nullptr;
 }
 
 std::int64_t Record::integer(int code, std::int64_t otherwise) const
@@ -29,8 +31,7 @@ std::uint64_t Record::handle() const
 
 void Record::remove(int code)
 {
-    const auto at = std::find_if(groups.begin(), groups.end(), [&](const Group& group) { return group.code() == code; });
-    if (at != groups.end()) groups.erase(at);
+    if (const Group* found = find(code)) groups.erase(groups.begin() + (found - groups.data()));
 }
 
 bool RecordStream::next()

@@ -36,8 +36,8 @@ struct Repair {
 /// "line 12: LINE 1F: the handle was taken: a new one was given (duplicateHandle)"
 std::string textOf(const Repair& repair);
 
-/// What reading a file repaired. However damaged the file, memory stays small: the first `capacity` repairs are kept, all
-/// are counted.
+/// What reading a file repaired. However damaged the file, memory stays small: the first `capacity` repairs are kept,
+/// all are counted.
 class RepairReport
 {
 public:

@@ -99,7 +99,9 @@ int main(int argc, char** argv)
     const std::vector<std::string> drawings = drawingsOf(argc - 3, argv + 3);
     Outcome outcome;
     bool isGood = true;
-    for (int i = 0; i < count; ++i) isGood &= passes(i, drawings[static_cast<std::size_t>(i) % drawings.size()], random, outcome);
+    for (int i = 0; i < count; ++i) {
+        isGood &= passes(i, drawings[static_cast<std::size_t>(i) % drawings.size()], random, outcome);
+    }
     std::printf("%d copies: %d opened (%d repaired), %d refused, %ld MB at most\n", count, outcome.opened,
                 outcome.repaired, outcome.refused, peakMegabytes());
     if (peakMegabytes() > 1024) return 2;

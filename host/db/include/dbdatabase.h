@@ -52,15 +52,15 @@ public:
     /// Writes the drawing as an ASCII DXF file of a version from R2000 on (eInvalidDwgVersion before). The new file is
     /// there whole, or the old one is what it was: eFileAccessErr, eFileNotFound (its folder), eOutOfDisk,
     /// eFileSystemErr. With `bakAndRename` the old file stays as *.bak.
-    Acad::ErrorStatus saveAs(const ACHAR* fileName, bool bakAndRename, AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT,
-                             const SecurityParams* security = nullptr);
+    Acad::ErrorStatus saveAs(const ACHAR* fileName, bool bakAndRename,
+                             AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT, const SecurityParams* security = nullptr);
     Acad::ErrorStatus saveAs(const ACHAR* fileName, const SecurityParams* security = nullptr);
     /// Saves under the name that the drawing was read from, with a backup; eInvalidInput when it has none.
     Acad::ErrorStatus save();
     /// Like saveAs. Numbers have the shortest text that reads back as the same number, whatever the `precision`
     /// (0 to 16; eInvalidInput otherwise).
-    Acad::ErrorStatus dxfOut(const ACHAR* fileName, int precision = 16, AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT,
-                             bool saveThumbnailImage = false);
+    Acad::ErrorStatus dxfOut(const ACHAR* fileName, int precision = 16,
+                             AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT, bool saveThumbnailImage = false);
     /// The name that the drawing was read from; eNoDatabase and an empty text when it has none.
     Acad::ErrorStatus getFilename(const ACHAR*& fileName) const;
     /// The version of the file that was read; the current one for a new drawing.

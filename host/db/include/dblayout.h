@@ -13,7 +13,8 @@ class AcDbLayout : public AcDbPlotSettings
 public:
     ACRX_DECLARE_MEMBERS(AcDbLayout);
     ACDB_STATE_MEMBERS(AcDbLayout)
-    AcDbLayout() = default;
+    /// `modelType`: the layout of model space.
+    explicit AcDbLayout(bool modelType = false) : AcDbPlotSettings(modelType) {}
 
     Acad::ErrorStatus getLayoutName(const ACHAR*& name) const;
     /// A copy that the caller releases with acutDelString.

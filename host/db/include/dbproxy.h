@@ -1,6 +1,7 @@
 #pragma once
 
-/// Proxies: records of drawing files whose class is not in memory. They keep every group and are written back unchanged.
+/// Proxies: records of drawing files whose class is not in memory. They keep every group and are written back
+/// unchanged.
 
 #include "dbentity.h"
 

@@ -25,7 +25,10 @@ std::string valueOf(const Group& group, const TextEncoding& encoding)
     std::string bytes;
     group.appendBytes(bytes);
     const bool isName = group.code() == 2 || (group.code() >= 6 && group.code() <= 8) || group.code() == 100;
-    for (const wchar_t c : encoding.decode(group.text())) bytes += std::to_string(isName ? std::towupper(static_cast<std::wint_t>(c)) : static_cast<std::wint_t>(c)) + ' ';
+    for (const wchar_t c : encoding.decode(group.text())) {
+        const auto character = static_cast<std::wint_t>(c);
+        bytes += std::to_string(isName ? std::towupper(character) : character) + ' ';
+    }
     return bytes;
 }
 
@@ -101,7 +104,8 @@ bool holds(const DrawingContents::Values& all, const DrawingContents::Values& pa
 
 void addObject(const Record& record, const TextEncoding& encoding, const std::string& section, DrawingContents& to)
 {
-    if (section == "ENTITIES") ++to.entityCounts[(record.integer(67, 0) ? "paper " : "model ") + std::string(record.name)];
+    const char* space = record.integer(67, 0) ? "paper " : "model ";
+    if (section == "ENTITIES") ++to.entityCounts[space + std::string(record.name)];
     const bool hasHandle = section != "CLASSES" && record.name != "TABLE" && record.handle() != 0;
     if (hasHandle) to.objects[record.handle()] = {std::string(record.name), valuesOf(record, encoding)};
 }
@@ -132,7 +136,8 @@ std::vector<std::string> lostBetween(const DrawingContents& before, const Drawin
     for (const auto& [handle, object] : before.objects) {
         const auto at = after.objects.find(handle);
         const bool isThere = at != after.objects.end() && at->second.name == object.name;
-        if (!isThere || !holds(at->second.values, object.values)) lost.push_back(object.name + " " + std::to_string(handle));
+        if (isThere && holds(at->second.values, object.values)) continue;
+        lost.push_back(object.name + " " + std::to_string(handle));
     }
     return lost;
 }

@@ -105,7 +105,8 @@ TEST_F(DrawingFileTest, StatusTellsWhyAFileCannotBeRead)
     AcDbDatabase drawing(false);
     EXPECT_EQ(drawing.readDwgFile(nullptr), Acad::eInvalidInput);
     EXPECT_EQ(drawing.readDwgFile(path("none.dxf").c_str()), Acad::eFileNotFound);
-    EXPECT_EQ(drawing.readDwgFile(write("binary.dwg", std::string("AC1032\0\0\0", 9)).c_str()), Acad::eInvalidDwgVersion);
+    const std::wstring dwg = write("binary.dwg", std::string("AC1032\0\0\0", 9));
+    EXPECT_EQ(drawing.readDwgFile(dwg.c_str()), Acad::eInvalidDwgVersion);
     EXPECT_EQ(drawing.readDwgFile(write("text.dxf", "a letter\nto someone\n").c_str()), Acad::eBadDxfSequence);
     EXPECT_EQ(drawing.readDwgFile(write("nothing.dxf", "0\nEOF\n").c_str()), Acad::eBadDxfSequence);
     EXPECT_EQ(drawing.readDwgFile(write("good.dxf", emptySections).c_str()), Acad::eOk);
