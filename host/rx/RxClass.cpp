@@ -1,5 +1,7 @@
 #include "rxclass.h"
 
+#include "rxdict.h"
+
 #include <algorithm>
 #include <map>
 #include <memory>
@@ -15,6 +17,15 @@ struct RxClassAccess {
 
 namespace
 {
+/// Without the checked cast, which asks for a class that is just being made.
+AcRxDictionary& classDictionary() { return *static_cast<AcRxDictionary*>(acrxSysRegistry()->at(ACRX_CLASS_DICTIONARY)); }
+
+void listClass(AcRxClass& made)
+{
+    std::uint32_t id = 0;
+    classDictionary().atPut(made.name(), &made, id);
+}
+
 using OwnedClass = std::unique_ptr<AcRxClass, void (*)(AcRxClass*)>;
 
 struct NoCaseLess {
@@ -39,6 +50,7 @@ struct Registry {
         OwnedClass made = RxClassAccess::make();
         RxClassAccess::setName(*made, name);
         RxClassAccess::setParent(*made, parent);
+        listClass(*made);
         return byName.emplace(name, std::move(made)).first->second.get();
     }
 };
@@ -118,6 +130,7 @@ AcRxClass* newAcRxClass(const wchar_t* className, AcRxClass* parent, int proxyFl
     for (const wchar_t* at = made->mDxfName.c_str(); *at; ++at) made->mDxfRecordName += static_cast<char>(*at);
     made->mAppName = appName ? appName : L"";
     AcRxClass* registered = classes.byName.emplace(className, std::move(made)).first->second.get();
+    listClass(*registered);
     if (registered->dxfName()) classes.byDxfName.emplace(registered->dxfName(), registered);
     return registered;
 }
@@ -135,6 +148,7 @@ void deleteAcRxClass(AcRxClass* aClass)
         const auto at = classes.byDxfName.find(aClass->dxfName());
         if (at != classes.byDxfName.end() && at->second == aClass) classes.byDxfName.erase(at);
     }
+    classDictionary().remove(aClass->name());
     classes.byName.erase(std::wstring(aClass->name()));
 }
 

@@ -1,0 +1,5 @@
+#pragma once
+
+/// Services: see rxregsvc.h.
+
+#include "rxregsvc.h"
