@@ -1,7 +1,8 @@
-#include "InputSource.h"
+#include "Documents.h"
 
 ed::InputSource& ed::currentInput()
 {
     static InputSource ofProgram;
-    return ofProgram;
+    DocumentState* state = documents::current();
+    return state ? state->input : ofProgram;
 }

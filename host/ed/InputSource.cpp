@@ -105,20 +105,19 @@ void InputSource::pauseForUser()
     mLevels.back().push_back(std::move(piece));
 }
 
-bool InputSource::empty() const
-{
-    for (const Pieces& pieces : mLevels) {
-        if (!pieces.empty()) return false;
-    }
-    return true;
-}
-
 void InputSource::clear()
 {
     for (Pieces& pieces : mLevels) pieces.clear();
 }
 
 Answer InputSource::next(Reading reading)
+{
+    Answer answer = ask(reading);
+    mLastWasCancel = answer.kind == Answer::Kind::cancel;
+    return answer;
+}
+
+Answer InputSource::ask(Reading reading)
 {
     for (;;) {
         std::optional<Answer> answer = takeFrom(mLevels.size() - 1, reading, true);
@@ -186,6 +185,9 @@ bool InputSource::askReader(Pieces& pieces)
     return true;
 }
 
-InputSource::Scope::Scope(InputSource& source) : mSource(source) { mSource.mLevels.emplace_back(); }
-InputSource::Scope::~Scope() { mSource.mLevels.pop_back(); }
+InputSource::Scope::Scope(InputSource& source) : mSource(&source) { mSource->mLevels.emplace_back(); }
+InputSource::Scope::~Scope()
+{
+    if (mSource) mSource->mLevels.pop_back();
+}
 } // namespace ed

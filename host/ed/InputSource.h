@@ -56,8 +56,14 @@ public:
     /// The next answer if all its keys are there; for the command prompt, which leaves half a command's name waiting.
     std::optional<Answer> takeComplete(Reading reading);
 
-    /// Nothing waits; the reader may have more all the same.
-    bool empty() const;
+    /// Asks the reader for more keys; false when it has none.
+    bool readMore() { return askReader(mLevels.front()); }
+
+    /// Nothing waits that may be taken now; the reader may have more all the same.
+    bool empty() const { return mLevels.back().empty(); }
+    /// Whether the last answer was a cancel, as when a command is left by Esc.
+    bool lastWasCancel() const { return mLastWasCancel; }
+    void forgetCancel() { mLastWasCancel = false; }
     /// Drops what waits.
     void clear();
 
@@ -78,9 +84,11 @@ public:
         ~Scope();
         Scope(const Scope&) = delete;
         Scope& operator=(const Scope&) = delete;
+        /// The source is gone.
+        void abandon() { mSource = nullptr; }
 
     private:
-        InputSource& mSource;
+        InputSource* mSource;
     };
     /// Answers the next question from below the innermost scope: PAUSE of acedCommandS.
     void pauseForUser();
@@ -94,6 +102,7 @@ private:
     };
     using Pieces = std::deque<Piece>;
 
+    Answer ask(Reading reading);
     std::optional<Answer> takeFrom(std::size_t level, Reading reading, bool mayAsk);
     std::optional<Answer> takeKeys(std::size_t level, Reading reading, bool mayAsk);
     bool askReader(Pieces& pieces);
@@ -101,6 +110,7 @@ private:
     std::vector<Pieces> mLevels = std::vector<Pieces>(1);
     Reader mReader;
     Interpreter mInterpreter;
+    bool mLastWasCancel = false;
 };
 
 /// The answers of the current document; without documents those of the program itself.

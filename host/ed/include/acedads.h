@@ -2,5 +2,10 @@
 
 /// The list interface to the drawing editor in one include: each header below holds one subject.
 
+#include "acedcmd.h"
+#include "acedhooks.h"
+#include "acedlisp.h"
+#include "acedmodules.h"
 #include "acedoutput.h"
+#include "acedvars.h"
 #include "acutads.h"

@@ -5,12 +5,18 @@
 #include "afxobject.h"
 #include "atlstr.h"
 
+#include <oleauto.h>
+
 class CWnd;
 
 /// Base of what takes commands. The host has no message maps: a window treats messages in WindowProc.
 class CCmdTarget : public CObject
 {
     DECLARE_DYNAMIC(CCmdTarget)
+
+public:
+    /// The automation object of this one, with a reference more when `addRef`; null when it has none.
+    virtual LPDISPATCH GetIDispatch(BOOL /*addRef*/) { return nullptr; }
 };
 
 class CWinThread : public CCmdTarget

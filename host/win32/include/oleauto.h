@@ -205,6 +205,13 @@ struct EXCEPINFO {
     SCODE scode;
 };
 
+#define DISPATCH_METHOD 0x1
+#define DISPATCH_PROPERTYGET 0x2
+#define DISPATCH_PROPERTYPUT 0x4
+#define DISPATCH_PROPERTYPUTREF 0x8
+#define DISPID_UNKNOWN (-1)
+#define DISPID_PROPERTYPUT (-3)
+
 struct ITypeInfo;
 inline constexpr IID IID_IDispatch{0x00020400, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
 

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "ActiveCommand.h"
+#include "InputSource.h"
+#include "LispFunctions.h"
+#include "VariableValues.h"
+#include "acdocman.h"
+
+#include <string>
+#include <vector>
+
+/// A lock on a document. `context` is the document whose command took it; null for the application.
+struct DocumentLock {
+    const AcApDocument* context;
+    AcAp::DocLockMode mode;
+    std::wstring command;
+};
+
+/// What a document holds.
+struct DocumentState {
+    std::unique_ptr<AcDbDatabase> database;
+    std::wstring fileName; ///< empty for a drawing without file
+    std::wstring title;
+    bool readOnly = false;
+    ed::InputSource input;
+    bool runsInBackground = false; ///< what is typed is used though the document is not active
+    std::vector<DocumentLock> locks;
+    std::vector<ed::ActiveCommand> commands; ///< the outermost first
+    std::wstring lastCommand;                ///< what Enter repeats
+    ed::LispFunctions lisp;
+    ed::VariableValues variables; ///< those that live with the document
+    int dbmod = 0;
+    std::vector<int> pushedDbmod;
+};
+
+struct DocumentAccess {
+    static AcApDocument* make(std::unique_ptr<DocumentState> state) { return new AcApDocument(std::move(state)); }
+    static void destroy(AcApDocument* document) { delete document; }
+    static DocumentState& of(AcApDocument& document) { return *document.mState; }
+    static const DocumentState& of(const AcApDocument& document) { return *document.mState; }
+};

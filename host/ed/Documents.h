@@ -1,0 +1,40 @@
+#pragma once
+
+/// The documents for the rest of the editor.
+
+#include "DocumentState.h"
+
+#include <functional>
+
+namespace documents
+{
+/// All that are open, in the order of opening.
+const std::vector<AcApDocument*>& all();
+/// The state of a document that is open; null for any other pointer.
+DocumentState* stateOf(const AcApDocument* document);
+/// The state of the current document; null when there is none.
+DocumentState* current();
+
+/// Takes a database into a new document and activates it. The document owns it from now on.
+AcApDocument* adopt(std::unique_ptr<AcDbDatabase> database, const std::wstring& fileName, bool readOnly = false);
+/// Closes without asking.
+void close(AcApDocument* document);
+void closeAll();
+
+/// The document whose command is executing; null for the application.
+AcApDocument* executing();
+/// While it lives, code executes in a document's context (null: the application's).
+class Context
+{
+public:
+    explicit Context(AcApDocument* document);
+    ~Context();
+    Context(const Context&) = delete;
+    Context& operator=(const Context&) = delete;
+};
+
+/// Tells every reactor.
+void tell(const std::function<void(AcApDocManagerReactor&)>& event);
+/// True when one of those that `event` told called veto().
+bool askVeto(const std::function<void(AcApDocManagerReactor&)>& event);
+} // namespace documents

@@ -1,0 +1,62 @@
+#include "CommandLine.h"
+#include "CommandStackAccess.h"
+#include "Documents.h"
+#include "LispCalls.h"
+#include "ModuleEvents.h"
+#include "ResbufCopy.h"
+#include "SupportFiles.h"
+#include "WindowHooks.h"
+#include "acedmodules.h"
+#include "dbentity.h"
+
+#include <algorithm>
+
+namespace
+{
+/// Makes each open document the current one in turn, the current one first.
+void inEachDocument(const std::function<void()>& doIt)
+{
+    AcApDocument* const before = acDocManager->curDocument();
+    std::vector<AcApDocument*> some = documents::all();
+    std::stable_partition(some.begin(), some.end(), [=](AcApDocument* document) { return document == before; });
+    for (AcApDocument* document : some) {
+        if (acDocManager->setCurDocument(document) != Acad::eOk) continue;
+        const documents::Context context(document);
+        doIt();
+    }
+    if (documents::stateOf(before)) acDocManager->setCurDocument(before);
+}
+
+void forget(HMODULE module)
+{
+    CommandStackAccess::forget(ed::commandStack(), module);
+    ed::forgetHooks(module);
+}
+
+[[maybe_unused]] const bool surrounded = [] {
+    modules::setSurroundings({ed::print, inEachDocument, ed::findSupportFile, forget});
+    return true;
+}();
+} // namespace
+
+void* acrxLoadedApps()
+{
+    auto* names = new AcDbVoidPtrArray;
+    for (const std::wstring& name : modules::loadedNames()) {
+        ACHAR* copy = nullptr;
+        acutNewString(name.c_str(), copy);
+        names->append(copy);
+    }
+    return names;
+}
+
+int acedArxLoad(const ACHAR* fileName) { return acrxLoadModule(fileName, true) ? RTNORM : RTERROR; }
+int acedArxUnload(const ACHAR* fileName) { return acrxUnloadModule(fileName) ? RTNORM : RTERROR; }
+
+resbuf* acedArxLoaded()
+{
+    ed::OwnedResbuf list;
+    for (const std::wstring& name : modules::loadedNames())
+        ed::append(list, ed::OwnedResbuf(acutBuildList(RTSTR, name.c_str(), RTNONE)));
+    return list.release();
+}
