@@ -1,0 +1,15 @@
+#pragma once
+
+/// Texts between the terminal (UTF-8) and the host.
+
+#include <windows.h>
+
+#include <atlstr.h>
+
+#include <string>
+
+namespace console
+{
+CString wide(const std::string& utf8);
+std::string utf8(const CString& text);
+} // namespace console

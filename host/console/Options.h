@@ -1,0 +1,27 @@
+#pragma once
+
+/// What the command line of arxhost asks for.
+
+#include <optional>
+#include <string>
+
+namespace console
+{
+/// The numbers behind "AC" in $ACADVER.
+enum class SaveVersion { r2000 = 1015, r2004 = 1018, r2007 = 1021, r2010 = 1024, r2013 = 1027, r2018 = 1032 };
+
+struct Options {
+    std::string drawing; ///< empty: a new drawing
+    std::string saveAs;
+    SaveVersion saveVersion = SaveVersion::r2018;
+    bool binary = false;
+    std::string plot;
+    std::string layout; ///< empty: model space
+    int pixels = 2000;  ///< of a PNG at its longer side
+    bool list = false;  ///< tell the layouts and how many entities of each kind they hold
+};
+
+/// Options of a command line. No value when the program is to end at once, with `exitStatus`: after --help, or with a
+/// message about wrong usage on standard error.
+std::optional<Options> parseOptions(int argc, char** argv, int& exitStatus);
+} // namespace console
