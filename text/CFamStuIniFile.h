@@ -13,8 +13,9 @@
 /// section line begins with "[", ends with "]" and has at least one character between them; a key line has a
 /// key, "=" and a value, and belongs to the section line above it; a line that begins with ";" is a comment.
 /// Section names and keys are found without regard to case and to blanks around them; of several the first
-/// counts. The system knows neither UTF-8 files nor UTF-16 files with the high byte first: their keys are
-/// read and written here by the same rules.
+/// counts. Where the system reads a key, it also takes a section line with blanks before it or text behind
+/// it. The system knows neither UTF-8 files nor UTF-16 files with the high byte first: their keys are read
+/// and written here by the same rules.
 ///
 /// Lines end with a line feed, with or without a carriage return before it. The text ends at Ctrl-Z (1A), if
 /// there is one; what follows is kept but is no line. Lines are numbered from 0.
