@@ -10,7 +10,7 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/QmCADLib)
 
 install(TARGETS arxhost QmCADLib qm_interface EXPORT QmCADLibTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(folder win32 mfc qmbase ge rx db ed)
+foreach(folder win32 mfc qmbase ge rx db br ed)
   install(DIRECTORY host/${folder}/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/arxhost)
 endforeach()
 target_include_directories(arxhost PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/arxhost>)
