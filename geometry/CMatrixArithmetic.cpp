@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <mutex>
 #include <new>
 #include <vector>
 
@@ -32,6 +33,17 @@ void takeOffMeans(double* elements, size_t columns, size_t rows)
             elements[y * columns + x] -= means[x];
 }
 
+/// The product with working memory that is kept for the next one: to take a megabyte from the system, and
+/// give it back, costs half of a product of that size. Threads that meet here take memory of their own.
+void multiply(const dense::ProductSize& size, dense::Source a, dense::Source b, dense::Target product)
+{
+    static std::mutex mutex;
+    static dense::Multiplier kept;
+    const std::unique_lock<std::mutex> lock(mutex, std::try_to_lock);
+    if (lock.owns_lock()) return kept.run(size, a, b, product, dense::Update::assign);
+    dense::Multiplier().run(size, a, b, product, dense::Update::assign);
+}
+
 /// Turns the standard library's exception into the framework's.
 template <class Work>
 auto withMemory(Work work)
@@ -55,8 +67,7 @@ CMatrix CMatrix::operator*(const CMatrix& b) const
     CMatrix product = Unfilled(m_columns, b.m_rows);
     const size_t width = sizeOf(m_columns), height = sizeOf(b.m_rows), depth = sizeOf(m_rows);
     withMemory([&] {
-        dense::Multiplier().run({width, height, depth}, {m_block, width}, {b.m_block, depth},
-                                {product.m_block, width}, dense::Update::assign);
+        multiply({width, height, depth}, {m_block, width}, {b.m_block, depth}, {product.m_block, width});
     });
     return product;
 }

@@ -1,6 +1,8 @@
 #include "MatrixCases.h"
 
 #include <cmath>
+#include <future>
+#include <vector>
 
 namespace
 {
@@ -60,6 +62,26 @@ TEST(MatrixProduct, TransposesInReverse)
     const CMatrix a = randomMatrix(70, 90, 1), b = randomMatrix(90, 50, 2);
     const CMatrix difference = a * b - (b.GetTransposed() * a.GetTransposed()).GetTransposed();
     EXPECT_LE(largestElement(difference), 90 * 1.2e-16 * 90);
+}
+
+// The working memory that is kept between products must not be used by two at once.
+TEST(MatrixProduct, IsTheSameWhenThreadsMultiplyAtOnce)
+{
+    const auto power = [](unsigned seed) {
+        const CMatrix matrix = randomMatrix(90, 90, seed);
+        CMatrix product = matrix;
+        for (int i = 0; i < 100; ++i)
+            product = (product * matrix) *= 0.1;
+        return product;
+    };
+    std::vector<std::future<CMatrix>> threads;
+    for (unsigned seed = 0; seed < 4; ++seed)
+        threads.push_back(std::async(std::launch::async, power, seed));
+    std::vector<CMatrix> found;
+    for (auto& thread : threads)
+        found.push_back(thread.get());
+    for (unsigned seed = 0; seed < 4; ++seed)
+        EXPECT_EQ(found[seed], power(seed)) << seed;
 }
 
 TEST(MatrixSum, IsElementByElement)
