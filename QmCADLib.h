@@ -3,13 +3,16 @@
 /// What a module includes: every public header of the library.
 
 #include "AlgorString.h"
+#include "ArxDbgDocLockWrite.h"
 #include "CArxUtils.h"
 #include "CDebugError.h"
 #include "CEncoding.h"
+#include "CFamStuCmdState.h"
 #include "CFamStuGlobe.h"
 #include "CFamStuIniFile.h"
 #include "CFamStuPub.h"
 #include "CFamStuStr.h"
+#include "CFamStuSysVar.h"
 #include "CGloableVar.h"
 #include "CMatrix.h"
 #include "CMatrixHelper.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "acadstrc.h"
+#include "dbcolor.h"
 
 #include <afxwin.h>
 
@@ -24,6 +25,19 @@ public:
 
     /// The first IPv4 address of a host as "a.b.c.d"; empty when the name cannot be resolved.
     static CString getIpAddr(CString hostName);
+
+    // Colours. RGB values are 0x00RRGGBB.
+
+    /// The colour of an index of AutoCAD's colour table; a number above 255 as it is.
+    static DWORD GetColorFromIndex(int index);
+    /// The index from 1 to 254 whose colour is nearest: the least sum of the differences of red, green and
+    /// blue, the lowest index of several.
+    static int GetColorIndexFromRGB(DWORD rgb);
+    /// The colour object of an index: 0 by block, 1 to 255, 256 by layer; by layer for other numbers.
+    static AcCmColor GetAcCmColorFromIndex(int index);
+    /// The colour of an index with its red, green and blue times a factor (below 1 darker, above 1 lighter),
+    /// each rounded and kept within 0 to 255; black for a factor that is no number.
+    static AcCmColor ChangeColor(int index, float factor);
 
     // Texts.
 
