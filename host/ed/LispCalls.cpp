@@ -64,6 +64,17 @@ bool callLisp(const std::wstring& name, OwnedResbuf arguments, OwnedResbuf& resu
     result = std::move(call.result);
     return good;
 }
+
+void forgetLisp(void* module)
+{
+    for (AcApDocument* document : documents::all()) {
+        LispFunctions& lisp = documents::stateOf(document)->lisp;
+        for (auto at = lisp.functions.begin(); at != lisp.functions.end();)
+            at = at->second.module == module ? lisp.functions.erase(at) : std::next(at);
+        for (auto at = lisp.handlers.begin(); at != lisp.handlers.end();)
+            at = at->first.first == module ? lisp.handlers.erase(at) : std::next(at);
+    }
+}
 } // namespace ed
 
 int acedDefun(const ACHAR* name, short code)

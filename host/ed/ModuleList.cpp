@@ -27,8 +27,9 @@ void inEachDocument(const std::function<void()>& doIt)
     if (documents::stateOf(before)) acDocManager->setCurDocument(before);
 }
 
-void forget(HMODULE module)
+void forget(HMODULE module, void* appId)
 {
+    ed::forgetLisp(appId);
     CommandStackAccess::forget(ed::commandStack(), module);
     ed::forgetHooks(module);
 }

@@ -164,7 +164,7 @@ std::wstring Linker::start(const std::wstring& fileName)
 void Linker::drop(LoadedModule& module)
 {
     const HMODULE handle = module.handle;
-    if (handle && mSurroundings.forget) mSurroundings.forget(handle);
+    if (handle && mSurroundings.forget) mSurroundings.forget(handle, &module);
     mModules.erase(std::find_if(mModules.begin(), mModules.end(), [&](const auto& m) { return m.get() == &module; }));
     if (handle) FreeLibrary(handle);
 }

@@ -20,7 +20,7 @@ struct Surroundings {
     /// The full path of a support file; empty when there is none.
     std::function<std::wstring(const std::wstring& name)> findFile;
     /// A module's code is about to go: nothing may call it any more.
-    std::function<void(HMODULE module)> forget;
+    std::function<void(HMODULE module, void* appId)> forget;
 };
 void setSurroundings(Surroundings surroundings);
 
