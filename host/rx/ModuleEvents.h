@@ -15,7 +15,7 @@ namespace modules
 struct Surroundings {
     /// Says something on the command line.
     std::function<void(std::wstring_view text)> report;
-    /// Does something in each open document, which is the current one meanwhile; the one that is current comes first.
+    /// Does something in each open document, which is current meanwhile; the one that is current comes first.
     std::function<void(const std::function<void()>& doIt)> inEachDocument;
     /// The full path of a support file; empty when there is none.
     std::function<std::wstring(const std::wstring& name)> findFile;
@@ -33,7 +33,7 @@ void* current();
 /// The files of the loaded modules, without folders, in the order of loading.
 std::vector<std::wstring> loadedNames();
 
-/// The end of the program: kPreQuitMsg and kQuitMsg to all, `closeDocuments`, then kUnloadAppMsg, the last loaded first,
-/// also to locked modules.
+/// The end of the program: kPreQuitMsg and kQuitMsg to all, `closeDocuments`, then kUnloadAppMsg, the last loaded
+/// first, also to locked modules.
 void quit(const std::function<void()>& closeDocuments);
 } // namespace modules

@@ -94,7 +94,8 @@ TEST_F(ModuleLoading, HooksOfAModuleThatIsGoneAreNotCalled)
 TEST_F(ModuleLoading, WhatCannotBeLoadedIsSaid)
 {
     EXPECT_FALSE(acrxLoadModule(pathOf(L"OldVersion.arx").c_str(), true));
-    EXPECT_NE(takeOutput().find(L"OldVersion.arx cannot be loaded: it is made for version 0x170000"), std::wstring::npos);
+    EXPECT_NE(takeOutput().find(L"OldVersion.arx cannot be loaded: it is made for version 0x170000"),
+              std::wstring::npos);
     EXPECT_FALSE(acrxLoadModule(pathOf(L"RefusesToStart.arx").c_str(), true));
     EXPECT_NE(takeOutput().find(L"refused"), std::wstring::npos);
     EXPECT_FALSE(acrxLoadModule(L"NoSuchModule.arx", false));
