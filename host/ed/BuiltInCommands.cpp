@@ -5,6 +5,7 @@
 #include "Documents.h"
 #include "VariablePrompt.h"
 #include "acedmodules.h"
+#include "acestext.h"
 
 namespace
 {
@@ -37,6 +38,26 @@ void arx()
     acutRelRb(names);
 }
 
+void saveUnder(const std::wstring& name)
+{
+    const Acad::ErrorStatus status = documents::save(acDocManager->curDocument(), name);
+    if (status != Acad::eOk) ed::print(std::wstring(L"The drawing is not saved: ") + acadErrorStatusText(status) + L"\n");
+}
+
+/// A drawing without a file asks for its name.
+void quickSave()
+{
+    const bool named = acDocManager->curDocument()->isNamedDrawing();
+    const std::wstring name = named ? L"" : ask(L"Save drawing as: ", ed::Reading::line);
+    if (named || !name.empty()) saveUnder(name);
+}
+
+void saveAs()
+{
+    const std::wstring name = ask(L"Save drawing as: ", ed::Reading::line);
+    if (!name.empty()) saveUnder(name);
+}
+
 /// Menus are not there: the group's name is taken and nothing unloaded.
 void menuUnload()
 {
@@ -55,6 +76,8 @@ void add(const wchar_t* name, Adesk::Int32 flags, AcRxFunctionPtr function)
     add(L"REGENALL", ACRX_CMD_TRANSPARENT, regenerate);
     add(L"REDRAW", ACRX_CMD_TRANSPARENT, redraw);
     add(L"REDRAWALL", ACRX_CMD_TRANSPARENT, redraw);
+    add(L"QSAVE", ACRX_CMD_MODAL, quickSave);
+    add(L"SAVEAS", ACRX_CMD_MODAL, saveAs);
     add(L"ARX", ACRX_CMD_MODAL, arx);
     add(L"MENUUNLOAD", ACRX_CMD_MODAL, menuUnload);
     return true;

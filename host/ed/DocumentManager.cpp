@@ -120,6 +120,15 @@ AcApDocument* adopt(std::unique_ptr<AcDbDatabase> database, const std::wstring& 
     return made;
 }
 
+void nameDocument(AcApDocument* document, const std::wstring& fileName)
+{
+    DocumentState& state = *stateOf(document);
+    if (state.fileName == fileName) return;
+    state.fileName = fileName;
+    state.title = titleOf(fileName);
+    tell([&](AcApDocManagerReactor& reactor) { reactor.documentTitleUpdated(document); });
+}
+
 void close(AcApDocument* document)
 {
     sendWhileCurrent(document, AcRx::kUnloadDwgMsg);

@@ -17,6 +17,11 @@ DocumentState* current();
 
 /// Takes a database into a new document and activates it. The document owns it from now on.
 AcApDocument* adopt(std::unique_ptr<AcDbDatabase> database, const std::wstring& fileName, bool readOnly = false);
+/// Saves the drawing under a name, which is its own from then on; without one under its own. eNoFileName for a drawing without
+/// one; else the statuses of AcDbDatabase::saveAs.
+Acad::ErrorStatus save(AcApDocument* document, const std::wstring& fileName = {});
+/// Gives a document its file's name, and its title.
+void nameDocument(AcApDocument* document, const std::wstring& fileName);
 /// Closes without asking.
 void close(AcApDocument* document);
 void closeAll();

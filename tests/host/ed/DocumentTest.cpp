@@ -138,3 +138,22 @@ TEST_F(Documents, ReactorsHearOfActivationAndClosing)
     acDocManager->enableDocumentActivation();
     EXPECT_EQ(acDocManager->activateDocument(document()), Acad::eOk);
 }
+
+TEST_F(Documents, ASavedDrawingOpensUnderItsName)
+{
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    const std::wstring path = std::wstring(folder) + L"saved drawing.dxf";
+    asCommand([&] { database()->setLtscale(2.5); });
+    EXPECT_EQ(run(L"QSAVE " + path + L"\n"), 1);
+    EXPECT_TRUE(document()->isNamedDrawing());
+    EXPECT_STREQ(document()->docTitle(), L"saved drawing.dxf");
+    ASSERT_EQ(acDocManager->appContextOpenDocument(path.c_str()), Acad::eOk);
+    EXPECT_EQ(curDoc()->database()->ltscale(), 2.5);
+    EXPECT_EQ(acDocManager->appContextNewDocument(path.c_str()), Acad::eOk);
+    EXPECT_FALSE(curDoc()->isNamedDrawing());
+    EXPECT_EQ(curDoc()->database()->ltscale(), 2.5);
+    EXPECT_EQ(acDocManager->appContextOpenDocument(L"Z:\\no such drawing.dxf"), Acad::eFileNotFound);
+    EXPECT_EQ(acDocManager->documentCount(), 3);
+    DeleteFileW(path.c_str());
+}
