@@ -48,13 +48,13 @@ void saveUnder(const std::wstring& name)
 void quickSave()
 {
     const bool named = acDocManager->curDocument()->isNamedDrawing();
-    const std::wstring name = named ? L"" : ask(L"Save drawing as: ", ed::Reading::line);
+    const std::wstring name = named ? L"" : ask(L"Save drawing as: ", ed::Reading::word);
     if (named || !name.empty()) saveUnder(name);
 }
 
 void saveAs()
 {
-    const std::wstring name = ask(L"Save drawing as: ", ed::Reading::line);
+    const std::wstring name = ask(L"Save drawing as: ", ed::Reading::word);
     if (!name.empty()) saveUnder(name);
 }
 

@@ -57,7 +57,7 @@ Acad::ErrorStatus AcApDocManager::openDocument()
 {
     if (documents::executing()) return Acad::eInvalidContext;
     ed::print(L"Enter name of drawing to open: ");
-    const ed::Answer answer = ed::currentInput().next(ed::Reading::line);
+    const ed::Answer answer = ed::currentInput().next(ed::Reading::word);
     return answer.kind == ed::Answer::Kind::text ? appContextOpenDocument(answer.text.c_str()) : Acad::eUserBreak;
 }
 

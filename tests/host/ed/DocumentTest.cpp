@@ -145,7 +145,7 @@ TEST_F(Documents, ASavedDrawingOpensUnderItsName)
     GetTempPathW(MAX_PATH, folder);
     const std::wstring path = std::wstring(folder) + L"saved drawing.dxf";
     asCommand([&] { database()->setLtscale(2.5); });
-    EXPECT_EQ(run(L"QSAVE " + path + L"\n"), 1);
+    EXPECT_EQ(run(L"QSAVE \"" + path + L"\"\n"), 1);
     EXPECT_TRUE(document()->isNamedDrawing());
     EXPECT_STREQ(document()->docTitle(), L"saved drawing.dxf");
     ASSERT_EQ(acDocManager->appContextOpenDocument(path.c_str()), Acad::eOk);
