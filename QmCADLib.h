@@ -8,6 +8,7 @@
 #include "CDebugError.h"
 #include "CEncoding.h"
 #include "CFamStuCmdState.h"
+#include "CFamStuEnt.h"
 #include "CFamStuGlobe.h"
 #include "CFamStuIniFile.h"
 #include "CFamStuPub.h"

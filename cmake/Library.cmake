@@ -27,9 +27,10 @@ qm_library_folder(text)
 set_source_files_properties(${CMAKE_SOURCE_DIR}/text/Utf8Blocks.cpp PROPERTIES COMPILE_OPTIONS -mssse3)
 
 qm_library_folder(database)
+qm_library_folder(objects)
 qm_library_folder(frame USES lib_text lib_database)
 
-set(QM_LIBRARY_FOLDERS database frame geometry text)
+set(QM_LIBRARY_FOLDERS database frame geometry objects text)
 list(TRANSFORM QM_LIBRARY_FOLDERS PREPEND lib_ OUTPUT_VARIABLE folder_targets)
 list(TRANSFORM folder_targets REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE folder_objects)
 arx_add_module(QmCADLib ${folder_objects} $<TARGET_OBJECTS:lib_geometry_dense> VERSION ${PROJECT_VERSION}.0)

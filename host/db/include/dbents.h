@@ -2,10 +2,14 @@
 
 /// The entities of drawings in one include.
 
+#include "db2dpl.h"
+#include "db3dpl.h"
+#include "dbarc.h"
 #include "dbattdef.h"
 #include "dbattrib.h"
 #include "dbblkref.h"
 #include "dbblock.h"
+#include "dbcircle.h"
 #include "dbdim.h"
 #include "dbface.h"
 #include "dbhatch.h"

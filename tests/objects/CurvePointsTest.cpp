@@ -1,0 +1,160 @@
+#include "QmCADLib.h"
+
+#include "DrawingTest.h"
+
+#include "db2dpl.h"
+#include "db3dpl.h"
+#include "dbelipse.h"
+#include "dbents.h"
+#include "dbpl.h"
+#include "dbspline.h"
+
+#include <cmath>
+#include <limits>
+
+namespace
+{
+using CurvePoints = DrawingTest;
+
+AcGePoint3dArray pointsOf(AcDbObjectId id, int closeFlag, int wantedResult = 1)
+{
+    AcGePoint3dArray points;
+    EXPECT_EQ(CFamStuEnt::GetCurvePoints(id, points, closeFlag), wantedResult);
+    return points;
+}
+
+AcDbPolyline* square(bool closed)
+{
+    auto* const polyline = new AcDbPolyline;
+    const double corners[][2] = {{0, 0}, {4, 0}, {4, 3}, {0, 3}};
+    for (unsigned i = 0; i < 4; ++i) polyline->addVertexAt(i, AcGePoint2d(corners[i][0], corners[i][1]), i == 1 ? 1.0 : 0.0);
+    polyline->setClosed(closed);
+    return polyline;
+}
+
+TEST_F(CurvePoints, ClosedPolylineRepeatsItsFirstVertexWhenAsked)
+{
+    const AcDbObjectId closed = add(square(true)), open = add(square(false));
+    const AcGePoint3dArray around = pointsOf(closed, 1);
+    ASSERT_EQ(around.length(), 5);
+    EXPECT_EQ(around[4], around[0]);
+    EXPECT_EQ(around[2], AcGePoint3d(4, 3, 0));
+    EXPECT_EQ(pointsOf(closed, 0).length(), 4);
+    EXPECT_EQ(pointsOf(open, 1).length(), 4);
+}
+
+TEST_F(CurvePoints, RepeatedPointIsTheFirstOfTheArray)
+{
+    AcGePoint3dArray points;
+    points.append(AcGePoint3d(9, 9, 9));
+    EXPECT_EQ(CFamStuEnt::GetPolylinePoints(add(square(true)), points, 1), 1);
+    ASSERT_EQ(points.length(), 6);
+    EXPECT_EQ(points.last(), AcGePoint3d(9, 9, 9));
+}
+
+TEST_F(CurvePoints, PolylineVerticesAreInTheWorld)
+{
+    AcDbPolyline* const upright = square(false);
+    upright->setNormal(AcGeVector3d::kXAxis);
+    upright->setElevation(7.0);
+    // The arbitrary axes of the normal (1,0,0) are x = (0,1,0) and y = (0,0,1).
+    const AcGePoint3dArray points = pointsOf(add(upright), 0);
+    ASSERT_EQ(points.length(), 4);
+    EXPECT_TRUE(points[2].isEqualTo(AcGePoint3d(7, 4, 3)));
+}
+
+TEST_F(CurvePoints, OldPolylineIsClosedWhateverTheFlag)
+{
+    AcGePoint3dArray corners;
+    for (const AcGePoint3d& point : {AcGePoint3d(0, 0, 0), AcGePoint3d(2, 0, 0), AcGePoint3d(2, 2, 0)}) corners.append(point);
+    const AcDbObjectId flat = add(new AcDb2dPolyline(AcDb::k2dSimplePoly, corners, 0.0, true));
+    EXPECT_EQ(pointsOf(flat, 0).length(), 4);
+    const AcDbObjectPointer<AcDb2dPolyline> polyline(flat, AcDb::kForRead);
+    AcGePoint3dArray points;
+    EXPECT_EQ(CFamStuEnt::Get2dPolylinePoints(polyline.object(), points, 0), 1);
+    EXPECT_EQ(points.length(), 3);
+    EXPECT_EQ(CFamStuEnt::Get2dPolylinePoints(nullptr, points, 0), 0);
+    EXPECT_EQ(points.length(), 3);
+}
+
+TEST_F(CurvePoints, SpatialPolylineGivesNone)
+{
+    AcGePoint3dArray corners;
+    for (const AcGePoint3d& point : {AcGePoint3d(0, 0, 0), AcGePoint3d(2, 0, 5)}) corners.append(point);
+    const AcDbObjectId id = add(new AcDb3dPolyline(AcDb::k3dSimplePoly, corners));
+    AcGePoint3dArray points = pointsOf(id, 1, 0);
+    EXPECT_TRUE(points.isEmpty());
+    points.append(AcGePoint3d::kOrigin);
+    EXPECT_EQ(CFamStuEnt::GetCurvePoints(id, points, 1), 1); // there was a point before
+    EXPECT_EQ(points.length(), 1);
+}
+
+TEST_F(CurvePoints, OtherCurvesGiveTheirEndsOrControlPoints)
+{
+    const AcGePoint3dArray line = pointsOf(add(new AcDbLine(AcGePoint3d(1, 2, 3), AcGePoint3d(4, 5, 6))), 0);
+    ASSERT_EQ(line.length(), 2);
+    EXPECT_EQ(line[1], AcGePoint3d(4, 5, 6));
+
+    const double quarter = std::acos(0.0);
+    const AcGePoint3dArray arc = pointsOf(add(new AcDbArc(AcGePoint3d(1, 1, 0), 2.0, 0.0, quarter)), 0);
+    ASSERT_EQ(arc.length(), 2);
+    EXPECT_TRUE(arc[0].isEqualTo(AcGePoint3d(3, 1, 0)));
+    EXPECT_TRUE(arc[1].isEqualTo(AcGePoint3d(1, 3, 0)));
+
+    const AcGePoint3dArray circle = pointsOf(add(new AcDbCircle(AcGePoint3d::kOrigin, AcGeVector3d::kZAxis, 5.0)), 0);
+    ASSERT_EQ(circle.length(), 2);
+    EXPECT_TRUE(circle[0].isEqualTo(circle[1]));
+    EXPECT_TRUE(circle[0].isEqualTo(AcGePoint3d(5, 0, 0)));
+
+    AcGePoint3dArray control;
+    for (const AcGePoint3d& point : {AcGePoint3d(0, 0, 0), AcGePoint3d(1, 2, 0), AcGePoint3d(3, 2, 0), AcGePoint3d(4, 0, 0)}) control.append(point);
+    AcGeDoubleArray knots;
+    for (const double knot : {0, 0, 0, 0, 1, 1, 1, 1}) knots.append(knot);
+    const AcGePoint3dArray spline = pointsOf(add(new AcDbSpline(3, false, false, false, control, knots, AcGeDoubleArray())), 0);
+    ASSERT_EQ(spline.length(), 4);
+    EXPECT_EQ(spline[2], control[2]);
+}
+
+TEST_F(CurvePoints, OtherObjectsGiveNone)
+{
+    const AcDbObjectId text = add(new AcDbText(AcGePoint3d::kOrigin, L"x"));
+    EXPECT_TRUE(pointsOf(text, 1, 0).isEmpty());
+    EXPECT_TRUE(pointsOf(AcDbObjectId(), 1, 0).isEmpty());
+    EXPECT_TRUE(pointsOf(database()->layerZero(), 1, 0).isEmpty());
+    AcGePoint3dArray points;
+    EXPECT_EQ(CFamStuEnt::GetPolylinePoints(text, points, 1), 0);
+    EXPECT_EQ(CFamStuEnt::GetPolylinePoints(static_cast<AcDbPolyline*>(nullptr), points, 1), 0);
+    EXPECT_EQ(CFamStuEnt::GetCurvePoints(static_cast<AcDbEntity*>(nullptr), points, 1), 0);
+}
+
+TEST(PointOnLine, CodesFollowTheSegment)
+{
+    const AcGePoint3d a(0, 0, 0), b(10, 0, 0);
+    const auto judge = [&](double x, double y, int extend) {
+        return CFamStuEnt::JudgePointOnLine(a, b, AcGePoint3d(x, y, 0), extend);
+    };
+    EXPECT_EQ(judge(0, 0.00009, 0), 1);
+    EXPECT_EQ(judge(10, -0.00009, 0), 2);
+    EXPECT_EQ(judge(5, 0, 0), 3);
+    EXPECT_EQ(judge(5, 0.0002, 0), 3); // 8e-5 short of a straight angle
+    EXPECT_EQ(judge(5, 0.01, 1), 0);
+    EXPECT_EQ(judge(12, 0, 1), 4);
+    EXPECT_EQ(judge(-2, 0, 1), 5);
+    EXPECT_EQ(judge(12, 0, 0), 0);
+    EXPECT_EQ(judge(12, 1, 1), 0);
+    EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, a, a, 0), 1);
+}
+
+TEST(PointOnLine, HeightCountsForTheEndsOnly)
+{
+    const AcGePoint3d a(0, 0, 0), b(10, 0, 0);
+    EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, AcGePoint3d(5, 0, 100), 0), 3);
+    EXPECT_NE(CFamStuEnt::JudgePointOnLine(a, b, AcGePoint3d(0, 0, 100), 0), 1);
+}
+
+TEST(PointOnLine, NumbersThatAreNoneLieNowhere)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(CFamStuEnt::JudgePointOnLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0), AcGePoint3d(nan, 0, 0), 1), 0);
+}
+} // namespace

@@ -1,0 +1,101 @@
+#include "QmCADLib.h"
+
+#include "DrawingTest.h"
+
+#include "dbblkref.h"
+#include "dbents.h"
+#include "dbextent.h"
+#include "dbray.h"
+
+namespace
+{
+using EntExtents = DrawingTest;
+
+void expectBox(const AcDbExtents& extents, const AcGePoint3d& min, const AcGePoint3d& max)
+{
+    EXPECT_TRUE(extents.minPoint().isEqualTo(min)) << extents.minPoint().x << ", " << extents.minPoint().y;
+    EXPECT_TRUE(extents.maxPoint().isEqualTo(max)) << extents.maxPoint().x << ", " << extents.maxPoint().y;
+}
+
+TEST_F(EntExtents, ListCoversItsEntitiesAndForgetsWhatWasBefore)
+{
+    AcDbObjectIdArray ids;
+    ids.append(add(new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 2, 3))));
+    ids.append(add(new AcDbCircle(AcGePoint3d(10, 0, 0), AcGeVector3d::kZAxis, 2.0)));
+    AcDbExtents extents(AcGePoint3d(-50, -50, 0), AcGePoint3d(-40, -40, 0));
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, ids), Acad::eOk);
+    expectBox(extents, AcGePoint3d(0, -2, 0), AcGePoint3d(12, 2, 3));
+}
+
+TEST_F(EntExtents, EmptyListChangesNothing)
+{
+    AcDbExtents extents(AcGePoint3d(1, 1, 1), AcGePoint3d(2, 2, 2));
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, AcDbObjectIdArray()), static_cast<Acad::ErrorStatus>(16));
+    expectBox(extents, AcGePoint3d(1, 1, 1), AcGePoint3d(2, 2, 2));
+}
+
+TEST_F(EntExtents, StatusIsThatOfTheLastEntity)
+{
+    const AcDbObjectId line = add(new AcDbLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0)));
+    const AcDbObjectId gone = add(new AcDbLine(AcGePoint3d(5, 5, 0), AcGePoint3d(6, 6, 0)));
+    erase(gone);
+    AcDbObjectIdArray ids;
+    ids.append(line);
+    ids.append(gone);
+    AcDbExtents extents;
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, ids), Acad::eWasErased);
+    expectBox(extents, AcGePoint3d(0, 0, 0), AcGePoint3d(1, 1, 0));
+    ids.reverse();
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, ids), Acad::eOk);
+}
+
+TEST_F(EntExtents, FailureOfOneEntityChangesNothing)
+{
+    auto* const ray = new AcDbRay;
+    ray->setUnitDir(AcGeVector3d::kXAxis);
+    AcDbExtents extents(AcGePoint3d(1, 1, 1), AcGePoint3d(2, 2, 2));
+    EXPECT_NE(CFamStuEnt::GetEntExtents(extents, add(ray)), Acad::eOk);
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, AcDbObjectId()), Acad::eNullObjectId);
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, database()->layerZero()), Acad::eNotThatKindOfClass);
+    expectBox(extents, AcGePoint3d(1, 1, 1), AcGePoint3d(2, 2, 2));
+}
+
+TEST_F(EntExtents, PointsWidenWhatIsThere)
+{
+    AcDbExtents extents(AcGePoint3d(1, 1, 1), AcGePoint3d(2, 2, 2));
+    AcGePoint3dArray points;
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, points), 1);
+    points.append(AcGePoint3d(0, 5, 1));
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, points), 1);
+    expectBox(extents, AcGePoint3d(0, 1, 1), AcGePoint3d(2, 5, 2));
+}
+
+TEST_F(EntExtents, ContentsOfBlocksAreTurnedOneByOne)
+{
+    // A unit circle in a block, turned by 45 degrees, keeps its box; the box of the box would be larger.
+    const AcDbObjectId inner = addBlock(L"inner"), outer = addBlock(L"outer");
+    add(new AcDbCircle(AcGePoint3d::kOrigin, AcGeVector3d::kZAxis, 1.0), inner);
+    add(new AcDbRay, inner);
+    auto* const nested = new AcDbBlockReference(AcGePoint3d(3, 0, 0), inner);
+    nested->setRotation(0.785398163397448);
+    add(nested, outer);
+    const AcDbObjectId reference = add(new AcDbBlockReference(AcGePoint3d(10, 10, 0), outer));
+
+    AcDbExtents extents;
+    const AcDbObjectPointer<AcDbEntity> opened(reference, AcDb::kForRead);
+    EXPECT_EQ(CFamStuEnt::getBlkRefExtByFilerError(opened.object(), extents), Acad::eOk);
+    expectBox(extents, AcGePoint3d(12, 9, 0), AcGePoint3d(14, 11, 0));
+}
+
+TEST_F(EntExtents, EmptyBlocksAndOtherEntitiesHaveNoContents)
+{
+    const AcDbObjectId reference = add(new AcDbBlockReference(AcGePoint3d::kOrigin, addBlock(L"empty")));
+    AcDbExtents extents(AcGePoint3d(1, 1, 1), AcGePoint3d(2, 2, 2));
+    const AcDbObjectPointer<AcDbEntity> opened(reference, AcDb::kForRead);
+    EXPECT_EQ(CFamStuEnt::getBlkRefExtByFilerError(opened.object(), extents), Acad::eInvalidExtents);
+    EXPECT_EQ(CFamStuEnt::getBlkRefExtByFilerError(nullptr, extents), Acad::eNullObjectPointer);
+    AcDbLine line;
+    EXPECT_EQ(CFamStuEnt::getBlkRefExtByFilerError(&line, extents), Acad::eNotThatKindOfClass);
+    expectBox(extents, AcGePoint3d(1, 1, 1), AcGePoint3d(2, 2, 2));
+}
+} // namespace
