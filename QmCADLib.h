@@ -4,6 +4,8 @@
 
 #include "AlgorString.h"
 #include "ArxDbgDocLockWrite.h"
+#include "AsdkBlockOrderFilter.h"
+#include "AsdkBlockOrderIndex.h"
 #include "CArxUtils.h"
 #include "CDebugError.h"
 #include "CEncoding.h"
@@ -18,6 +20,7 @@
 #include "CMatrix.h"
 #include "CMatrixHelper.h"
 #include "ConfigManager.h"
+#include "CNoSpacebarInputControls.h"
 #include "CRegexString.h"
 #include "CtransStr.h"
 #include "ExprEvaluate.h"

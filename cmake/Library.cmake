@@ -27,6 +27,10 @@ qm_library_folder(text)
 set_source_files_properties(${CMAKE_SOURCE_DIR}/text/Utf8Blocks.cpp PROPERTIES COMPILE_OPTIONS -mssse3)
 
 qm_library_folder(database)
+# The descriptors of run-time classes are inline members that other modules ask for by name.
+set_source_files_properties(${CMAKE_SOURCE_DIR}/database/AsdkBlockOrderFilter.cpp
+  ${CMAKE_SOURCE_DIR}/database/AsdkBlockOrderIndex.cpp ${CMAKE_SOURCE_DIR}/frame/CArxComLibNewApp.cpp
+  PROPERTIES COMPILE_OPTIONS -fno-visibility-inlines-hidden)
 qm_library_folder(objects)
 qm_library_folder(frame USES lib_text lib_database)
 

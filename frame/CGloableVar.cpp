@@ -42,6 +42,26 @@ int CGloableVar::getMouseInView() const
     return m_mouseInView;
 }
 
+void CGloableVar::setLastPickedPoint(const AcGePoint3d& point)
+{
+    m_lastPickedPoint = point;
+}
+
+const AcGePoint3d& CGloableVar::getLastPickedPoint() const
+{
+    return m_lastPickedPoint;
+}
+
+void CGloableVar::setPendingEnter(int value)
+{
+    m_pendingEnter = value;
+}
+
+int CGloableVar::getPendingEnter() const
+{
+    return m_pendingEnter;
+}
+
 void CGloableVar::setReShowDwgBar(int value)
 {
     m_reShowDwgBar = value;

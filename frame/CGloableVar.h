@@ -32,6 +32,14 @@ public:
     void setMouseInView(int value);
     int getMouseInView() const;
 
+    /// Where the left mouse button was pressed or released last, in world coordinates; the message hook sets it.
+    void setLastPickedPoint(const AcGePoint3d& point);
+    const AcGePoint3d& getLastPickedPoint() const;
+
+    /// Enter is to be sent to the command line; the message hook does so with the next message, once.
+    void setPendingEnter(int value);
+    int getPendingEnter() const;
+
     /// The drawing's tool bar is to be shown again.
     void setReShowDwgBar(int value);
     int getReShowDwgBar() const;
@@ -53,6 +61,8 @@ private:
     int m_hideTcTk = 0;
     int m_qmToolsLoaded = 0;
     int m_mouseInView = 0;
+    AcGePoint3d m_lastPickedPoint;
+    int m_pendingEnter = 0;
     int m_reShowDwgBar = 0;
     struTuoZhuaiEnt m_tuoZhuaiEnt;
     int m_tuoZhuaiEntCmdRuning = 0;
