@@ -35,7 +35,8 @@ std::vector<AcDbObjectId> drawOrderOf(const AcDbBlockTableRecord& block)
 {
     const AcDbObjectPointer<AcDbSortentsTable> table(drawOrderTableOf(block), AcDb::kForRead);
     AcDbObjectIdArray ids;
-    if (table.openStatus() != Acad::eOk || table->getFullDrawOrder(ids) != Acad::eOk) return inOrderOfTheBlock(block);
+    if (table.openStatus() != Acad::eOk || table->getFullDrawOrder(ids) != Acad::eOk)
+        return inOrderOfTheBlock(block);
     return {ids.asArrayPtr(), ids.asArrayPtr() + ids.length()};
 }
 } // namespace

@@ -5,8 +5,8 @@
 #include <set>
 #include <vector>
 
-/// Walks the entities of a block from the lowest of the draw order to the uppermost. Among other iterators it gives what
-/// they let through in that order.
+/// Walks the entities of a block from the lowest of the draw order to the uppermost. Among other iterators it
+/// gives what they let through in that order.
 class BlockOrderIterator : public AcDbFilteredBlockIterator
 {
 public:

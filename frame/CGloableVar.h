@@ -32,7 +32,8 @@ public:
     void setMouseInView(int value);
     int getMouseInView() const;
 
-    /// Where the left mouse button was pressed or released last, in world coordinates; the message hook sets it.
+    /// Where the left mouse button was pressed or released last, in world coordinates; the message hook sets
+    /// it.
     void setLastPickedPoint(const AcGePoint3d& point);
     const AcGePoint3d& getLastPickedPoint() const;
 

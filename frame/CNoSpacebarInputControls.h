@@ -2,9 +2,9 @@
 
 #include <afxwin.h>
 
-/// The keyword shortcut: while it is active, the key of an accepted letter answers a keyword question without Enter or the
-/// space bar, since Enter is sent after it. Dynamic input (DYNMODE), which handles letters itself, is off meanwhile. The
-/// shortcut is one for the whole module, so at most one object lives at a time.
+/// The keyword shortcut: while it is active, the key of an accepted letter answers a keyword question without
+/// Enter or the space bar, since Enter is sent after it. Dynamic input (DYNMODE), which handles letters
+/// itself, is off meanwhile. The shortcut is one for the whole module, so at most one object lives at a time.
 class AFX_EXT_CLASS CNoSpacebarInputControls
 {
 public:
@@ -20,7 +20,8 @@ public:
     /// Makes the shortcut active for other letters. DYNMODE stays.
     void setInputCtrls(CString letters);
 
-    /// Sends Enter to the command line when `text`, in either case, occurs in the accepted letters; not for an empty one.
+    /// Sends Enter to the command line when `text`, in either case, occurs in the accepted letters; not for
+    /// an empty one.
     static void noSpacebarInputControls(CString text);
     /// Whether the shortcut is active.
     static bool isActive();

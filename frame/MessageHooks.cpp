@@ -22,7 +22,8 @@ void watch(const MSG* message)
     const CWnd* view = acedGetAcadDwgView();
     if (!view) return;
     g_CGloableVar.setMouseInView(message->message == WM_MOUSEMOVE && message->hwnd == view->m_hWnd);
-    if (message->message == WM_LBUTTONDOWN || message->message == WM_LBUTTONUP) keepPickedPoint(message->lParam);
+    if (message->message == WM_LBUTTONDOWN || message->message == WM_LBUTTONUP)
+        keepPickedPoint(message->lParam);
 }
 
 /// Dynamic input takes single letters itself.
@@ -38,8 +39,8 @@ bool isHeldDown(int key)
     return (GetAsyncKeyState(key) & 0x8000) != 0;
 }
 
-// Any message whose wParam is the code of a letter counts: that the key is not held down any more is what makes the
-// shortcut work once for each press.
+// Any message whose wParam is the code of a letter counts: that the key is not held down any more is what
+// makes the shortcut work once for each press.
 void serveKeywordShortcut(WPARAM key)
 {
     if (key < 'A' || key > 'Z' || !CNoSpacebarInputControls::isActive() || dynamicInputIsOn()) return;

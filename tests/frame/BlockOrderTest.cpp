@@ -41,7 +41,8 @@ protected:
         table->close();
         for (double y : {0.0, 1.0, 2.0})
             m_lines.append(addTo(m_block, new AcDbLine({0, y, 0}, {1, y, 0})));
-        m_reference = addTo(database()->currentSpaceId(), new AcDbBlockReference(AcGePoint3d::kOrigin, m_block));
+        m_reference =
+            addTo(database()->currentSpaceId(), new AcDbBlockReference(AcGePoint3d::kOrigin, m_block));
     }
     void bringToTop(AcDbObjectId line)
     {
@@ -77,7 +78,8 @@ protected:
         AcDbFilter* filter = nullptr;
         EXPECT_EQ(AcDbIndexFilterManager::getFilter(reference, 0, AcDb::kForRead, filter), Acad::eOk);
         std::vector<AcDbObjectId> ids;
-        const std::unique_ptr<AcDbCompositeFilteredBlockIterator> walk(AcDbCompositeFilteredBlockIterator::newIterator());
+        const std::unique_ptr<AcDbCompositeFilteredBlockIterator> walk(
+            AcDbCompositeFilteredBlockIterator::newIterator());
         EXPECT_EQ(walk->init(&filter, 1, block), Acad::eOk);
         for (AcDbObjectId id = walk->next(); !id.isNull(); id = walk->next())
             ids.push_back(id);
@@ -109,7 +111,8 @@ TEST_F(BlockOrder, IndexAnswersItsFilterOnlyAndOnlyInABlock)
         addBoth();
         const AcDbObjectPointer<AcDbBlockTableRecord> block(m_block, AcDb::kForRead);
         AcDbIndex* index = nullptr;
-        ASSERT_EQ(AcDbIndexFilterManager::getIndex(block, AsdkBlockOrderIndex::desc(), AcDb::kForRead, index), Acad::eOk);
+        ASSERT_EQ(AcDbIndexFilterManager::getIndex(block, AsdkBlockOrderIndex::desc(), AcDb::kForRead, index),
+                  Acad::eOk);
         EXPECT_EQ(index->objectBeingIndexedId(), m_block);
         EXPECT_EQ(index->newIterator(nullptr), nullptr);
         const std::unique_ptr<AcDbFilteredBlockIterator> walk(index->newIterator(&filter));
@@ -129,13 +132,17 @@ TEST_F(BlockOrder, RemovedFilterAndIndexAreGone)
         EXPECT_EQ(AcDbIndexFilterManager::updateIndexes(database()), Acad::eOk);
         const AcDbObjectPointer<AcDbBlockTableRecord> block(m_block, AcDb::kForWrite);
         const AcDbObjectPointer<AcDbBlockReference> reference(m_reference, AcDb::kForWrite);
-        EXPECT_EQ(AcDbIndexFilterManager::numIndexes(block) + AcDbIndexFilterManager::numFilters(reference), 2);
-        EXPECT_EQ(AcDbIndexFilterManager::removeIndex(block, AsdkBlockOrderFilter::desc()), Acad::eKeyNotFound);
+        EXPECT_EQ(AcDbIndexFilterManager::numIndexes(block) + AcDbIndexFilterManager::numFilters(reference),
+                  2);
+        EXPECT_EQ(AcDbIndexFilterManager::removeIndex(block, AsdkBlockOrderFilter::desc()),
+                  Acad::eKeyNotFound);
         EXPECT_EQ(AcDbIndexFilterManager::removeIndex(block, AsdkBlockOrderIndex::desc()), Acad::eOk);
         EXPECT_EQ(AcDbIndexFilterManager::removeFilter(reference, AsdkBlockOrderFilter::desc()), Acad::eOk);
-        EXPECT_EQ(AcDbIndexFilterManager::numIndexes(block) + AcDbIndexFilterManager::numFilters(reference), 0);
+        EXPECT_EQ(AcDbIndexFilterManager::numIndexes(block) + AcDbIndexFilterManager::numFilters(reference),
+                  0);
         AcDbFilter* filter = nullptr;
-        EXPECT_EQ(AcDbIndexFilterManager::getFilter(reference, 0, AcDb::kForRead, filter), Acad::eKeyNotFound);
+        EXPECT_EQ(AcDbIndexFilterManager::getFilter(reference, 0, AcDb::kForRead, filter),
+                  Acad::eKeyNotFound);
     });
 }
 } // namespace

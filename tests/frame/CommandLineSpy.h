@@ -11,8 +11,8 @@ public:
     CommandLineSpy() : m_window(acedGetAcadTextCmdLine()->m_hWnd)
     {
         s_typed.clear();
-        s_before = reinterpret_cast<WNDPROC>(
-            SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CommandLineSpy::procedure)));
+        s_before = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+            m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&CommandLineSpy::procedure)));
     }
     ~CommandLineSpy() { SetWindowLongPtrW(m_window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(s_before)); }
     CommandLineSpy(const CommandLineSpy&) = delete;

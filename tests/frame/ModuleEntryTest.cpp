@@ -163,7 +163,7 @@ TEST_F(MessageHooks, ReleasedKeyOfAnAcceptedLetterSendsOneEnter)
     EXPECT_EQ(typedBy(WM_KEYUP, 'Y'), L"\r");
     EXPECT_EQ(typedBy(WM_KEYUP, 'Q'), L"");
     EXPECT_EQ(typedBy(WM_USER, 'N'), L"\r"); // any message counts
-    EXPECT_EQ(typedBy(WM_USER, 'n'), L""); // no key code of a letter
+    EXPECT_EQ(typedBy(WM_USER, 'n'), L"");   // no key code of a letter
 }
 
 TEST_F(MessageHooks, DynamicInputAndInactivityLeaveLettersAlone)
