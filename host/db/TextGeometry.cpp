@@ -28,6 +28,13 @@ AcGeVector2d alignmentOffset(const lettering::TextMeasure& measure, double heigh
     if (vertical == AcDb::kTextTop) y = height;
     return {x, y};
 }
+
+/// Whether the alignment point alone says where the text lies. Aligned and fitted texts start at their position.
+bool hangsOnAlignmentPoint(int horizontal, int vertical)
+{
+    if (horizontal == AcDb::kTextAlign || horizontal == AcDb::kTextFit) return false;
+    return horizontal != AcDb::kTextLeft || vertical != AcDb::kTextBase;
+}
 } // namespace
 
 AcGiTextStyle AcDbText::drawnStyle() const
@@ -41,12 +48,20 @@ AcGiTextStyle AcDbText::drawnStyle() const
     return style;
 }
 
+/// Programs leave the position of a justified text anywhere, and with another font it would be another one: the text is
+/// hung on its alignment point anew.
 AcGeMatrix3d AcDbText::textToWorld() const
 {
-    AcGeMatrix3d turn, move;
+    AcGeMatrix3d turn, move, hang;
     turn.setToRotation(mRotation, AcGeVector3d::kZAxis);
-    move.setToTranslation(mPosition.asVector());
-    return ocs::toWorld(mNormal) * move * turn;
+    const bool isHung = hangsOnAlignmentPoint(mHorizontal, mVertical);
+    move.setToTranslation((isHung ? mAlignment : mPosition).asVector());
+    if (isHung) {
+        const AcGeVector2d offset =
+            alignmentOffset(measureOf(drawnStyle(), shownText()), mHeight, mHorizontal, mVertical);
+        hang.setToTranslation(AcGeVector3d(-offset.x, -offset.y, 0.0));
+    }
+    return ocs::toWorld(mNormal) * move * turn * hang;
 }
 
 bool AcDbText::boundingPoints(AcGePoint3d (&corners)[4]) const
@@ -120,7 +135,8 @@ Acad::ErrorStatus AcDbText::subGetGeomExtents(AcDbExtents& extents) const
 bool AcDbText::subWorldDraw(AcGiWorldDraw* draw) const
 {
     const CString& text = shownText();
-    draw->geometry().text(position(), mNormal, textToWorld() * AcGeVector3d::kXAxis, text, text.GetLength(), false,
+    const AcGeMatrix3d world = textToWorld();
+    draw->geometry().text(world * AcGePoint3d::kOrigin, mNormal, world * AcGeVector3d::kXAxis, text, text.GetLength(), false,
                           drawnStyle());
     return true;
 }

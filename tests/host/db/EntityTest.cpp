@@ -160,6 +160,19 @@ TEST_F(TextEntity, AlignmentMovesThePositionAndNotTheAlignmentPoint)
     EXPECT_NEAR(hook.x - text->position().x, width / 2.0, 1e-9);
 }
 
+TEST_F(TextEntity, LiesAtItsAlignmentPointWhateverItsPositionSays)
+{
+    // Files of other programs repeat the alignment point as the position.
+    const std::unique_ptr<AcDbText> text = textOf(L"HOUSE", 2.0);
+    text->setHorizontalMode(AcDb::kTextCenter);
+    text->setAlignmentPoint(AcGePoint3d(100, 50, 0));
+    text->setPosition(AcGePoint3d(100, 50, 0));
+    AcDbExtents extents;
+    ASSERT_EQ(text->getGeomExtents(extents), Acad::eOk);
+    EXPECT_NEAR((extents.minPoint().x + extents.maxPoint().x) / 2.0, 100.0, 0.3); // side bearings differ
+    EXPECT_EQ(text->position(), AcGePoint3d(100, 50, 0));
+}
+
 TEST_F(TextEntity, MirroringKeepsItReadable)
 {
     const std::unique_ptr<AcDbText> text = textOf(L"A-1", 2.5);
