@@ -100,6 +100,8 @@ void dxfWrite(const AcDbObject& object, DxfSink& sink);
 void dxfWriteFrame(const AcDbObject& object, DxfSink& sink);
 /// Writes the whole record: group 0, the frame, the classes, extended data.
 void dxfWriteRecord(const AcDbObject& object, DxfSink& sink);
+/// The same with another object named as the owner.
+void dxfWriteRecord(const AcDbObject& object, AcDbObjectId namedOwner, DxfSink& sink);
 /// The same without its group 0.
 void dxfWriteBody(const AcDbObject& object, DxfSink& sink);
 

@@ -193,6 +193,18 @@ void writeXData(const DbObjectExtras& extras, DxfSink& sink)
         writeGroups(data.groups, sink);
     }
 }
+
+void writeBody(const AcDbObject& object, AcDbObjectId namedOwner, DxfSink& sink)
+{
+    const DbObjectExtras* extras = DbObjectAccess::extras(object);
+    sink.rawHandle(object.dxfRecordName() == "DIMSTYLE" ? 105 : 5, object.handle());
+    if (extras) {
+        writeExtensionDictionary(*extras, sink);
+        writeReactors(*extras, sink);
+        writeKeptGroups(object, &frameSection, sink);
+    }
+    sink.handle(330, namedOwner);
+}
 } // namespace
 
 DxfFrame dxfRead(AcDbObject& object, DxfSource& source) { return RecordReader(object, source).read(); }
@@ -209,21 +221,14 @@ void dxfWriteFrame(const AcDbObject& object, DxfSink& sink)
     dxfWriteBody(object, sink);
 }
 
-void dxfWriteBody(const AcDbObject& object, DxfSink& sink)
-{
-    const DbObjectExtras* extras = DbObjectAccess::extras(object);
-    sink.rawHandle(object.dxfRecordName() == "DIMSTYLE" ? 105 : 5, object.handle());
-    if (extras) {
-        writeExtensionDictionary(*extras, sink);
-        writeReactors(*extras, sink);
-        writeKeptGroups(object, &frameSection, sink);
-    }
-    sink.handle(330, object.ownerId());
-}
+void dxfWriteBody(const AcDbObject& object, DxfSink& sink) { writeBody(object, object.ownerId(), sink); }
 
-void dxfWriteRecord(const AcDbObject& object, DxfSink& sink)
+void dxfWriteRecord(const AcDbObject& object, DxfSink& sink) { dxfWriteRecord(object, object.ownerId(), sink); }
+
+void dxfWriteRecord(const AcDbObject& object, AcDbObjectId namedOwner, DxfSink& sink)
 {
-    dxfWriteFrame(object, sink);
+    sink.text(0, object.dxfRecordName());
+    writeBody(object, namedOwner, sink);
     dxfWrite(object, sink);
     if (const DbObjectExtras* extras = DbObjectAccess::extras(object)) writeXData(*extras, sink);
 }

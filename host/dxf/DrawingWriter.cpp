@@ -203,8 +203,14 @@ void DrawingWriter::writeEntity(AcDbEntity& entity)
     dxfWriteRecord(entity, _sink);
     const DbSubentities* list = entity.subentities();
     if (!list || list->sequenceEnd.isNull()) return;
-    for (const AcDbObjectId id : list->ids) writeRecord(id);
-    writeRecord(list->sequenceEnd);
+    const AcDbObjectId owner = list->fileNamesBlockAsOwner ? entity.ownerId() : entity.objectId();
+    for (const AcDbObjectId id : list->ids) writeSubentity(id, owner);
+    writeSubentity(list->sequenceEnd, owner);
+}
+
+void DrawingWriter::writeSubentity(AcDbObjectId id, AcDbObjectId namedOwner)
+{
+    if (id.isValid() && !id.isErased()) dxfWriteRecord(*residentObject(id), namedOwner, _sink);
 }
 
 /// The objects of the last section: the root of all dictionaries, then by handle.

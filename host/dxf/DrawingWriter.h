@@ -26,6 +26,7 @@ private:
     void writeEntitiesOf(const AcDbBlockTableRecord& block);
     void writeEntity(AcDbEntity& entity);
     void writeRecord(AcDbObjectId id);
+    void writeSubentity(AcDbObjectId id, AcDbObjectId namedOwner);
     void collectObjects();
     void writeObjects();
     void writeKeptSections();

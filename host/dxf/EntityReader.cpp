@@ -145,6 +145,7 @@ void EntityReader::takeSubentities(AcDbEntity& parent)
         AcDbEntity* entity = makeEntity(_records.record());
         const DxfFrame frame = _source.read(*entity, _records.record());
         list->ids.push_back(add(*entity, frame, parent.objectId()));
+        list->fileNamesBlockAsOwner = frame.owner && AcDbObjectId(frame.owner) == parent.ownerId();
     }
     _context.repair(RepairCode::noBlockEnd, nullptr, "a list of vertices or attributes without an end: it was ended");
     auto* end = new AcDbSequenceEnd;

@@ -30,6 +30,8 @@ using AcDbIntArray = AcArray<int>;
 struct DbSubentities {
     std::vector<AcDbObjectId> ids;
     AcDbObjectId sequenceEnd;
+    /// Some programs name the block as the owner of these; it is written back so.
+    bool fileNamesBlockAsOwner = false;
 };
 
 /// Points and directions are in world coordinates unless a class says otherwise.
