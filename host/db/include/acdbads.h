@@ -9,6 +9,7 @@
 /// unless they say more.
 
 #include "acadstrc.h"
+#include "acdbunits.h"
 #include "adsdef.h"
 #include "dbid.h"
 

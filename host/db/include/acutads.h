@@ -2,6 +2,7 @@
 
 /// Lists and strings of the list interface.
 
+#include "acutmath.h"
 #include "adsdef.h"
 
 /// A new node of a type, its value zero; null when memory is out. Released with acutRelRb.
@@ -18,6 +19,11 @@ int acutRelRb(resbuf* list);
 /// A copy of a text that acutDelString releases; sets `copy` and returns RTNORM, or RTERROR.
 int acutNewString(const ACHAR* text, ACHAR*& copy);
 void acutDelString(ACHAR*& text);
+
+/// Whether a text matches a pattern, with regard to case: # a digit, @ a letter, . neither, ? any character, * any
+/// characters, [abc] [a-z] one of a set, [~abc] none of it, ~ in front all but the pattern, a comma between alternatives,
+/// ` before a character that stands for itself. RTNORM; RTERROR when it does not, or for null.
+int acutWcMatch(const ACHAR* text, const ACHAR* pattern);
 
 /// The value type (RTREAL, RT3DPOINT, RTSHORT, RTLONG, RTINT64, RTSTR, RTENAME, RTLB for binary chunks) of a DXF
 /// group code, also of the application codes above 999 and the entity codes below 0; RTNONE for a code that the format
