@@ -32,7 +32,8 @@ set_source_files_properties(${CMAKE_SOURCE_DIR}/database/AsdkBlockOrderFilter.cp
   ${CMAKE_SOURCE_DIR}/database/AsdkBlockOrderIndex.cpp ${CMAKE_SOURCE_DIR}/frame/CArxComLibNewApp.cpp
   PROPERTIES COMPILE_OPTIONS -fno-visibility-inlines-hidden)
 qm_library_folder(objects)
-qm_library_folder(frame USES lib_text lib_database)
+find_package(pugixml REQUIRED)
+qm_library_folder(frame USES lib_text lib_database LINKS pugixml::pugixml)
 
 set(QM_LIBRARY_FOLDERS database frame geometry objects text)
 list(TRANSFORM QM_LIBRARY_FOLDERS PREPEND lib_ OUTPUT_VARIABLE folder_targets)
@@ -41,7 +42,7 @@ arx_add_module(QmCADLib ${folder_objects} $<TARGET_OBJECTS:lib_geometry_dense> V
 add_library(QmCADLib::QmCADLib ALIAS QmCADLib)
 # The build's own run path would be padded with empty entries, which mean the current folder.
 set_target_properties(QmCADLib PROPERTIES BUILD_WITH_INSTALL_RPATH ON)
-target_link_libraries(QmCADLib PRIVATE qm_settings)
+target_link_libraries(QmCADLib PRIVATE qm_settings pugixml::pugixml)
 target_include_directories(QmCADLib PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}>)
 foreach(folder IN LISTS QM_LIBRARY_FOLDERS)
   target_include_directories(QmCADLib PUBLIC $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/${folder}>)

@@ -1,9 +1,18 @@
 #pragma once
 
 #include "acadstrc.h"
+#include "acutads.h"
 #include "dbcolor.h"
+#include "dbidar.h"
+#include "gepnt3d.h"
 
+#include <afxcoll.h>
 #include <afxwin.h>
+
+namespace pugi
+{
+class xml_document;
+}
 
 /// Services through which modules reach the editor itself and not an object of a drawing. All members are
 /// static and keep no state. Results of type int are 1 for success or yes and 0 for failure or no; nothing
@@ -11,7 +20,63 @@
 class AFX_EXT_CLASS CFamStuGlobe
 {
 public:
+    // The editor's windows and commands.
+
+    /// Makes AutoCAD's main window the active one, enables it, and has the cursor drawn again.
+    static void ActivateAcad();
+    /// Types a command into the current document as if the user did, with the keyboard focus on AutoCAD.
+    /// Nothing happens without a document, or when the text has more than 254 characters.
+    static void SendCommandToCAD(CString command);
+    /// Cancels what runs in all documents, or in the current one.
+    static void CancelAllCommand();
+    static void CancelLastCommand();
+    /// Cancels the running command. The answer of the command line to that Esc; 0 when no command runs.
+    static int ClearCommandLine();
+
+    // The support path: the folders in which AutoCAD looks for files, with ";" between them.
+
+    /// Adds the application's folders to the setting "ACAD" of the profile, unless they are there. They lie
+    /// beside the folder of this module.
+    static void AddSupportPath();
+    /// Adds folders, unless they are there in either case. 0 when AutoCAD's preferences cannot be reached or
+    /// refuse.
+    static int AddSupportPath(CStringArray& folders);
+    /// Puts the folders in place of what `folders` held. 0, and nothing changed, when the preferences cannot
+    /// be reached.
+    static int GetSupportPath(CStringArray& folders);
+
+    // Profiles: AutoCAD's settings under a name.
+
+    /// The name of the profile that AutoCAD starts with.
+    static CString getMoRenProfiles();
+    /// Makes a profile the one that AutoCAD starts with next time. It need not be there yet; AutoCAD makes it
+    /// then.
+    static void setMoRenProfiles(CString name);
+    /// Writes settings into the profiles that a document names, which are made when they are missing. Keys
+    /// and values lie as in the registry below the profile; values are texts (no type) or numbers ("dword").
+    /// What is not as here is left out, also the parts of names that a registry key cannot have.
+    ///
+    ///     <profiles>
+    ///       <profile name="...">
+    ///         <key name="General">
+    ///           <value name="ACAD">D:\fonts;</value>
+    ///           <value name="AttachmentDragging" type="dword">1</value>
+    ///         </key>
+    ///       </profile>
+    ///     </profiles>
+    static void writePorfiles(pugi::xml_document& document);
+    /// Unloads the application's menus (those of "common\sys\系统\menures") and removes the profile that
+    /// AutoCAD starts with; it starts with its own unnamed one then. That one, and the profile that is in
+    /// use, stay.
+    static void deletePorfiles();
+
     // Files and modules.
+
+    /// 1 when a module with the file name of `path` is loaded and is that very file or has its version; with
+    /// another version SameFileVersion shows its message. 0 otherwise.
+    static int ArxIsLoaded(CString path);
+    /// Whether a module of that file name, in either case, is loaded.
+    static bool isModuleLoaded(const char* name);
 
     /// The version text of a file's version resource. A `file` that does not exist is looked for as a name
     /// relative to the folder of this module. 0, and `version` as it was, when there is no such file or it
@@ -20,6 +85,16 @@ public:
     /// 1 when both files carry the same version text, or none of them carries one. Otherwise shows a message
     /// box that names `b` and `a`, and gives 0.
     static int SameFileVersion(CString a, CString b);
+
+    // Entities by their names in lists.
+
+    /// The handle in hexadecimal digits; empty for a name that is none.
+    static CString GetObjectHandle(ads_name entity);
+    /// The text of a text, an attribute or a multiline text (with its format codes); empty for others.
+    static CString GetTextVal(ads_name entity);
+    /// Changes it. eInvalidInput for a null text, eNotThatKindOfClass for other entities, and the statuses of
+    /// opening.
+    static Acad::ErrorStatus SetTextVal(ads_name entity, const wchar_t* text);
 
     // The network.
 

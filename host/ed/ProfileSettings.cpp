@@ -1,6 +1,6 @@
 #include "ProfileSettings.h"
 
-#include <windows.h>
+#include "rxregsvc.h"
 
 namespace
 {
@@ -66,3 +66,5 @@ bool write(const std::wstring& section, const std::wstring& name, const std::wst
 
 void clear(const std::wstring& section) { RegDeleteTreeW(HKEY_CURRENT_USER, keyOf(section).c_str()); }
 } // namespace profile
+
+const wchar_t* acrxProductKey() { return profile::productKey().c_str(); }

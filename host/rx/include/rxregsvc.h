@@ -12,6 +12,9 @@ bool acrxRegisterAppMDIAware(void* appId);
 bool acrxRegisterAppNotMDIAware(void* appId);
 bool acrxIsAppMDIAware(const wchar_t* moduleName);
 
+/// AutoCAD's key of the registry, below HKEY_CURRENT_USER and HKEY_LOCAL_MACHINE: that of its release, product and language.
+const wchar_t* acrxProductKey();
+
 /// A service that a module offers: the module gets kDependencyMsg when the first other one depends on it, and
 /// kNoDependencyMsg when the last has left.
 class AcRxService : public AcRxObject

@@ -1,0 +1,10 @@
+#include "CDocView.h"
+
+#include "acedads.h"
+#include "CFamStuGlobe.h"
+
+void CArxUtils::CDocView::ActivateAcad()
+{
+    acedGetAcadFrame()->SetForegroundWindow();
+    CFamStuGlobe::ActivateAcad();
+}
