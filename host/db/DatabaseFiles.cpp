@@ -11,6 +11,8 @@ hooks::DrawingFiles& drawingFiles()
     return files;
 }
 
+hooks::RepairListener listener = nullptr;
+
 struct NamedVersion {
     DxfVersion dxf;
     AcDb::AcDbDwgVersion dwg;
@@ -58,6 +60,8 @@ Acad::ErrorStatus write(AcDbDatabase& database, const ACHAR* path, AcDb::AcDbDwg
 } // namespace
 
 void hooks::setDrawingFiles(const DrawingFiles& files) { drawingFiles() = files; }
+void hooks::setRepairListener(RepairListener heard) { listener = heard; }
+hooks::RepairListener hooks::repairListener() { return listener; }
 
 Acad::ErrorStatus AcDbDatabase::readDwgFile(const ACHAR* fileName, OpenMode, bool, const wchar_t*)
 {

@@ -4,6 +4,10 @@
 
 #include "acadstrc.h"
 
+#include <cstddef>
+#include <string>
+#include <vector>
+
 class AcDbDatabase;
 
 namespace hooks
@@ -16,4 +20,10 @@ struct DrawingFiles {
 };
 
 void setDrawingFiles(const DrawingFiles& files);
+
+/// Hears what was repaired in a file that was opened: the first repairs as lines, and how many there were in all.
+using RepairListener = void (*)(const wchar_t* path, const std::vector<std::string>& repairs, std::size_t count);
+/// Null: nobody listens.
+void setRepairListener(RepairListener listener);
+RepairListener repairListener();
 } // namespace hooks

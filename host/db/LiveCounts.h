@@ -4,7 +4,11 @@
 
 #include <cstdint>
 
+class AcDbDatabase;
+
 namespace live
 {
 std::int64_t& resbufs();
+/// How many objects of a drawing are open.
+int openObjects(const AcDbDatabase& database);
 } // namespace live

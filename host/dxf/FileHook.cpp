@@ -16,10 +16,19 @@ Acad::ErrorStatus writeLog(const RepairReport& report, const wchar_t* path)
     return file.commit() == FileStatus::done ? Acad::eOk : Acad::eFileAccessErr;
 }
 
+void tell(const RepairReport& report, const wchar_t* path)
+{
+    if (report.isEmpty() || !hooks::repairListener()) return;
+    std::vector<std::string> lines;
+    for (const Repair& repair : report.kept()) lines.push_back(textOf(repair));
+    hooks::repairListener()(path, lines, report.count());
+}
+
 Acad::ErrorStatus read(AcDbDatabase& database, const wchar_t* path, const wchar_t* logPath)
 {
     RepairReport report;
     const Acad::ErrorStatus status = readDrawing(database, path, report);
+    if (status == Acad::eOk) tell(report, path);
     // A log that cannot be written does not undo the reading.
     if (logPath && *logPath) writeLog(report, logPath);
     return status;

@@ -54,6 +54,8 @@ void echoAnswer(std::wstring_view text)
     print(L"\n");
 }
 
+void beginLine() { state().lastLine.clear(); }
+
 CommandLineListener setCommandLineListener(CommandLineListener listener)
 {
     std::swap(state().listener, listener);

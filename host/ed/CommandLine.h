@@ -12,6 +12,8 @@ namespace ed
 void print(std::wstring_view text);
 /// Shows an answer that was typed in advance, behind its prompt.
 void echoAnswer(std::wstring_view text);
+/// Someone pressed Enter at the terminal: what is written next begins a line.
+void beginLine();
 
 /// Takes what is written from now on; an empty function gives it back to standard output. Returns the one before.
 using CommandLineListener = std::function<void(std::wstring_view text)>;

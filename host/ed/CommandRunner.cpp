@@ -1,10 +1,14 @@
 #include "CommandRunner.h"
 
+#include "CommandAliases.h"
 #include "CommandLine.h"
 #include "CommandStackAccess.h"
 #include "Documents.h"
 #include "EditorEvents.h"
+#include "Faults.h"
 #include "LispEvaluator.h"
+#include "ProgramEnd.h"
+#include "Script.h"
 #include "VariablePrompt.h"
 
 namespace
@@ -75,12 +79,13 @@ void announce(Outcome outcome, const wchar_t* name)
 Outcome call(AcApDocument* document, const AcEdCommand& command)
 {
     documents::stateOf(document)->input.forgetCancel();
+    ed::takeFailure();
     try {
         command.functionAddr()();
     } catch (...) {
-        ed::print(L"\n; error: an exception ended the command.\n");
-        return Outcome::failed;
+        ed::fail(L"; error: an exception ended the command.");
     }
+    if (ed::takeFailure()) return Outcome::failed;
     const DocumentState* state = documents::stateOf(document);
     return state && state->input.lastWasCancel() ? Outcome::cancelled : Outcome::done;
 }
@@ -92,7 +97,7 @@ Outcome runCommand(const std::shared_ptr<AcEdCommand>& command, bool transparent
     const documents::Context context(session ? nullptr : document);
     const CommandLock lock(document, *command);
     if (lock.status() != Acad::eOk) {
-        ed::print(L"\nThe document is locked by another command.\n");
+        ed::fail(L"The document is locked by another command.");
         return Outcome::failed;
     }
     const ActiveEntry entry(document, {command->globalName(), transparent, false});
@@ -109,7 +114,8 @@ Outcome refuse(const std::wstring& word)
         AcDbVoidPtrArray actions;
         reactor.unknownCommand(word.c_str(), &actions);
     });
-    ed::print(L"Unknown command \"" + word + L"\".  Press F1 for help.\n");
+    ed::fail(L"Unknown command \"" + word + L"\".  Press F1 for help.");
+    ed::takeFailure();
     return Outcome::unknown;
 }
 
@@ -119,17 +125,35 @@ bool mayStart(const AcEdCommand& command, bool transparent)
     return !transparent || documents::current()->commands.empty() || (command.commandFlags() & ACRX_CMD_TRANSPARENT);
 }
 
+/// The command of a word with its prefixes. A hyphen asks for the form without dialog, which is the only one here.
+std::shared_ptr<AcEdCommand> findCommand(const std::wstring& word)
+{
+    if (auto command = CommandStackAccess::find(ed::commandStack(), word)) return command;
+    const std::size_t at = word.find_first_not_of(L"_.");
+    if (at == std::wstring::npos) return nullptr;
+    const bool hyphen = word[at] == L'-';
+    const std::wstring name = word.substr(hyphen ? at + 1 : at);
+    const std::wstring ofAlias = ed::commandOfAlias(name);
+    const std::wstring prefixes = word.substr(0, at);
+    if (hyphen && ofAlias.empty()) return CommandStackAccess::find(ed::commandStack(), prefixes + name);
+    return ofAlias.empty() ? nullptr : CommandStackAccess::find(ed::commandStack(), prefixes + ofAlias);
+}
+
+/// A word that is no command: a LISP function, a system variable, or nothing that is known.
+Outcome startOther(const std::wstring& word)
+{
+    if (const std::optional<Outcome> outcome = ed::callLispCommand(word)) return *outcome;
+    if (ed::promptForVariable(word)) return ed::takeFailure() ? Outcome::failed : Outcome::done;
+    return refuse(word);
+}
+
 Outcome startCommand(const std::wstring& word)
 {
     const bool transparent = word[0] == L'\'';
-    const auto command = CommandStackAccess::find(ed::commandStack(), transparent ? word.substr(1) : word);
-    if (!command) {
-        if (const std::optional<Outcome> outcome = ed::callLispCommand(word)) return *outcome;
-        if (ed::promptForVariable(word)) return Outcome::done;
-        return refuse(word);
-    }
+    const auto command = findCommand(transparent ? word.substr(1) : word);
+    if (!command) return startOther(word);
     if (!mayStart(*command, transparent)) {
-        ed::print(L"**That command may not be invoked transparently**\n");
+        ed::fail(L"**That command may not be invoked transparently**");
         return Outcome::failed;
     }
     const bool active = !documents::current()->commands.empty();
@@ -147,14 +171,31 @@ std::optional<Answer> interpret(const std::wstring& text)
     return Answer::enter();
 }
 
+void showPrompt()
+{
+    constexpr const wchar_t* prompt = L"Command: ";
+    if (ed::lastPrompt() == prompt) return;
+    if (!ed::lastPrompt().empty()) ed::print(L"\n");
+    ed::print(prompt);
+}
+
+/// A script does not go on behind a line that went wrong, not even with the rest of that line.
+void endScriptAt(Outcome outcome)
+{
+    const std::wstring reason = ed::takeFault();
+    if ((outcome != Outcome::failed && outcome != Outcome::unknown) || !scripts::isRunning()) return;
+    scripts::stop(reason);
+    if (DocumentState* state = documents::current()) state->input.clear();
+}
+
 bool runNext(AcApDocument* document, bool askReader)
 {
     DocumentState* state = documents::stateOf(document);
-    if (!state) return false;
+    if (!state || ed::endIsRequested()) return false;
     state->input.setInterpreter(interpret);
-    std::optional<Answer> answer = state->input.takeComplete(ed::Reading::token);
-    if (!answer && askReader && state->input.readMore()) answer = state->input.takeComplete(ed::Reading::token);
-    if (answer) ed::carryOut(*answer);
+    if (askReader) showPrompt();
+    const std::optional<Answer> answer = state->input.takeComplete(ed::Reading::token, askReader);
+    if (answer) endScriptAt(ed::carryOut(*answer));
     return answer.has_value();
 }
 

@@ -33,9 +33,12 @@ bool guardsAgainstWriting(AcAp::DocLockMode mode)
 /// eLockViolation for a write into a document that the executing context has not locked.
 Acad::ErrorStatus gate(const AcDbDatabase& database)
 {
-    const AcApDocument* document = acDocManager->document(&database);
-    if (!document || locks::allowsWriting(document->myLockMode())) return Acad::eOk;
-    return Acad::eLockViolation;
+    constexpr int objectsChanged = 1; // the bit of DBMOD
+    AcApDocument* document = acDocManager->document(&database);
+    if (!document) return Acad::eOk;
+    if (!locks::allowsWriting(document->myLockMode())) return Acad::eLockViolation;
+    DocumentAccess::of(*document).dbmod |= objectsChanged;
+    return Acad::eOk;
 }
 
 [[maybe_unused]] const bool gateIsSet = (hooks::setDatabaseGate(gate), true);

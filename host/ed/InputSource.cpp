@@ -1,6 +1,7 @@
 #include "InputSource.h"
 
 #include "CommandLine.h"
+#include "Typist.h"
 
 namespace
 {
@@ -132,9 +133,9 @@ Answer InputSource::ask(Reading reading)
     }
 }
 
-std::optional<Answer> InputSource::takeComplete(Reading reading)
+std::optional<Answer> InputSource::takeComplete(Reading reading, bool mayAsk)
 {
-    return takeFrom(mLevels.size() - 1, reading, false);
+    return takeFrom(mLevels.size() - 1, reading, mayAsk);
 }
 
 std::optional<Answer> InputSource::takeFrom(std::size_t level, Reading reading, bool mayAsk)
@@ -162,27 +163,49 @@ std::optional<Answer> InputSource::takeKeys(std::size_t level, Reading reading, 
         const Piece& piece = pieces[at];
         if (piece.answer || piece.pause) return std::nullopt;
         shown = shown || piece.echo;
-        for (std::size_t i = 0; i < piece.keys.size(); ++i) {
+        for (std::size_t i = piece.used; i < piece.keys.size(); ++i) {
             if (!reader.take(piece.keys[i])) continue;
-            const bool pair = piece.keys[i] == L'\r' && i + 1 < piece.keys.size() && piece.keys[i + 1] == L'\n';
             pieces.erase(pieces.begin(), pieces.begin() + static_cast<std::ptrdiff_t>(at));
-            pieces.front().keys.erase(0, i + (pair ? 2 : 1));
-            if (pieces.front().keys.empty()) pieces.pop_front();
+            use(pieces, i + 1);
             if (shown) echoAnswer(reader.text());
             return reader.answer();
         }
     }
 }
 
+void InputSource::use(Pieces& pieces, std::size_t count)
+{
+    Piece& piece = pieces.front();
+    const bool pair = piece.keys[count - 1] == L'\r' && count < piece.keys.size() && piece.keys[count] == L'\n';
+    piece.used = pair ? count + 1 : count;
+    piece.echo = piece.echo || piece.echoRest;
+    if (piece.used == piece.keys.size()) pieces.pop_front();
+}
+
 bool InputSource::askReader(Pieces& pieces)
 {
-    std::wstring keys;
-    if (!mReader || !mReader(keys) || keys.empty()) return false;
     Piece piece;
-    piece.keys = withEscapes(keys);
-    piece.echo = false; // whoever types at a terminal sees it there
+    if (mReader) {
+        piece.echo = false;
+        if (!mReader(piece.keys)) piece.keys.clear();
+    } else if (std::optional<TypedKeys> typed = askTypist()) {
+        piece.keys = std::move(typed->keys);
+        piece.echo = typed->echo;
+        piece.echoRest = true;
+    }
+    if (piece.keys.empty()) return false;
+    if (!piece.echo) beginLine();
+    piece.keys = withEscapes(piece.keys);
     pieces.push_back(std::move(piece));
     return true;
+}
+
+void InputSource::handOver(InputSource& other)
+{
+    Pieces& mine = mLevels.front();
+    Pieces& theirs = other.mLevels.front();
+    theirs.insert(theirs.begin(), std::make_move_iterator(mine.begin()), std::make_move_iterator(mine.end()));
+    mine.clear();
 }
 
 InputSource::Scope::Scope(InputSource& source) : mSource(&source) { mSource->mLevels.emplace_back(); }

@@ -1,7 +1,7 @@
 #pragma once
 
 /// Where the answers to AutoCAD's questions come from: keys typed in advance (scripts, sendStringToExecute, tests), whole
-/// answers of acedCommandS, and a reader (standard input) that is asked when both are used up.
+/// answers of acedCommandS, and a reader or the typist (Typist.h), who are asked when both are used up.
 
 #include "adsdef.h"
 
@@ -54,10 +54,8 @@ public:
     /// and never fails.
     Answer next(Reading reading);
     /// The next answer if all its keys are there; for the command prompt, which leaves half a command's name waiting.
-    std::optional<Answer> takeComplete(Reading reading);
-
-    /// Asks the reader for more keys; false when it has none.
-    bool readMore() { return askReader(mLevels.front()); }
+    /// With `mayAsk` the reader is asked for the rest of an answer that has begun, as an expression of several lines.
+    std::optional<Answer> takeComplete(Reading reading, bool mayAsk = false);
 
     /// Nothing waits that may be taken now; the reader may have more all the same.
     bool empty() const { return mLevels.back().empty(); }
@@ -66,6 +64,8 @@ public:
     void forgetCancel() { mLastWasCancel = false; }
     /// Drops what waits.
     void clear();
+    /// Gives the keys that wait to another source, in front of its own: the rest of a line, when another drawing opens.
+    void handOver(InputSource& other);
 
     /// Is asked for keys when none wait: fills `keys` and returns true, or returns false when there are no more.
     using Reader = std::function<bool(std::wstring& keys)>;
@@ -96,7 +96,9 @@ public:
 private:
     struct Piece {
         std::wstring keys;
+        std::size_t used = 0; ///< how many of the keys are gone
         bool echo = true;
+        bool echoRest = false; ///< whoever typed this saw the prompt of its first answer only
         std::optional<Answer> answer;
         bool pause = false;
     };
@@ -105,6 +107,8 @@ private:
     Answer ask(Reading reading);
     std::optional<Answer> takeFrom(std::size_t level, Reading reading, bool mayAsk);
     std::optional<Answer> takeKeys(std::size_t level, Reading reading, bool mayAsk);
+    /// Takes the first keys of the first piece away.
+    static void use(Pieces& pieces, std::size_t count);
     bool askReader(Pieces& pieces);
 
     std::vector<Pieces> mLevels = std::vector<Pieces>(1);

@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "Documents.h"
 #include "EditorEvents.h"
+#include "Faults.h"
 #include "LispCalls.h"
 #include "LispReader.h"
 #include "ResbufCopy.h"
@@ -320,6 +321,7 @@ bool evaluateGuarded(const std::wstring& text, OwnedResbuf& result)
             fault = thrown.reason;
         }
     }
+    ed::noteFault(L"; error: " + fault);
     ed::print(L"; error: " + fault + L"\n");
     return false;
 }

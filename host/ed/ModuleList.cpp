@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 #include "CommandStackAccess.h"
 #include "Documents.h"
+#include "Faults.h"
 #include "LispCalls.h"
 #include "ModuleEvents.h"
 #include "ResbufCopy.h"
@@ -27,6 +28,13 @@ void inEachDocument(const std::function<void()>& doIt)
     if (documents::stateOf(before)) acDocManager->setCurDocument(before);
 }
 
+void report(std::wstring_view text)
+{
+    ed::print(text);
+    const std::size_t begin = std::min(text.find_first_not_of(L'\n'), text.size());
+    ed::noteFault(text.substr(begin, text.find_last_not_of(L'\n') + 1 - begin));
+}
+
 void forget(HMODULE module, void* appId)
 {
     ed::forgetLisp(appId);
@@ -35,7 +43,7 @@ void forget(HMODULE module, void* appId)
 }
 
 [[maybe_unused]] const bool surrounded = [] {
-    modules::setSurroundings({ed::print, inEachDocument, ed::findSupportFile, forget});
+    modules::setSurroundings({report, inEachDocument, ed::findSupportFile, forget});
     return true;
 }();
 } // namespace

@@ -1,6 +1,7 @@
 #include "VariablePrompt.h"
 
 #include "CommandLine.h"
+#include "Faults.h"
 #include "InputSource.h"
 #include "TypedAnswer.h"
 #include "VariableStore.h"
@@ -37,19 +38,27 @@ VariableValue typed(short type, std::wstring text)
 }
 } // namespace
 
+std::wstring ed::variableLine(const std::wstring& name)
+{
+    const std::optional<VariableValue> now = readVariable(name);
+    if (!now) return {};
+    const std::wstring upper = upperCase(name);
+    return upper + L" = " + shown(*now) + (variableInfo(upper)->readOnly ? L" (read only)\n" : L"\n");
+}
+
 bool ed::promptForVariable(const std::wstring& name)
 {
     const std::optional<VariableValue> now = readVariable(name);
     if (!now) return false;
     const std::wstring upper = upperCase(name);
     if (variableInfo(upper)->readOnly) {
-        print(upper + L" = " + shown(*now) + L" (read only)\n");
+        print(variableLine(upper));
         return true;
     }
     print(L"Enter new value for " + upper + L" <" + shown(*now) + L">: ");
     const Answer answer = currentInput().next(now->type == RTSTR ? Reading::line : Reading::token);
     if (answer.kind != Answer::Kind::text) return true;
     if (writeVariable(name, typed(now->type, answer.text)) != Written::done)
-        print(L"The value is not valid for " + upper + L".\n");
+        fail(L"The value is not valid for " + upper + L".");
     return true;
 }

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <limits>
 #include <map>
+#include <set>
 
 namespace
 {
@@ -246,6 +247,14 @@ const Table& table()
 
 namespace ed
 {
+std::vector<std::wstring> variableNames()
+{
+    std::set<std::wstring> names;
+    for (const auto& [name, info] : table()) names.insert(name);
+    for (const auto& [name, entry] : boundOnes()) names.insert(name);
+    return {names.begin(), names.end()};
+}
+
 std::optional<VariableInfo> variableInfo(const std::wstring& name)
 {
     const auto known = table().find(name);

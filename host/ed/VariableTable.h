@@ -27,6 +27,8 @@ struct VariableInfo {
     bool readOnly;
 };
 
+/// The names of all variables, sorted.
+std::vector<std::wstring> variableNames();
 /// The variable of a name in upper case; nothing for an unknown one.
 std::optional<VariableInfo> variableInfo(const std::wstring& name);
 

@@ -2,8 +2,6 @@
 
 #include "CommandLine.h"
 #include "CommandRunner.h"
-#include "DatabaseState.h"
-#include "DbObjectAccess.h"
 #include "Documents.h"
 #include "LiveCounts.h"
 #include "VariableStore.h"
@@ -72,15 +70,7 @@ void EditorTest::asCommand(const std::function<void()>& code, const std::wstring
     acedRegCmds->removeGroup(L"TESTING");
 }
 
-int openObjects(const AcDbDatabase& database)
-{
-    int count = 0;
-    for (AcDbStub& stub : DatabaseAccess::of(const_cast<AcDbDatabase&>(database)).stubs) {
-        const AcDbObject* object = residentObject(AcDbObjectId(&stub));
-        if (object && DbObjectAccess::isOpen(*object)) ++count;
-    }
-    return count;
-}
+int openObjects(const AcDbDatabase& database) { return live::openObjects(database); }
 
 int EditorTest::pumpMessages() { return ed::pumpMessages(); }
 
