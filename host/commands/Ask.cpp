@@ -31,7 +31,10 @@ std::optional<std::wstring> ask(const std::wstring& prompt, ed::Reading reading)
     return answer.kind == ed::Answer::Kind::enter ? std::optional<std::wstring>(L"") : std::nullopt;
 }
 
-std::optional<std::wstring> askFile(const std::wstring& prompt) { return ask(prompt, ed::Reading::word); }
+std::optional<std::wstring> askFile(const std::wstring& prompt)
+{
+    return ask(prompt, ed::Reading::word);
+}
 
 std::wstring keywordOf(const std::wstring& text, const std::wstring& keywords)
 {

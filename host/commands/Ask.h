@@ -15,8 +15,9 @@ std::optional<std::wstring> ask(const std::wstring& prompt, ed::Reading reading 
 /// Asks for the name of a file; blanks are taken when the name stands in quotes.
 std::optional<std::wstring> askFile(const std::wstring& prompt);
 
-/// Asks for one of some keywords with a blank between, each of which may be shortened down to its capitals ("LOck"). Another
-/// answer is asked for again, and is the end of a script. Returns the whole keyword, `byEnter` for Enter, nothing for Esc.
+/// Asks for one of some keywords with a blank between, each of which may be shortened down to its capitals
+/// ("LOck"). Another answer is asked for again, and is the end of a script. Returns the whole keyword,
+/// `byEnter` for Enter, nothing for Esc.
 std::optional<std::wstring> askKeyword(const std::wstring& prompt, const std::wstring& keywords,
                                        const std::wstring& byEnter);
 /// The keyword that a text stands for; empty when there is none.

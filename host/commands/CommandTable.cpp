@@ -22,10 +22,14 @@ bool add(std::initializer_list<Command> all)
         ed::commandStack().addCommand(L"ACAD", command.name, command.name, command.flags, command.function);
         known().emplace(command.name, command);
         std::wistringstream aliases(command.aliases);
-        for (std::wstring alias; aliases >> alias;) ed::addAlias(alias, command.name);
+        for (std::wstring alias; aliases >> alias;)
+            ed::addAlias(alias, command.name);
     }
     return true;
 }
 
-const std::map<std::wstring, Command>& table() { return known(); }
+const std::map<std::wstring, Command>& table()
+{
+    return known();
+}
 } // namespace commands

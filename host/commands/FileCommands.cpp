@@ -1,12 +1,12 @@
 /// NEW, OPEN, QSAVE, SAVE, SAVEAS, CLOSE and QUIT.
 
+#include "acedvars.h"
 #include "Ask.h"
 #include "CommandTable.h"
 #include "Documents.h"
 #include "Faults.h"
 #include "FileReason.h"
 #include "ProgramEnd.h"
-#include "acedvars.h"
 
 #include <algorithm>
 
@@ -39,16 +39,16 @@ void newDrawing()
     const Text name = askFile(L"Enter template file name or [. (for none)] <.>: ");
     if (!name) return;
     const bool none = name->empty() || *name == L".";
-    tell(L"Cannot open the template", *name, switchDrawing([&] {
-             return acDocManager->appContextNewDocument(none ? nullptr : name->c_str());
-         }));
+    tell(L"Cannot open the template", *name,
+         switchDrawing([&] { return acDocManager->appContextNewDocument(none ? nullptr : name->c_str()); }));
 }
 
 void open()
 {
     const Text name = askFile(L"Enter name of drawing to open: ");
     if (!name || name->empty()) return;
-    tell(L"Cannot open", *name, switchDrawing([&] { return acDocManager->appContextOpenDocument(name->c_str()); }));
+    tell(L"Cannot open", *name,
+         switchDrawing([&] { return acDocManager->appContextOpenDocument(name->c_str()); }));
 }
 
 bool isFile(const std::wstring& path)
@@ -64,7 +64,8 @@ bool mayReplace(const std::wstring& path)
     const AcApDocument* document = acDocManager->curDocument();
     const bool own = document->isNamedDrawing() && path == document->fileName();
     resbuf expert{};
-    if (own || !isFile(path) || (acedGetVar(L"EXPERT", &expert) == RTNORM && expert.resval.rint >= knows)) return true;
+    if (own || !isFile(path) || (acedGetVar(L"EXPERT", &expert) == RTNORM && expert.resval.rint >= knows))
+        return true;
     return askWhether(L"A drawing with this name already exists.\nDo you want to replace it? <N> ");
 }
 
@@ -82,7 +83,8 @@ Text askSaveName()
 {
     const AcApDocument* document = acDocManager->curDocument();
     const bool named = document->isNamedDrawing();
-    const Text name = askFile(L"Save drawing as" + (named ? L" <" + std::wstring(document->fileName()) + L">: " : L": "));
+    const Text name =
+        askFile(L"Save drawing as" + (named ? L" <" + std::wstring(document->fileName()) + L">: " : L": "));
     if (!name || (name->empty() && !named)) return std::nullopt;
     const std::wstring path = name->empty() ? std::wstring(document->fileName()) : drawingPath(*name);
     return mayReplace(path) ? Text(path) : std::nullopt;
@@ -115,7 +117,10 @@ void save()
     tell(L"Cannot save", *path, document->database()->saveAs(path->c_str(), true));
 }
 
-bool isChanged(const AcApDocument* document) { return documents::stateOf(document)->dbmod != 0; }
+bool isChanged(const AcApDocument* document)
+{
+    return documents::stateOf(document)->dbmod != 0;
+}
 
 constexpr const wchar_t* discard = L"Really want to discard all changes to drawing? <N> ";
 
@@ -142,7 +147,8 @@ void quit()
     {L"OPEN", L"", ACRX_CMD_SESSION, open, L"Opens a drawing (DXF); quotes hold a name with blanks together"},
     {L"QSAVE", L"", ACRX_CMD_MODAL, quickSave, L"Saves the drawing under its name"},
     {L"SAVE", L"", ACRX_CMD_MODAL, save, L"Saves the drawing, or a copy of it under another name"},
-    {L"SAVEAS", L"", ACRX_CMD_MODAL, saveAs, L"Saves the drawing under another name, which is its own from then on"},
+    {L"SAVEAS", L"", ACRX_CMD_MODAL, saveAs,
+     L"Saves the drawing under another name, which is its own from then on"},
     {L"CLOSE", L"", ACRX_CMD_SESSION, closeDrawing, L"Closes the drawing; asks when it has changes"},
     {L"QUIT", L"EXIT", ACRX_CMD_SESSION, quit, L"Ends the program; asks when a drawing has changes"},
 });

@@ -23,7 +23,8 @@ void help()
     const std::optional<std::wstring> answer = commands::ask(L"Enter name of a command <all>: ");
     if (!answer) return;
     if (answer->empty()) {
-        for (const auto& [name, command] : commands::table()) printLine(command);
+        for (const auto& [name, command] : commands::table())
+            printLine(command);
         return;
     }
     const std::wstring ofAlias = ed::commandOfAlias(*answer);

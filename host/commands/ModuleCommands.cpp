@@ -1,12 +1,12 @@
 /// ARX, and MENUUNLOAD, which modules call at their end.
 
+#include "acedmodules.h"
+#include "acutads.h"
 #include "Ask.h"
 #include "CommandLine.h"
 #include "CommandStackAccess.h"
 #include "CommandTable.h"
 #include "Faults.h"
-#include "acedmodules.h"
-#include "acutads.h"
 
 namespace
 {
@@ -14,7 +14,8 @@ void printModules()
 {
     resbuf* names = acedArxLoaded();
     if (!names) ed::print(L"No ObjectARX applications are loaded.\n");
-    for (const resbuf* at = names; at; at = at->rbnext) ed::print(L"  " + std::wstring(at->resval.rstring) + L"\n");
+    for (const resbuf* at = names; at; at = at->rbnext)
+        ed::print(L"  " + std::wstring(at->resval.rstring) + L"\n");
     acutRelRb(names);
 }
 
@@ -51,8 +52,8 @@ void unload()
 
 void arx()
 {
-    const std::optional<std::wstring> option =
-        commands::askKeyword(L"Enter an option [?/Load/Unload/Commands]: ", L"? Files Load Unload Commands", L"?");
+    const std::optional<std::wstring> option = commands::askKeyword(
+        L"Enter an option [?/Load/Unload/Commands]: ", L"? Files Load Unload Commands", L"?");
     if (!option) return;
     if (*option == L"Load") return load();
     if (*option == L"Unload") return unload();
@@ -70,6 +71,7 @@ void menuUnload()
 
 [[maybe_unused]] const bool added = commands::add({
     {L"ARX", L"", ACRX_CMD_MODAL, arx, L"Lists, loads and unloads modules (.arx), and lists their commands"},
-    {L"MENUUNLOAD", L"", ACRX_CMD_MODAL, menuUnload, L"Takes the name of a menu group; there are no menus here"},
+    {L"MENUUNLOAD", L"", ACRX_CMD_MODAL, menuUnload,
+     L"Takes the name of a menu group; there are no menus here"},
 });
 } // namespace

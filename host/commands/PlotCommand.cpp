@@ -1,17 +1,18 @@
 /// PLOT.
 
+#include "acdocman.h"
 #include "Ask.h"
 #include "CommandLine.h"
 #include "CommandTable.h"
 #include "Faults.h"
 #include "PlotDrawing.h"
-#include "acdocman.h"
 
 namespace
 {
 void plotDrawing()
 {
-    const std::optional<std::wstring> layout = commands::ask(L"Enter a layout name <Model>: ", ed::Reading::word);
+    const std::optional<std::wstring> layout =
+        commands::ask(L"Enter a layout name <Model>: ", ed::Reading::word);
     if (!layout) return;
     const std::optional<std::wstring> file = commands::askFile(L"Enter file name (.png, .svg or .pdf): ");
     if (!file || file->empty()) return;
@@ -25,6 +26,7 @@ void plotDrawing()
 }
 
 [[maybe_unused]] const bool added = commands::add({
-    {L"PLOT", L"PRINT", ACRX_CMD_MODAL, plotDrawing, L"Plots model space or a layout into a PNG, SVG or PDF file"},
+    {L"PLOT", L"PRINT", ACRX_CMD_MODAL, plotDrawing,
+     L"Plots model space or a layout into a PNG, SVG or PDF file"},
 });
 } // namespace

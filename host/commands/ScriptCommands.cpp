@@ -47,9 +47,13 @@ void delay()
 }
 
 [[maybe_unused]] const bool added = commands::add({
-    {L"SCRIPT", L"SCR", ACRX_CMD_TRANSPARENT | ACRX_CMD_NOINTERNALLOCK, script, L"Types the lines of a script file (.scr)"},
-    {L"RSCRIPT", L"", ACRX_CMD_TRANSPARENT | ACRX_CMD_NOINTERNALLOCK, repeat, L"Types the last script again from its beginning"},
-    {L"RESUME", L"", ACRX_CMD_TRANSPARENT | ACRX_CMD_NOINTERNALLOCK, resume, L"Goes on with a script that stopped"},
-    {L"DELAY", L"", ACRX_CMD_TRANSPARENT | ACRX_CMD_NOINTERNALLOCK, delay, L"Waits for a number of milliseconds (0 to 32767)"},
+    {L"SCRIPT", L"SCR", ACRX_CMD_TRANSPARENT | ACRX_CMD_NOINTERNALLOCK, script,
+     L"Types the lines of a script file (.scr)"},
+    {L"RSCRIPT", L"", ACRX_CMD_TRANSPARENT | ACRX_CMD_NOINTERNALLOCK, repeat,
+     L"Types the last script again from its beginning"},
+    {L"RESUME", L"", ACRX_CMD_TRANSPARENT | ACRX_CMD_NOINTERNALLOCK, resume,
+     L"Goes on with a script that stopped"},
+    {L"DELAY", L"", ACRX_CMD_TRANSPARENT | ACRX_CMD_NOINTERNALLOCK, delay,
+     L"Waits for a number of milliseconds (0 to 32767)"},
 });
 } // namespace

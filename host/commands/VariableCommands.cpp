@@ -30,12 +30,16 @@ void setvar()
 }
 
 /// A headless view always shows the drawing as it is.
-void regenerate() { ed::print(L"Regenerating model.\n"); }
+void regenerate()
+{
+    ed::print(L"Regenerating model.\n");
+}
 void redraw() {}
 
 [[maybe_unused]] const bool added = commands::add({
     {L"SETVAR", L"SET", ACRX_CMD_TRANSPARENT, setvar, L"Shows and sets a system variable; ? lists them"},
-    {L"REGEN", L"RE", ACRX_CMD_TRANSPARENT, regenerate, L"Shows the drawing anew; here it always is as it should be"},
+    {L"REGEN", L"RE", ACRX_CMD_TRANSPARENT, regenerate,
+     L"Shows the drawing anew; here it always is as it should be"},
     {L"REGENALL", L"REA", ACRX_CMD_TRANSPARENT, regenerate, L"The same for all viewports"},
     {L"REDRAW", L"R", ACRX_CMD_TRANSPARENT, redraw, L"Draws the view anew; there is nothing to be done here"},
     {L"REDRAWALL", L"RA", ACRX_CMD_TRANSPARENT, redraw, L"The same for all viewports"},

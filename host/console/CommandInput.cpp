@@ -22,7 +22,7 @@ bool tellFault()
     const std::optional<scripts::Fault> fault = scripts::takeFault();
     if (!fault) return false;
     std::fflush(stdout);
-    const std::string place = utf8(fault->file.c_str()) + ":" + std::to_string(fault->line);
+    const std::string place = nativePath(fault->file.c_str()) + ":" + std::to_string(fault->line);
     std::fprintf(stderr, "%s: %s\n", place.c_str(), utf8(fault->reason.c_str()).c_str());
     return true;
 }
@@ -55,6 +55,7 @@ public:
 
     std::optional<ed::TypedKeys> type()
     {
+        if (mTerminal.takeInterrupt()) return interrupt();
         if (std::optional<ed::TypedKeys> line = scripts::nextLine()) return line;
         tellFault();
         const std::optional<std::wstring> line = mTerminal.readLine();
@@ -70,7 +71,14 @@ private:
         return std::string(home ? home : ".") + "/.arxhost_history";
     }
 
-    /// ^D cancels a question, and at the command prompt it is QUIT; a terminal that is gone gives no more than that.
+    static ed::TypedKeys interrupt()
+    {
+        scripts::stop();
+        return {L"\x3", false};
+    }
+
+    /// ^D cancels a question, and at the command prompt it is QUIT; a terminal that is gone gives no more
+    /// than that.
     std::optional<ed::TypedKeys> end()
     {
         ed::beginLine();
@@ -91,7 +99,10 @@ bool runTerminal()
     return true;
 }
 
-bool readLine(std::string& line) { return static_cast<bool>(std::getline(std::cin, line)); }
+bool readLine(std::string& line)
+{
+    return static_cast<bool>(std::getline(std::cin, line));
+}
 } // namespace
 
 bool runScript(const std::string& file)

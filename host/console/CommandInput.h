@@ -6,7 +6,8 @@
 
 namespace console
 {
-/// Types a script file to its end. False when it cannot be read, or a line of it failed: that is told on standard error.
+/// Types a script file to its end. False when it cannot be read, or a line of it failed: that is told on
+/// standard error.
 bool runScript(const std::string& file);
 /// Takes commands from standard input until it ends, or QUIT. At a terminal a fault is told, and it goes on.
 bool runStandardInput();

@@ -35,12 +35,14 @@ std::size_t beginOfWord(const std::wstring& line)
 void addCommands(Words& words)
 {
     const std::unique_ptr<AcEdCommandIterator> walk(ed::commandStack().iterator());
-    for (; !walk->done(); walk->next()) words.insert(walk->command()->localName());
+    for (; !walk->done(); walk->next())
+        words.insert(walk->command()->localName());
 }
 
 void addVariables(Words& words)
 {
-    for (std::wstring& name : ed::variableNames()) words.insert(std::move(name));
+    for (std::wstring& name : ed::variableNames())
+        words.insert(std::move(name));
 }
 
 /// Keywords without what stands in front of them in the list, as in "[Undo/eXit]" or "<Undo>".
@@ -94,7 +96,8 @@ std::wstring commonBegin(const std::vector<std::wstring>& words)
 {
     std::wstring common = words.empty() ? L"" : words.front();
     for (const std::wstring& word : words) {
-        while (!beginsWith(word, common)) common.pop_back();
+        while (!beginsWith(word, common))
+            common.pop_back();
     }
     return common;
 }

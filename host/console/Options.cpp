@@ -47,13 +47,15 @@ Actors describeActions(CLI::App& app)
         {fileOption(app, "--script", "Type the lines of this script (.scr)"), Kind::script},
         {app.add_flag("--list", "Tell the layouts and the entities that they hold"), Kind::list},
         {fileOption(app, "--save", "Write the drawing to this DXF file"), Kind::save},
-        {fileOption(app, "--plot", "Plot to this file; its ending (.png .svg .pdf) says the kind"), Kind::plot},
+        {fileOption(app, "--plot", "Plot to this file; its ending (.png .svg .pdf) says the kind"),
+         Kind::plot},
     };
 }
 
 void describeDetails(CLI::App& app, Options& options)
 {
-    app.add_option("drawing", options.drawing, "The DXF file to open (ASCII or binary, R12 to R2018); none: a new drawing");
+    app.add_option("drawing", options.drawing,
+                   "The DXF file to open (ASCII or binary, R12 to R2018); none: a new drawing");
     app.add_option("--as", options.saveVersion, "The version to save as (R2000 ... R2018)")
         ->transform(CLI::CheckedTransformer(versions, CLI::ignore_case))
         ->option_text("VERSION")
@@ -71,7 +73,8 @@ std::vector<Action> actionsInOrder(const CLI::App& app, const Actors& actors)
     std::vector<Action> actions;
     std::map<const CLI::Option*, std::size_t> used;
     for (const CLI::Option* option : app.parse_order()) {
-        const auto actor = std::find_if(actors.begin(), actors.end(), [=](const auto& a) { return a.first == option; });
+        const auto actor =
+            std::find_if(actors.begin(), actors.end(), [=](const auto& a) { return a.first == option; });
         if (actor == actors.end()) continue;
         const bool isFlag = actor->second == Kind::list;
         actions.push_back({actor->second, isFlag ? std::string() : option->results()[used[option]++]});
@@ -88,7 +91,8 @@ bool Options::readsInput() const
 std::optional<Options> parseOptions(int argc, char** argv, int& exitStatus)
 {
     Options options;
-    CLI::App app("Opens a drawing without AutoCAD, loads modules, runs commands, saves and plots.", "arxhost");
+    CLI::App app("Opens a drawing without AutoCAD, loads modules, runs commands, saves and plots.",
+                 "arxhost");
     const Actors actors = describeActions(app);
     describeDetails(app, options);
     try {

@@ -30,7 +30,7 @@ struct Options {
     bool readsInput() const;
 };
 
-/// Options of a command line. No value when the program is to end at once, with `exitStatus`: after --help, or with a
-/// message about wrong usage on standard error.
+/// Options of a command line. No value when the program is to end at once, with `exitStatus`: after --help,
+/// or with a message about wrong usage on standard error.
 std::optional<Options> parseOptions(int argc, char** argv, int& exitStatus);
 } // namespace console

@@ -26,14 +26,21 @@ bool fail(const std::string& reason)
     return false;
 }
 
-bool fail(const std::string& file, const std::string& reason) { return fail(file + ": " + reason); }
+bool fail(const std::string& file, const std::string& reason)
+{
+    return fail(file + ": " + reason);
+}
 
-std::string reasonOf(Acad::ErrorStatus status) { return utf8(commands::fileReason(status).c_str()); }
+std::string reasonOf(Acad::ErrorStatus status)
+{
+    return utf8(commands::fileReason(status).c_str());
+}
 
 void tellRepairs(const wchar_t* path, const std::vector<std::string>& repairs, std::size_t count)
 {
-    fail(utf8(path), std::to_string(count) + " faults were repaired");
-    for (const std::string& repair : repairs) std::fprintf(stderr, "  %s\n", repair.c_str());
+    fail(nativePath(path), std::to_string(count) + " faults were repaired");
+    for (const std::string& repair : repairs)
+        std::fprintf(stderr, "  %s\n", repair.c_str());
 }
 
 bool open(const std::string& drawing)
@@ -50,14 +57,18 @@ bool load(const std::string& file)
     return fail(utf8(ed::takeFault().c_str()));
 }
 
-AcDbDatabase& database() { return *acDocManager->curDocument()->database(); }
+AcDbDatabase& database()
+{
+    return *acDocManager->curDocument()->database();
+}
 
 bool save(const std::string& file, const Options& options)
 {
     dxf::WriteOptions write;
     write.version = static_cast<dxf::FileVersion>(options.saveVersion);
     write.isBinary = options.binary;
-    const Acad::ErrorStatus status = dxf::writeDrawing(database(), static_cast<const wchar_t*>(wide(file)), write);
+    const Acad::ErrorStatus status =
+        dxf::writeDrawing(database(), static_cast<const wchar_t*>(wide(file)), write);
     return status == Acad::eOk || fail(file, reasonOf(status));
 }
 
@@ -80,11 +91,16 @@ bool list()
 bool perform(const Action& action, const Options& options)
 {
     switch (action.kind) {
-    case Action::Kind::load: return load(action.file);
-    case Action::Kind::script: return runScript(action.file);
-    case Action::Kind::list: return list();
-    case Action::Kind::save: return save(action.file, options);
-    default: return plotTo(action.file, options);
+    case Action::Kind::load:
+        return load(action.file);
+    case Action::Kind::script:
+        return runScript(action.file);
+    case Action::Kind::list:
+        return list();
+    case Action::Kind::save:
+        return save(action.file, options);
+    default:
+        return plotTo(action.file, options);
     }
 }
 
@@ -102,7 +118,8 @@ bool end()
 {
     int open = 0;
     modules::quit([&] {
-        for (const AcApDocument* document : documents::all()) open += live::openObjects(*document->database());
+        for (const AcApDocument* document : documents::all())
+            open += live::openObjects(*document->database());
         documents::closeAll();
     });
     if (open > 0) std::fprintf(stderr, "arxhost: %d objects were left open\n", open);

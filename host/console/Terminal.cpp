@@ -16,7 +16,10 @@ namespace
 {
 volatile std::sig_atomic_t interrupted = 0;
 
-void noteInterrupt(int) { interrupted = 1; }
+void noteInterrupt(int)
+{
+    interrupted = 1;
+}
 
 /// Keys are UTF-8 whatever the environment says of other programs.
 void chooseLocale()
@@ -78,8 +81,8 @@ Terminal::Editor::~Editor()
     el_end(line);
 }
 
-void Terminal::Editor::bindKey(const wchar_t* name, const wchar_t* help, unsigned char (*function)(EditLine*, wint_t),
-                               const wchar_t* key)
+void Terminal::Editor::bindKey(const wchar_t* name, const wchar_t* help,
+                               unsigned char (*function)(EditLine*, wint_t), const wchar_t* key)
 {
     el_wset(line, EL_ADDFN, name, help, function);
     el_wset(line, EL_BIND, key, name, nullptr);
@@ -105,7 +108,10 @@ Terminal::Editor& Terminal::Editor::of(EditLine* line)
     return *static_cast<Editor*>(editor);
 }
 
-wchar_t* Terminal::Editor::promptOf(EditLine* line) { return of(line).prompt.data(); }
+wchar_t* Terminal::Editor::promptOf(EditLine* line)
+{
+    return of(line).prompt.data();
+}
 
 void Terminal::Editor::remember(const wchar_t* text)
 {
@@ -128,7 +134,8 @@ unsigned char Terminal::Editor::complete(EditLine* line, wint_t)
         return CC_REFRESH;
     }
     put(L"\n");
-    for (const std::wstring& one : found.words) put(one + L"  ");
+    for (const std::wstring& one : found.words)
+        put(one + L"  ");
     put(L"\n");
     return CC_REDISPLAY;
 }
@@ -174,20 +181,26 @@ void Terminal::flush()
     std::fflush(stdout);
 }
 
+bool Terminal::takeInterrupt()
+{
+    const bool was = interrupted != 0;
+    interrupted = 0;
+    return was;
+}
+
 std::optional<std::wstring> Terminal::readLine()
 {
     Editor& editor = *mEditor;
-    const bool before = interrupted != 0;
-    interrupted = 0;
-    if (before) return L"\x3";
+    if (takeInterrupt()) return L"\x3";
     std::fflush(stdout);
     editor.prompt = std::move(editor.held);
     editor.held.clear();
     editor.cancelled = editor.ended = false;
     int count = 0;
+    el_wset(editor.line, EL_PREP_TERM, 1); // before the prompt, or the system shows early keys a second time
     const wchar_t* typed = el_wgets(editor.line, &count);
     if (editor.cancelled || editor.ended || !typed) put(L"\n");
-    if (editor.cancelled || (!typed && interrupted)) return L"\x3";
+    if (editor.cancelled || (!typed && takeInterrupt())) return L"\x3";
     if (editor.ended || !typed || count <= 0) return std::nullopt;
     editor.remember(typed);
     return std::wstring(typed);

@@ -12,7 +12,8 @@ namespace console
 class Terminal
 {
 public:
-    /// Takes standard input and output, which are a terminal; reads the history from `historyFile`, which may be missing.
+    /// Takes standard input and output, which are a terminal; reads the history from `historyFile`, which may
+    /// be missing.
     explicit Terminal(const std::string& historyFile);
     /// Writes the history.
     ~Terminal();
@@ -24,7 +25,10 @@ public:
     /// Shows what is held back.
     void flush();
 
-    /// One line with its Enter; "\x3" for Esc (^C, now or since the last line); nothing at the end (^D on an empty line).
+    /// Whether ^C was pressed since the last time, while no line was edited.
+    bool takeInterrupt();
+    /// One line with its Enter; "\x3" for Esc (^C, now or since the last line); nothing at the end (^D on an
+    /// empty line).
     std::optional<std::wstring> readLine();
 
 private:

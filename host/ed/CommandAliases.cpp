@@ -13,7 +13,10 @@ std::map<std::wstring, std::wstring, ed::NoCase>& aliases()
 
 namespace ed
 {
-void addAlias(const std::wstring& alias, const std::wstring& command) { aliases().emplace(alias, command); }
+void addAlias(const std::wstring& alias, const std::wstring& command)
+{
+    aliases().emplace(alias, command);
+}
 
 std::wstring commandOfAlias(const std::wstring& alias)
 {

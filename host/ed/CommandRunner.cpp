@@ -143,8 +143,13 @@ std::shared_ptr<AcEdCommand> findCommand(const std::wstring& word)
 Outcome startOther(const std::wstring& word)
 {
     if (const std::optional<Outcome> outcome = ed::callLispCommand(word)) return *outcome;
-    if (ed::promptForVariable(word)) return ed::takeFailure() ? Outcome::failed : Outcome::done;
-    return refuse(word);
+    documents::current()->input.forgetCancel();
+    if (!ed::promptForVariable(word)) return refuse(word);
+    if (documents::current()->input.lastWasCancel()) {
+        ed::print(L"*Cancel*\n");
+        return Outcome::cancelled;
+    }
+    return ed::takeFailure() ? Outcome::failed : Outcome::done;
 }
 
 Outcome startCommand(const std::wstring& word)

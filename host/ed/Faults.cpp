@@ -21,9 +21,21 @@ void fail(std::wstring_view reason)
     fail();
 }
 
-void fail() { failed = true; }
+void fail()
+{
+    failed = true;
+}
 
-void noteFault(std::wstring_view reason) { lastReason = reason; }
-bool takeFailure() { return std::exchange(failed, false); }
-std::wstring takeFault() { return std::exchange(lastReason, {}); }
+void noteFault(std::wstring_view reason)
+{
+    lastReason = reason;
+}
+bool takeFailure()
+{
+    return std::exchange(failed, false);
+}
+std::wstring takeFault()
+{
+    return std::exchange(lastReason, {});
+}
 } // namespace ed

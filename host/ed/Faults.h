@@ -7,7 +7,8 @@
 
 namespace ed
 {
-/// Tells on the command line why the command that is running cannot do what it was asked for. It ends as a failed one.
+/// Tells on the command line why the command that is running cannot do what it was asked for. It ends as a
+/// failed one.
 void fail(std::wstring_view reason);
 /// The same for a reason that the command line shows already.
 void fail();

@@ -261,11 +261,18 @@ std::wstring pointText(const double* point, int dimensions)
     return text + L")";
 }
 
+/// A real shows that it is one.
+std::wstring realText(double value)
+{
+    const std::wstring text = numberText(value);
+    return text.find_first_not_of(L"-0123456789") == std::wstring::npos ? text + L".0" : text;
+}
+
 std::wstring nodeText(const resbuf& node)
 {
     switch (node.restype) {
     case RTREAL:
-    case RTANG: return numberText(node.resval.rreal);
+    case RTANG: return realText(node.resval.rreal);
     case RTSHORT: return std::to_wstring(node.resval.rint);
     case RTLONG: return std::to_wstring(node.resval.rlong);
     case RTSTR: return std::wstring(L"\"") + node.resval.rstring + L"\"";

@@ -7,7 +7,16 @@ bool requested = false;
 
 namespace ed
 {
-void requestEnd() { requested = true; }
-bool endIsRequested() { return requested; }
-void forgetEnd() { requested = false; }
+void requestEnd()
+{
+    requested = true;
+}
+bool endIsRequested()
+{
+    return requested;
+}
+void forgetEnd()
+{
+    requested = false;
+}
 } // namespace ed

@@ -52,7 +52,10 @@ bool start(const std::wstring& path)
     return lines.has_value();
 }
 
-void start(const std::wstring& name, LineReader lines) { begin(name, std::move(lines), false); }
+void start(const std::wstring& name, LineReader lines)
+{
+    begin(name, std::move(lines), false);
+}
 
 std::optional<ed::TypedKeys> nextLine()
 {
@@ -65,9 +68,15 @@ std::optional<ed::TypedKeys> nextLine()
     return std::nullopt;
 }
 
-bool isRunning() { return state().isRunning; }
+bool isRunning()
+{
+    return state().isRunning;
+}
 
-void stop() { state().isRunning = false; }
+void stop()
+{
+    state().isRunning = false;
+}
 
 void stop(const std::wstring& reason)
 {
@@ -82,9 +91,18 @@ bool resume()
     return state().isRunning;
 }
 
-bool repeat() { return state().isFile && start(std::wstring(state().file)); }
+bool repeat()
+{
+    return state().isFile && start(std::wstring(state().file));
+}
 
-std::optional<Fault> takeFault() { return std::exchange(state().fault, std::nullopt); }
+std::optional<Fault> takeFault()
+{
+    return std::exchange(state().fault, std::nullopt);
+}
 
-void forget() { state() = State(); }
+void forget()
+{
+    state() = State();
+}
 } // namespace scripts

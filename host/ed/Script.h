@@ -1,6 +1,7 @@
 #pragma once
 
-/// The script that types at the command line. There is one at a time, as in AutoCAD: one that starts another is over.
+/// The script that types at the command line. There is one at a time, as in AutoCAD: one that starts another
+/// is over.
 
 #include "ScriptLines.h"
 #include "Typist.h"
@@ -22,7 +23,8 @@ bool start(const std::wstring& path);
 /// Types lines that come from elsewhere; `name` stands for the file in messages. They cannot be repeated.
 void start(const std::wstring& name, LineReader lines);
 
-/// The next line with its Enter, for the typist; nothing when no script runs. Lines that begin with a semicolon are comments.
+/// The next line with its Enter, for the typist; nothing when no script runs. Lines that begin with a
+/// semicolon are comments.
 std::optional<ed::TypedKeys> nextLine();
 bool isRunning();
 

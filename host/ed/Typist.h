@@ -1,6 +1,7 @@
 #pragma once
 
-/// Whoever sits at the command line: a person at a terminal, or a script. Is asked when no document has keys waiting.
+/// Whoever sits at the command line: a person at a terminal, or a script. Is asked when no document has keys
+/// waiting.
 
 #include <functional>
 #include <optional>
@@ -10,7 +11,8 @@ namespace ed
 {
 struct TypedKeys {
     std::wstring keys;
-    bool echo = false; ///< the keys are to be shown behind their prompts; at a terminal they stand there already
+    bool echo =
+        false; ///< the keys are to be shown behind their prompts; at a terminal they stand there already
 };
 
 /// Gives the next keys, a whole line with its Enter at best; nothing when there are no more.

@@ -46,8 +46,10 @@ std::wstring ed::variableLine(const std::wstring& name)
     return upper + L" = " + shown(*now) + (variableInfo(upper)->readOnly ? L" (read only)\n" : L"\n");
 }
 
-bool ed::promptForVariable(const std::wstring& name)
+bool ed::promptForVariable(const std::wstring& typedName)
 {
+    // The prefixes of commands are taken here too.
+    const std::wstring name = typedName.substr(std::min(typedName.find_first_not_of(L"'_."), typedName.size()));
     const std::optional<VariableValue> now = readVariable(name);
     if (!now) return false;
     const std::wstring upper = upperCase(name);

@@ -35,7 +35,8 @@ protected:
         FILE* pipe = popen(command.c_str(), "r");
         std::string text;
         char buffer[4096];
-        while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe)) text.append(buffer, count);
+        while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, pipe))
+            text.append(buffer, count);
         const int status = pclose(pipe);
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, text};
     }

@@ -31,7 +31,10 @@ TEST_F(ArxHost, DoesWhatIsAskedForInItsOrder)
 {
     const std::string five = write("five.scr", "LTSCALE 5\n"), six = write("six.scr", "LTSCALE 6\n");
     const std::string fails = write("fails.scr", "NOSUCHCOMMAND\n");
-    EXPECT_EQ(run("--script " + five + " --save " + out("5.dxf") + " --script " + six + " --save " + out("6.dxf")).status, 0);
+    EXPECT_EQ(
+        run("--script " + five + " --save " + out("5.dxf") + " --script " + six + " --save " + out("6.dxf"))
+            .status,
+        0);
     EXPECT_NE(run(out("5.dxf"), "LTSCALE\n\n").text.find("<5.0000>"), std::string::npos);
     EXPECT_NE(run(out("6.dxf"), "LTSCALE\n\n").text.find("<6.0000>"), std::string::npos);
     // The first that fails ends it.
@@ -52,7 +55,8 @@ TEST_F(ArxHost, TellsWhatIsWrongAndLeavesNothing)
         {mSample + " --layout Nowhere --plot " + out("x.png"), "x.png"},
         {mSample + " --as R1 --save " + out("x.dxf"), "--as"},
         {mSample + " --nonsense", "--nonsense"},
-        {"--load /no/such/module.arx", "arxhost: module.arx cannot be loaded: the file or one it needs is not found."},
+        {"--load /no/such/module.arx",
+         "arxhost: module.arx cannot be loaded: the file or one it needs is not found."},
         {"--load " TEST_MODULES "/OldVersion.arx", "version 0x170000"},
         {"--load " TEST_MODULES "/RefusesToStart.arx", "it refused to be initialised"},
         {"--script /no/such/script.scr", "/no/such/script.scr: the script cannot be read"},
@@ -69,7 +73,8 @@ TEST_F(ArxHost, TellsWhatIsWrongAndLeavesNothing)
 
 TEST_F(ArxHost, LoadsModulesRunsTheirCommandsAndUnloadsThem)
 {
-    const Outcome outcome = run("--load " + mModule, "HELLO\n(sum 1 2)\nARX ? ARX C\nARX U Sample.arx\nHELLO\n");
+    const Outcome outcome =
+        run("--load " + mModule, "HELLO\n(sum 1 2)\nARX ? ARX C\nARX U Sample.arx\nHELLO\n");
     EXPECT_EQ(outcome.status, 1) << outcome.text; // HELLO is gone
     EXPECT_EQ(outcome.text, "Command: HELLO\nhello from the module\n"
                             "Command: (sum 1 2)\n3.0\n"
