@@ -56,6 +56,36 @@ void addPieces(std::vector<WidePiece>& pieces, const FlatSegment& segment)
         pieces.push_back({segment.points[i], segment.points[i + 1], half(i), half(i + 1)});
 }
 
+/// The dashes of wide segments that keep their width. Segments whose width changes are drawn whole.
+std::vector<FlatSegment> dashed(std::vector<FlatSegment> segments, const DashPattern& pattern, double scale)
+{
+    std::vector<FlatSegment> cut;
+    DashOptions options;
+    options.scale = scale;
+    for (FlatSegment& segment : segments) {
+        if (!segment.isWide() || segment.startWidth != segment.endWidth) {
+            cut.push_back(std::move(segment));
+            continue;
+        }
+        for (Points& dash : dashLine(segment.points, pattern, options).dashes)
+            cut.push_back({std::move(dash), segment.startWidth, segment.endWidth});
+    }
+    return cut;
+}
+
+/// All segments as one where they are equally wide: the dashes run on across the vertices.
+std::vector<FlatSegment> joined(std::vector<FlatSegment> segments)
+{
+    const auto widthOf = [](const FlatSegment& segment) { return std::make_pair(segment.startWidth, segment.endWidth); };
+    for (const FlatSegment& segment : segments) {
+        if (widthOf(segment) != std::make_pair(segments[0].startWidth, segments[0].startWidth)) return segments;
+    }
+    for (std::size_t i = 1; i < segments.size(); ++i)
+        segments[0].points.insert(segments[0].points.end(), segments[i].points.begin() + 1, segments[i].points.end());
+    segments.resize(std::min<std::size_t>(segments.size(), 1));
+    return segments;
+}
+
 template <class Shape>
 void mapAll(Shape& points, const AcGeMatrix2d& map)
 {
@@ -131,6 +161,9 @@ bool ViewGeometry::pline(const AcDbPolyline& polyline)
     const AcGeMatrix2d map = planeMap(frame * up);
     std::vector<FlatSegment> segments = flatten(polyline, modelTolerance());
     if (polyline.hasWidth()) {
+        const DashPattern dashes = pen().dashes; // as they are in the plane that is drawn on
+        if (!dashes.empty() && polyline.hasPlinegen()) segments = joined(std::move(segments));
+        if (!dashes.empty()) segments = dashed(std::move(segments), dashes, 1.0 / map.scale());
         std::vector<WidePiece> pieces;
         for (const FlatSegment& segment : segments)
             if (segment.isWide()) addPieces(pieces, segment);

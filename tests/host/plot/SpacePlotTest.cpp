@@ -179,6 +179,26 @@ TEST_F(SpacePlotTest, PolylinesAreAsWideAsTheySay)
     EXPECT_TRUE(at(80, 60) == white && at(80, 50) == white);
 }
 
+TEST_F(SpacePlotTest, WidePolylinesHaveDashes)
+{
+    const AcDbObjectId linetype = addLinetype(L"wide dashes", 10, 10);
+    for (const bool runsOn : {false, true}) {
+        auto wide = std::make_unique<AcDbPolyline>();
+        const double y = runsOn ? 60 : 20;
+        wide->addVertexAt(0, {0, y}, 0, 8, 8);
+        wide->addVertexAt(1, {50, y}, 0, 8, 8);
+        wide->addVertexAt(2, {100, y}, 0, 8, 8);
+        wide->setLinetype(linetype);
+        wide->setPlinegen(runsOn);
+        add(std::move(wide));
+    }
+    plotModel();
+    // Half of the line takes two patterns of 20; with the dash at each end that leaves five pieces of 10. The whole line
+    // takes five patterns, with half a dash at each end.
+    EXPECT_TRUE(at(5, 23) == black && at(15, 20) == white && at(49, 17) == black && at(51, 23) == black);
+    EXPECT_TRUE(at(3, 63) == black && at(10, 60) == white && at(20, 57) == black && at(50, 60) == white);
+}
+
 TEST_F(SpacePlotTest, EndlessLinesReachTheEdges)
 {
     add(std::make_unique<AcDbXline>());
