@@ -83,6 +83,14 @@ Answer Answer::ofName(Kind kind, const ads_name name)
     return made;
 }
 
+Answer Answer::ofMove(const AcGePoint3d& point)
+{
+    Answer made;
+    made.kind = Kind::cursor;
+    made.point = point;
+    return made;
+}
+
 void InputSource::type(std::wstring_view keys, bool echo)
 {
     if (keys.empty()) return;
@@ -111,14 +119,41 @@ void InputSource::clear()
     for (Pieces& pieces : mLevels) pieces.clear();
 }
 
-Answer InputSource::next(Reading reading)
+Answer InputSource::next(Reading reading) { return ask(reading, false); }
+Answer InputSource::nextOrMove(Reading reading) { return ask(reading, true); }
+
+Answer InputSource::nextKeyOrMove()
 {
-    Answer answer = ask(reading);
+    mPassesMoves = false;
+    std::optional<Answer> answer = takeKey();
+    mPassesMoves = true;
+    if (!answer) answer = Answer::cancel();
+    mLastWasCancel = answer->kind == Answer::Kind::cancel;
+    return *answer;
+}
+
+std::optional<Answer> InputSource::takeKey()
+{
+    Pieces& pieces = mLevels.back();
+    if (pieces.empty() && !(mLevels.size() == 1 && askReader(pieces))) return std::nullopt;
+    if (pieces.front().answer || pieces.front().pause) return takeFrom(mLevels.size() - 1, Reading::word, true);
+    std::wstring& keys = pieces.front().keys;
+    const wchar_t key = keys[0];
+    keys.erase(0, 1);
+    if (keys.empty()) pieces.pop_front();
+    return isEsc(key) ? Answer::cancel() : Answer::ofText(std::wstring_view(&key, 1));
+}
+
+Answer InputSource::ask(Reading reading, bool moves)
+{
+    mPassesMoves = !moves;
+    Answer answer = interpreted(reading);
+    mPassesMoves = true;
     mLastWasCancel = answer.kind == Answer::Kind::cancel;
     return answer;
 }
 
-Answer InputSource::ask(Reading reading)
+Answer InputSource::interpreted(Reading reading)
 {
     for (;;) {
         std::optional<Answer> answer = takeFrom(mLevels.size() - 1, reading, true);
@@ -145,12 +180,23 @@ std::optional<Answer> InputSource::takeFrom(std::size_t level, Reading reading, 
         pieces.pop_front();
         return level > 0 ? takeFrom(level - 1, reading, mayAsk) : std::nullopt;
     }
-    if (!pieces.empty() && pieces.front().answer) {
-        Answer answer = std::move(*pieces.front().answer);
-        pieces.pop_front();
-        return answer;
-    }
+    if (mPassesMoves) passMoves(pieces);
+    if (!pieces.empty() && pieces.front().answer) return takeWhole(pieces);
     return takeKeys(level, reading, mayAsk);
+}
+
+std::optional<Answer> InputSource::takeWhole(Pieces& pieces)
+{
+    Answer answer = std::move(*pieces.front().answer);
+    pieces.pop_front();
+    if (answer.kind == Answer::Kind::cursor) mCursor = answer.point;
+    return answer;
+}
+
+void InputSource::passMoves(Pieces& pieces)
+{
+    while (!pieces.empty() && pieces.front().answer && pieces.front().answer->kind == Answer::Kind::cursor)
+        takeWhole(pieces);
 }
 
 std::optional<Answer> InputSource::takeKeys(std::size_t level, Reading reading, bool mayAsk)

@@ -4,6 +4,7 @@
 /// answers of acedCommandS, and a reader or the typist (Typist.h), who are asked when both are used up.
 
 #include "adsdef.h"
+#include "gepnt3d.h"
 
 #include <deque>
 #include <functional>
@@ -22,13 +23,16 @@ struct Answer {
         cancel,    ///< Esc, or nobody there to answer
         entity,    ///< `name` is an entity
         selection, ///< `name` is a selection set, which stays the giver's
+        cursor,    ///< the cursor passes `point`; only those who watch it are told
     };
     Kind kind = Kind::cancel;
     std::wstring text;
     ads_name name = {0, 0};
+    AcGePoint3d point; ///< in the UCS
 
     static Answer ofText(std::wstring_view text);
     static Answer ofName(Kind kind, const ads_name name);
+    static Answer ofMove(const AcGePoint3d& point);
     static Answer enter() { return ofText({}); }
     static Answer cancel() { return {}; }
 };
@@ -53,6 +57,10 @@ public:
     /// The answer to a question of an input function, which has shown its prompt. A cancel when nobody answers: never waits
     /// and never fails.
     Answer next(Reading reading);
+    /// The same, or a move of the cursor.
+    Answer nextOrMove(Reading reading);
+    /// One key, as a text of one character, or the next whole answer or move.
+    Answer nextKeyOrMove();
     /// The next answer if all its keys are there; for the command prompt, which leaves half a command's name waiting.
     /// With `mayAsk` the reader is asked for the rest of an answer that has begun, as an expression of several lines.
     std::optional<Answer> takeComplete(Reading reading, bool mayAsk = false);
@@ -62,6 +70,8 @@ public:
     /// Whether the last answer was a cancel, as when a command is left by Esc.
     bool lastWasCancel() const { return mLastWasCancel; }
     void forgetCancel() { mLastWasCancel = false; }
+    /// Where the cursor was moved to last.
+    const std::optional<AcGePoint3d>& cursor() const { return mCursor; }
     /// Drops what waits.
     void clear();
     /// Gives the keys that wait to another source, in front of its own: the rest of a line, when another drawing opens.
@@ -104,7 +114,12 @@ private:
     };
     using Pieces = std::deque<Piece>;
 
-    Answer ask(Reading reading);
+    Answer ask(Reading reading, bool moves);
+    Answer interpreted(Reading reading);
+    /// Drops the moves at the front, and keeps where they led.
+    void passMoves(Pieces& pieces);
+    std::optional<Answer> takeWhole(Pieces& pieces);
+    std::optional<Answer> takeKey();
     std::optional<Answer> takeFrom(std::size_t level, Reading reading, bool mayAsk);
     std::optional<Answer> takeKeys(std::size_t level, Reading reading, bool mayAsk);
     /// Takes the first keys of the first piece away.
@@ -114,7 +129,9 @@ private:
     std::vector<Pieces> mLevels = std::vector<Pieces>(1);
     Reader mReader;
     Interpreter mInterpreter;
+    std::optional<AcGePoint3d> mCursor;
     bool mLastWasCancel = false;
+    bool mPassesMoves = true;
 };
 
 /// The answers of the current document; without documents those of the program itself.

@@ -4,6 +4,7 @@
 
 #include "acedcmd.h"
 #include "acedhooks.h"
+#include "acedinput.h"
 #include "acedlisp.h"
 #include "acedmodules.h"
 #include "acedoutput.h"
