@@ -15,7 +15,7 @@ LIBRARY = ("frame", "geometry", "entity", "objects", "database", "input", "text"
 OWNERS = {  # a header that matches is for these folders only
     r"(unistd|dlfcn|fcntl|dirent|poll|pthread|link|elf|sys/\w+)\.h": ("host/win32", "host/console", "host/testing"),
     r"unicode/.*": ("host/win32", "bench"),
-    r"(TopoDS|BRep\w*|Geom\w*|gp_\w+|Standard\w*)(\.hxx)?": ("host/kernel",),
+    r"(TopoDS|BRep\w*|Geom\w*|gp_\w+|Standard\w*)(\.hxx)?": ("host/kernel", "bench"),
 }
 PLATFORM = re.compile(r"^\s*#\s*(if|ifdef|ifndef|elif)\b.*\b(__linux__|__GNUC__|__clang__|_WIN32|_WIN64|_MSC_VER|__unix__)")
 INCLUDE = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
