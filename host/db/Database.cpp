@@ -145,5 +145,11 @@ AcDbObjectId AcDbDatabase::byLayerLinetype() const { return mState->byLayer; }
 AcDbObjectId AcDbDatabase::byBlockLinetype() const { return mState->byBlock; }
 AcDbObjectId AcDbDatabase::continuousLinetype() const { return mState->continuous; }
 AcDbObjectId AcDbDatabase::modelSpaceId() const { return mState->modelSpace; }
-AcDbObjectId AcDbDatabase::currentSpaceId() const { return mState->modelSpace; }
+AcDbObjectId AcDbDatabase::currentSpaceId() const
+{
+    if (tilemode() || mState->paperSpace.isNull()) return mState->modelSpace;
+    const AcDbObjectId viewport = mState->modelViewport;
+    const AcDbObject* window = viewport.isErased() ? nullptr : residentObject(viewport);
+    return window && window->ownerId() == mState->paperSpace ? mState->modelSpace : mState->paperSpace;
+}
 

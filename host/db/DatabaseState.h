@@ -14,6 +14,7 @@ struct DatabaseState {
         viewportTable, regAppTable;
     AcDbObjectId layerZero, byLayer, byBlock, continuous, modelSpace, paperSpace;
     AcDbObjectId namedObjects; ///< the dictionary of all dictionaries
+    AcDbObjectId modelViewport; ///< of the layout, in which one works; null for the sheet itself
 
     HeaderVariables header;
     std::vector<PackedGroups> classes;      ///< the file's list of application classes, an entry each

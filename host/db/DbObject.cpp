@@ -190,6 +190,15 @@ Acad::ErrorStatus DbObjectAccess::open(AcDbObject& object, AcDb::OpenMode mode)
     return allowed;
 }
 
+Acad::ErrorStatus DbObjectAccess::openUnlocked(AcDbObject& object)
+{
+    if (object.mOpenForNotify) return Acad::eWasOpenForNotify;
+    if (object.mReaders) return Acad::eWasOpenForRead;
+    if (object.mOpenForWrite) return Acad::eWasOpenForWrite;
+    object.mOpenForWrite = true;
+    return Acad::eOk;
+}
+
 void DbObjectAccess::settle(AcDbObject& object)
 {
     object.mOpenForWrite = false;

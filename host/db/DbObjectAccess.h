@@ -13,6 +13,8 @@ struct DbObjectAccess {
     static DbObjectExtras* extras(const AcDbObject& object) { return object.mExtras.get(); }
     static DbObjectExtras& needExtras(AcDbObject& object);
     static Acad::ErrorStatus open(AcDbObject& object, AcDb::OpenMode mode);
+    /// Opens for write whatever the locks of the document say: views belong to the editor.
+    static Acad::ErrorStatus openUnlocked(AcDbObject& object);
     static bool isOpen(const AcDbObject& object)
     {
         return object.mReaders || object.mOpenForWrite || object.mOpenForNotify;

@@ -79,7 +79,11 @@ void addDefaultContents(AcDbDatabase& database)
     DatabaseState& state = DatabaseAccess::of(database);
     addRecord<AcDbDimStyleTable>(database, new AcDbDimStyleTableRecord, L"Standard");
     state.dimstyle = addRecord<AcDbDimStyleTable>(database, new AcDbDimStyleTableRecord, L"ISO-25");
-    addRecord<AcDbViewportTable>(database, new AcDbViewportTableRecord, L"*Active");
+    auto* viewport = new AcDbViewportTableRecord;
+    viewport->setCenterPoint({210.0, 148.5}); // the limits of a new metric drawing, over the whole height
+    viewport->setHeight(297.0);
+    viewport->setWidth(297.0 * 16.0 / 9.0);
+    addRecord<AcDbViewportTable>(database, viewport, L"*Active");
     addKept(database.mLStyleDictionaryId(), L"Standard", "MLINESTYLE", multilineStyle());
     addScales(database);
 }

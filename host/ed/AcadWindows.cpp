@@ -2,7 +2,7 @@
 #include "IndexColors.h"
 #include "PreferencesObject.h"
 #include "ScreenSize.h"
-#include "VariableStore.h"
+#include "WindowSize.h"
 #include "acedhooks.h"
 
 namespace
@@ -73,16 +73,6 @@ public:
         return object;
     }
 };
-
-[[maybe_unused]] const bool screenSizeBound = [] {
-    ed::bindVariable(L"SCREENSIZE", RTPOINT,
-                     {[] {
-                          const CRect at = viewRect();
-                          return ed::VariableValue::ofPoint({double(at.right), double(at.bottom), 0.0}, RTPOINT);
-                      },
-                      nullptr});
-    return true;
-}();
 } // namespace
 
 CMDIFrameWnd* acedGetAcadFrame() { return &windows().frame; }
@@ -96,18 +86,10 @@ CWinApp* acedGetAcadWinApp()
     return &application;
 }
 
-int acedCoordFromPixelToWorld(const CPoint& pixel, acedDwgPoint point)
+SIZE ed::drawingWindowSize()
 {
-    const auto center = ed::readVariable(L"VIEWCTR");
-    const auto height = ed::readVariable(L"VIEWSIZE");
-    const auto viewport = ed::readVariable(L"CVPORT");
-    if (!point || !documents::current() || !center || !height || !viewport) return 0;
-    const CRect view = viewRect();
-    const double scale = height->real / view.Height();
-    point[X] = center->point.x + (pixel.x - view.Width() / 2.0) * scale;
-    point[Y] = center->point.y + (view.Height() / 2.0 - pixel.y) * scale;
-    point[Z] = 0.0;
-    return static_cast<int>(viewport->integer);
+    const CRect at = viewRect();
+    return {at.Width(), at.Height()};
 }
 
 Adesk::UInt32 acedGetRGB(int color)

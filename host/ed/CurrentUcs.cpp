@@ -1,12 +1,10 @@
 #include "CurrentUcs.h"
 
-#include "VariableStore.h"
+#include "CurrentFrame.h"
+#include "Documents.h"
 
 AcGeMatrix3d ed::ucsToWorld()
 {
-    const std::optional<VariableValue> origin = readVariable(L"UCSORG"), x = readVariable(L"UCSXDIR"),
-                                       y = readVariable(L"UCSYDIR");
-    if (!origin || !x || !y) return AcGeMatrix3d::kIdentity;
-    const AcGeVector3d xAxis = x->point.asVector(), yAxis = y->point.asVector();
-    return AcGeMatrix3d().setCoordSystem(origin->point, xAxis, yAxis, xAxis.crossProduct(yAxis));
+    const DocumentState* document = documents::current();
+    return document ? frames::current(*document->database) : AcGeMatrix3d::kIdentity;
 }

@@ -4,6 +4,7 @@
 #include "InputSource.h"
 #include "LispFunctions.h"
 #include "VariableValues.h"
+#include "ViewHistory.h"
 #include "acdocman.h"
 
 #include <string>
@@ -29,6 +30,9 @@ struct DocumentState {
     std::wstring lastCommand;                ///< what Enter repeats
     ed::LispFunctions lisp;
     ed::VariableValues variables; ///< those that live with the document
+    std::vector<AcDbObjectId> tiles; ///< the viewports of model space by number, from 2 on
+    AcDbObjectId lastWindow;         ///< the viewport of the layout in which one worked last
+    ed::ViewHistory history;
     int dbmod = 0;
     std::vector<int> pushedDbmod;
 };

@@ -9,4 +9,5 @@
 #include "acedmodules.h"
 #include "acedoutput.h"
 #include "acedvars.h"
+#include "acedviews.h"
 #include "acutads.h"

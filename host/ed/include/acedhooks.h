@@ -35,9 +35,19 @@ CWnd* acedGetAcadTextCmdLine();
 /// The application object. GetIDispatch gives its automation object: "Preferences", of it "Files", of that "SupportPath".
 CWinApp* acedGetAcadWinApp();
 
-/// The point of the drawing under a pixel of the drawing view, in display coordinates. Returns the number of the active
-/// viewport (CVPORT), or 0 when there is no drawing.
+// Pixels of the drawing view, from its left and upper edges, and points of a viewport in its display coordinates (DCS;
+// acedTrans takes them to others). Viewports go by number (CVPORT).
+
+/// The point under a pixel, in the viewport there. Returns the viewport's number; 0, and `point` unchanged, when there
+/// is no drawing.
 int acedCoordFromPixelToWorld(const CPoint& pixel, acedDwgPoint point);
+/// The point that a pixel means in a viewport, which need not lie there. FALSE when there is no such viewport.
+BOOL acedCoordFromPixelToWorld(int number, CPoint pixel, acedDwgPoint point);
+/// The nearest pixel to a point of a viewport. FALSE, and `pixel` unchanged, when there is no such viewport or the point
+/// is not finite or too far away.
+int acedCoordFromWorldToPixel(int number, const acedDwgPoint point, CPoint& pixel);
+/// The number of the viewport at a pixel; 0 when there is no drawing.
+int acedGetWinNum(int x, int y);
 
 /// The colour of a number of the AutoCAD Color Index (0 ... 255) as 0x00RRGGBB; 0 and numbers without a colour are white as 7.
 Adesk::UInt32 acedGetRGB(int color);
