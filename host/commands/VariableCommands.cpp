@@ -1,12 +1,12 @@
 /// SETVAR, and the regenerations.
 
+#include "acutads.h"
 #include "Ask.h"
 #include "CommandLine.h"
 #include "CommandTable.h"
 #include "Faults.h"
 #include "VariablePrompt.h"
 #include "VariableStore.h"
-#include "Wildcard.h"
 
 namespace
 {
@@ -16,7 +16,7 @@ void listVariables()
     if (!answer) return;
     const std::wstring pattern = answer->empty() ? L"*" : ed::upperCase(*answer);
     for (const std::wstring& name : ed::variableNames()) {
-        if (win32::matchesWildcard(name, pattern)) ed::print(ed::variableLine(name));
+        if (acutWcMatch(name.c_str(), pattern.c_str()) == RTNORM) ed::print(ed::variableLine(name));
     }
 }
 

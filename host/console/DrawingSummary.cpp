@@ -26,7 +26,8 @@ void printBlock(const AcDbBlockTableRecord& block)
 {
     const CString layout = acdbLayoutNameOf(block);
     std::printf("%s\n", utf8(layout.IsEmpty() ? block.name() : layout).c_str());
-    for (const auto& [name, count] : countsOf(block)) std::printf("%8d  %s\n", count, name.c_str());
+    for (const auto& [name, count] : countsOf(block))
+        std::printf("%8d  %s\n", count, name.c_str());
 }
 } // namespace
 

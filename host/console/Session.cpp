@@ -12,6 +12,7 @@
 #include "ModuleEvents.h"
 #include "PlotDrawing.h"
 #include "ProgramEnd.h"
+#include "ProgressMeter.h"
 
 #include <cstdio>
 
@@ -130,6 +131,7 @@ bool end()
 int run(const Options& options)
 {
     hooks::setRepairListener(tellRepairs);
+    const ProgressOnTerminal progress;
     const bool isDone = open(options.drawing) && performAll(options);
     const bool isClean = end();
     std::fflush(stdout);

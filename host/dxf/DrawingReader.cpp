@@ -1,6 +1,7 @@
 #include "DrawingReader.h"
 
 #include "Blanks.h"
+#include "Progress.h"
 #include "dbproxy.h"
 
 #include <memory>
@@ -15,8 +16,11 @@ DrawingReader::DrawingReader(ReadContext& context, GroupReader& reader)
 
 bool DrawingReader::read()
 {
+    Progress progress(L"Opening");
+    const std::string_view file = _reader.input()->bytes();
     while (_records.next()) {
         const std::string_view name = _records.record().name;
+        progress.reach(static_cast<std::size_t>(name.data() - file.data()), file.size());
         if (name == "SECTION") {
             enterSection();
         } else if (name == "ENDSEC") {

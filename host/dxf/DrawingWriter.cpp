@@ -200,6 +200,7 @@ void DrawingWriter::writeEntitiesOf(const AcDbBlockTableRecord& block)
 
 void DrawingWriter::writeEntity(AcDbEntity& entity)
 {
+    _progress.reach(++_written, _state.stubs.size());
     dxfWriteRecord(entity, _sink);
     const DbSubentities* list = entity.subentities();
     if (!list || list->sequenceEnd.isNull()) return;

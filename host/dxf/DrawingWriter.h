@@ -3,6 +3,7 @@
 #include "DxfFields.h"
 #include "FileSink.h"
 #include "GroupWriter.h"
+#include "Progress.h"
 #include "dbblock.h"
 #include "TableKind.h"
 
@@ -37,5 +38,7 @@ private:
     std::vector<AcDbStub*> _objects;
     FileSink _sink;
     FileVersion _version;
+    Progress _progress{L"Saving"};
+    std::size_t _written = 0; ///< entities
 };
 } // namespace dxf

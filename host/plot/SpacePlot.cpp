@@ -1,5 +1,6 @@
 #include "SpacePlot.h"
 
+#include "Progress.h"
 #include "Stub.h"
 #include "dbblock.h"
 #include "dbdict.h"
@@ -86,8 +87,12 @@ void drawBlock(Canvas& canvas, PlotStyles& styles, const AcDbBlockTableRecord& b
     PlotTraits traits(styles, frozen);
     ViewGeometry geometry(canvas, traits, view);
     PlotDraw draw(geometry, traits);
-    for (const AcDbEntity* entity : shownEntities(block))
-        entity->worldDraw(&draw);
+    Progress progress(L"Plotting");
+    const std::vector<const AcDbEntity*> entities = shownEntities(block);
+    for (std::size_t i = 0; i < entities.size(); ++i) {
+        progress.reach(i, entities.size());
+        entities[i]->worldDraw(&draw);
+    }
     geometry.flush();
 }
 } // namespace plot

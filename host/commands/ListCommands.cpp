@@ -1,0 +1,35 @@
+/// LIST and DBLIST.
+
+#include "acdocman.h"
+#include "CommandLine.h"
+#include "CommandTable.h"
+#include "dbobjptr.h"
+#include "EntityReport.h"
+
+namespace
+{
+void report(AcDbObjectId id)
+{
+    const AcDbObjectPointer<AcDbEntity> entity(id);
+    if (entity.openStatus() == Acad::eOk) ed::print(commands::reportOf(*entity) + L"\n");
+}
+
+/// All entities of model space and the layouts.
+void listDrawing()
+{
+    const AcDbDatabase& database = *acDocManager->curDocument()->database();
+    const AcDbObjectPointer<AcDbBlockTable> table(database.blockTableId());
+    if (table.openStatus() != Acad::eOk) return;
+    for (const AcDbObjectId id : table->recordIds()) {
+        const AcDbObjectPointer<AcDbBlockTableRecord> block(id);
+        if (block.openStatus() != Acad::eOk || !block->isLayout()) continue;
+        for (const AcDbObjectId entity : block->entityIds())
+            report(entity);
+    }
+}
+
+[[maybe_unused]] const bool added = commands::add({
+    {L"DBLIST", L"", ACRX_CMD_MODAL | ACRX_CMD_DOCREADLOCK, listDrawing,
+     L"Tells of every entity of the drawing, with its extended data"},
+});
+} // namespace

@@ -1,0 +1,136 @@
+/// AutoCAD's own commands, typed at the command line of a document.
+
+#include "EditorFixture.h"
+
+#include "acdbads.h"
+#include "dbents.h"
+#include "dbobjptr.h"
+
+namespace
+{
+class BuiltIn : public headless::EditorTest
+{
+protected:
+    /// Adds a new entity to model space, with what `change` makes of it.
+    template <class T>
+    AcDbObjectId make(const std::function<void(T&)>& change)
+    {
+        AcDbObjectId id;
+        asCommand([&] {
+            AcDbObjectPointer<AcDbBlockTableRecord> space(database()->modelSpaceId(), AcDb::kForWrite);
+            AcDbObjectPointer<T> made;
+            made.create();
+            space->appendAcDbEntity(id, made.object());
+            change(*made);
+        });
+        takeOutput();
+        return id;
+    }
+    /// What typing keys shows.
+    std::wstring type(const std::wstring& keys)
+    {
+        takeOutput();
+        run(keys);
+        return takeOutput();
+    }
+    AcDbObjectId layerNamed(const wchar_t* name) const
+    {
+        AcDbObjectId id;
+        const AcDbObjectPointer<AcDbLayerTable> table(database()->layerTableId());
+        table->getAt(name, id);
+        return id;
+    }
+};
+} // namespace
+
+TEST_F(BuiltIn, DblistTellsMeasuresAndExtendedData)
+{
+    make<AcDbLine>([&](AcDbLine& line) {
+        line.setStartPoint({1, 2, 0});
+        line.setEndPoint({4, 6, 0}); // 3 and 4 make 5
+        line.setColorIndex(1);
+        acdbRegApp(L"TESTING");
+        resbuf* data = acutBuildList(1001, L"TESTING", 1000, L"a text", 1040, 2.5, 1070, 7, RTNONE);
+        line.setXData(data);
+        acutRelRb(data);
+    });
+    const std::wstring shown = type(L"DBLIST\n");
+    const wchar_t* const parts[] = {
+        L"LINE  Layer: \"0\"\n",
+        L"Space: Model space\n",
+        L"Color: 1\n",
+        L"from point X=1.0000  Y=2.0000  Z=0.0000\n",
+        L"to point X=4.0000  Y=6.0000  Z=0.0000\n",
+        L"Length = 5.0000\n",
+        L"lower bound X=1.0000  Y=2.0000  Z=0.0000\n",
+        L"* Registered Application Name: TESTING\n                    Code 1000, string: a text\n"
+        L"                    Code 1040, real number: 2.5\n                    Code 1070, 16-bit integer: "
+        L"7\n",
+    };
+    for (const wchar_t* part : parts)
+        EXPECT_NE(shown.find(part), std::wstring::npos) << part << shown;
+}
+
+TEST_F(BuiltIn, DblistKnowsClosedCurvesTextsAndUnits)
+{
+    make<AcDbCircle>([](AcDbCircle& circle) {
+        circle.setCenter({0, 0, 0});
+        circle.setRadius(1.0);
+    });
+    make<AcDbText>([](AcDbText& text) { text.setTextString(L"written"); });
+    const std::wstring shown = type(L"LUPREC 2\nDBLIST\n");
+    EXPECT_NE(shown.find(L"radius 1.00\n"), std::wstring::npos) << shown;
+    EXPECT_NE(shown.find(L"Length = 6.28\n"), std::wstring::npos); // 2 pi
+    EXPECT_NE(shown.find(L"Area = 3.14\n"), std::wstring::npos);
+    EXPECT_NE(shown.find(L"text written\n"), std::wstring::npos);
+}
+
+TEST_F(BuiltIn, LayersAreMadeChosenChangedAndListed)
+{
+    type(L"-LAYER M walls N doors,windows C 3 w*s LO doors OFF windows S walls \n");
+    EXPECT_EQ(database()->clayer(), layerNamed(L"walls"));
+    const auto is = [&](const wchar_t* name, bool off, bool locked, int color) {
+        const AcDbObjectPointer<AcDbLayerTableRecord> layer(layerNamed(name));
+        return layer->isOff() == off && layer->isLocked() == locked && layer->color().colorIndex() == color;
+    };
+    EXPECT_TRUE(is(L"walls", false, false, 3));
+    EXPECT_TRUE(is(L"doors", false, true, 7));
+    EXPECT_TRUE(is(L"windows", true, false, 3));
+    const std::wstring shown = type(L"LA ? w* \n");
+    EXPECT_NE(shown.find(L"Current layer:  \"walls\""), std::wstring::npos);
+    EXPECT_NE(shown.find(L"\"windows\"               off               3       Continuous\n"),
+              std::wstring::npos)
+        << shown;
+    EXPECT_EQ(shown.find(L"doors"), std::wstring::npos);
+}
+
+TEST_F(BuiltIn, ALayerThatCannotBeIsRefusedWithItsReason)
+{
+    EXPECT_NE(type(L"LAYER N a*b\n").find(L"Layer \"a*b\": eInvalid"), std::wstring::npos);
+    EXPECT_NE(type(L"LAYER S nowhere\n").find(L"Layer \"nowhere\": eKeyNotFound."), std::wstring::npos);
+    EXPECT_NE(type(L"LAYER C 256\n").find(L"A color is a number from 1 to 255."), std::wstring::npos);
+    const std::wstring current = type(L"LAYER F 0 \n");
+    EXPECT_NE(current.find(L"Layer \"0\": eInvalidLayer."), std::wstring::npos) << current;
+}
+
+TEST_F(BuiltIn, EveryCommandHasItsLineOfHelp)
+{
+    std::wstring shown = type(L"HELP\n\n");
+    shown.insert(shown.find(L">: ") + 3, L"\n"); // the Enter that was typed
+    const std::unique_ptr<AcEdCommandIterator> walk(acedRegCmds->iterator());
+    int count = 0;
+    for (; !walk->done(); walk->next()) {
+        if (std::wstring(walk->commandGroup()) != L"ACAD") continue;
+        EXPECT_NE(shown.find(L"\n" + std::wstring(walk->command()->globalName()) + L" "), std::wstring::npos)
+            << walk->command()->globalName();
+        ++count;
+    }
+    EXPECT_GT(count, 15);
+}
+
+TEST_F(BuiltIn, SetvarListsThoseThatMatch)
+{
+    const std::wstring shown = type(L"SETVAR ? LUP*\nSETVAR ? CV*\n");
+    EXPECT_NE(shown.find(L"LUPREC = 4\n"), std::wstring::npos) << shown;
+    EXPECT_EQ(shown.find(L"LUNITS"), std::wstring::npos);
+}
