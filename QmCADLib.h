@@ -17,6 +17,7 @@
 #include "CFamStuPub.h"
 #include "CFamStuStr.h"
 #include "CFamStuSysVar.h"
+#include "CFamStuUcs.h"
 #include "CGloableVar.h"
 #include "CMatrix.h"
 #include "CMatrixHelper.h"

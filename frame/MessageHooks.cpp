@@ -2,6 +2,7 @@
 
 #include "acedads.h"
 #include "CFamStuSysVar.h"
+#include "CFamStuUcs.h"
 #include "CGloableVar.h"
 #include "CNoSpacebarInputControls.h"
 #include "TextCommandLine.h"
@@ -14,7 +15,8 @@ void keepPickedPoint(LPARAM position)
     const CPoint pixel(static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position)));
     acedDwgPoint point = {};
     if (acedCoordFromPixelToWorld(pixel, point) == 0) return;
-    g_CGloableVar.setLastPickedPoint(AcGePoint3d(point[X], point[Y], point[Z]));
+    AcGePoint3d picked(point[X], point[Y], point[Z]);
+    if (CFamStuUcs::DCSToWCS(picked)) g_CGloableVar.setLastPickedPoint(picked);
 }
 
 void watch(const MSG* message)

@@ -240,5 +240,10 @@ TEST_F(MessageHooks, ClickKeepsItsPointInWorldCoordinates)
     EXPECT_NEAR(left.x, center.x - (view.Width() / 2 + 20) * perPixel, 1e-9);
     EXPECT_NEAR(left.y, center.y, 1e-9);
     EXPECT_TRUE(click(WM_RBUTTONUP, 0, 0).isEqualTo(left));
+    // Seen from the front, up in the view is up in the world.
+    ASSERT_EQ(CFamStuUcs::setViewDirection({0.0, -1.0, 0.0}), 1);
+    const AcGePoint3d middle = click(WM_LBUTTONDOWN, view.Width() / 2, view.Height() / 2);
+    const AcGePoint3d above = click(WM_LBUTTONDOWN, view.Width() / 2, view.Height() / 2 - 10);
+    EXPECT_TRUE((above - middle).isEqualTo({0.0, 0.0, 10.0 * perPixel}));
 }
 } // namespace
