@@ -96,6 +96,17 @@ public:
     /// opening.
     static Acad::ErrorStatus SetTextVal(ads_name entity, const wchar_t* text);
 
+    // The view.
+
+    /// The pick box in drawing units of the current view; 0 without a document.
+    static double GetSnapRange();
+    /// Shows objects as large as the view can; nothing happens when none of them has extents.
+    static void Zoom(AcDbObjectId object);
+    static void Zoom(AcDbObjectIdArray objects);
+    /// Shows the window of two points of the display coordinate system, at least 5 units high. Direction,
+    /// target, twist, lens and clipping stay.
+    static void Zoom(AcGePoint3d p1, AcGePoint3d p2);
+
     // The network.
 
     /// The first IPv4 address of a host as "a.b.c.d"; empty when the name cannot be resolved.
