@@ -2,8 +2,10 @@
 
 #include "DatabaseState.h"
 #include "dbapserv.h"
+#include "dbviewport.h"
 #include "dbxutil.h"
 #include "PlanarCoords.h"
+#include "Stub.h"
 
 namespace
 {
@@ -49,6 +51,16 @@ bool map(const ads_point from, ads_point to, const ads_point normal, bool isVect
 
 namespace frames
 {
+const AcDbViewport* activeWindow(const AcDbDatabase& database)
+{
+    const DatabaseState& state = DatabaseAccess::of(database);
+    const AcDbObjectId id = state.modelViewport;
+    const auto* window = id.isErased() ? nullptr : AcDbViewport::cast(residentObject(id));
+    const bool isShown =
+        window && window->isOn() && window->number() > 1 && window->ownerId() == state.paperSpace;
+    return isShown && !database.tilemode() ? window : nullptr;
+}
+
 bool isOnPaper(const AcDbDatabase& database)
 {
     return database.currentSpaceId() != database.modelSpaceId();

@@ -6,8 +6,12 @@
 #include "dbdatabase.h"
 #include "gemat3d.h"
 
+class AcDbViewport;
+
 namespace frames
 {
+/// The viewport of the current layout in which one works; null on the model tab and on the sheet itself.
+const AcDbViewport* activeWindow(const AcDbDatabase& database);
 /// Whether one works in paper space: on the sheet of a layout, and not in one of its viewports.
 bool isOnPaper(const AcDbDatabase& database);
 /// The name of a header variable in the current space: "$UCSORG" is "$PUCSORG" on paper.

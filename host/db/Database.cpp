@@ -3,6 +3,7 @@
 #include "AddRecord.h"
 #include "BlockAccess.h"
 #include "ClassRegistration.h"
+#include "CurrentFrame.h"
 #include "DatabaseState.h"
 #include "DbObjectAccess.h"
 #include "DefaultDrawing.h"
@@ -148,8 +149,6 @@ AcDbObjectId AcDbDatabase::modelSpaceId() const { return mState->modelSpace; }
 AcDbObjectId AcDbDatabase::currentSpaceId() const
 {
     if (tilemode() || mState->paperSpace.isNull()) return mState->modelSpace;
-    const AcDbObjectId viewport = mState->modelViewport;
-    const AcDbObject* window = viewport.isErased() ? nullptr : residentObject(viewport);
-    return window && window->ownerId() == mState->paperSpace ? mState->modelSpace : mState->paperSpace;
+    return frames::activeWindow(*this) ? mState->modelSpace : mState->paperSpace;
 }
 

@@ -83,6 +83,8 @@ void addDefaultContents(AcDbDatabase& database)
     viewport->setCenterPoint({210.0, 148.5}); // the limits of a new metric drawing, over the whole height
     viewport->setHeight(297.0);
     viewport->setWidth(297.0 * 16.0 / 9.0);
+    viewport->setGridIncrements({10.0, 10.0});
+    viewport->setSnapIncrements({10.0, 10.0});
     addRecord<AcDbViewportTable>(database, viewport, L"*Active");
     addKept(database.mLStyleDictionaryId(), L"Standard", "MLINESTYLE", multilineStyle());
     addScales(database);

@@ -110,10 +110,7 @@ const VariableInfo others[] = {
 
     // of the open document
     integer(L"CVPORT", Kept::document, L"2", 1, 32767),
-    integer(L"GRIDMODE", Kept::document, L"0", 0, 1), point(L"GRIDUNIT", Kept::document, L"10 10", RTPOINT),
-    integer(L"SNAPMODE", Kept::document, L"0", 0, 1), point(L"SNAPUNIT", Kept::document, L"10 10", RTPOINT),
-    point(L"SNAPBASE", Kept::document, L"0 0", RTPOINT), real(L"SNAPANG", Kept::document, L"0"),
-    integer(L"SNAPISOPAIR", Kept::document, L"0", 0, 2), integer(L"SNAPSTYL", Kept::document, L"0", 0, 1),
+    integer(L"SNAPISOPAIR", Kept::document, L"0", 0, 2),
     integer(L"UCSICON", Kept::document, L"3", 0, 3), integer(L"UCSFOLLOW", Kept::document, L"0", 0, 1),
     integer(L"COORDS", Kept::registry, L"1", 0, 2), point(L"LASTPOINT", Kept::document, L"0 0 0"),
     real(L"LASTANGLE", Kept::document, L"0", -any, any, readOnly), real(L"DISTANCE", Kept::document, L"0", -any, any, readOnly),

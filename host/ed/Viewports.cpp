@@ -69,6 +69,20 @@ std::vector<Viewport> viewportsOfLayout(DocumentState& document)
     return all;
 }
 
+Viewport activeOfLayout(DocumentState& document)
+{
+    if (const AcDbViewport* window = frames::activeWindow(*document.database))
+        return {ViewportKind::window, window->objectId(), window->number()};
+    const Viewport unmade{ViewportKind::sheet, {}, 1};
+    const auto* block = AcDbBlockTableRecord::cast(residentObject(dataOf(document).paperSpace));
+    if (!block) return unmade;
+    for (const AcDbObjectId id : block->entityIds()) {
+        const AcDbViewport* viewport = shownViewport(id);
+        if (viewport && viewport->number() == 1) return {ViewportKind::sheet, id, 1};
+    }
+    return unmade;
+}
+
 std::vector<Viewport> unsorted(DocumentState& document)
 {
     return document.database->tilemode() ? tilesOf(document) : viewportsOfLayout(document);
@@ -117,10 +131,14 @@ std::vector<Viewport> viewportsOfTab()
     return all;
 }
 
+// A sheet may hold many entities, and is not searched for windows here.
 Viewport activeViewport()
 {
-    const std::vector<Viewport> all = viewportsOfTab();
-    return all.empty() ? Viewport() : all.front();
+    DocumentState* document = documents::current();
+    if (!document) return {};
+    if (!document->database->tilemode()) return activeOfLayout(*document);
+    const std::vector<Viewport> tiles = tilesOf(*document);
+    return tiles.empty() ? Viewport() : tiles.front();
 }
 
 Viewport viewportOfNumber(int number)

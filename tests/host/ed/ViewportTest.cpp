@@ -151,6 +151,40 @@ TEST_F(Viewports, TilesKeepAUcsEach)
     expectNear(pointOf(L"UCSORG"), {5.0, 0.0, 0.0});
 }
 
+TEST_F(Viewports, HaveGridAndSnapEach)
+{
+    split();
+    EXPECT_EQ(integerOf(L"UCSICON"), 3);
+    expectNear(pointOf(L"SNAPUNIT"), {10.0, 10.0, 0.0});
+    resbuf unit{};
+    unit.restype = RTPOINT;
+    unit.resval.rpoint[X] = unit.resval.rpoint[Y] = 2.5;
+    EXPECT_EQ(setInteger(L"SNAPMODE", 1), RTNORM);
+    EXPECT_EQ(acedSetVar(L"SNAPUNIT", &unit), RTNORM);
+    EXPECT_EQ(setInteger(L"UCSICON", 1), RTNORM);
+    unit.resval.rpoint[X] = -1.0;
+    EXPECT_EQ(acedSetVar(L"SNAPUNIT", &unit), RTERROR);
+    EXPECT_EQ(setInteger(L"SNAPMODE", 2), RTERROR);
+    ASSERT_EQ(acedSetCurrentVPort(3), Acad::eOk);
+    EXPECT_EQ(integerOf(L"SNAPMODE"), 0);
+    ASSERT_EQ(acedSetCurrentVPort(2), Acad::eOk);
+    EXPECT_EQ(integerOf(L"SNAPMODE"), 1);
+    EXPECT_EQ(integerOf(L"UCSICON"), 1);
+    expectNear(pointOf(L"SNAPUNIT"), {2.5, 2.5, 0.0});
+}
+
+// Without UCSVP a viewport does not bring a UCS along: the current one stays.
+TEST_F(Viewports, FollowTheCurrentUcsWithoutOneOfTheirOwn)
+{
+    split();
+    ASSERT_EQ(acedSetCurrentVPort(3), Acad::eOk);
+    ASSERT_EQ(setInteger(L"UCSVP", 0), RTNORM);
+    ASSERT_EQ(acedSetCurrentVPort(2), Acad::eOk);
+    ASSERT_EQ(acedSetCurrentUCS(frame({5.0, 0.0, 0.0}, AcGeVector3d::kXAxis, AcGeVector3d::kYAxis)), Acad::eOk);
+    ASSERT_EQ(acedSetCurrentVPort(3), Acad::eOk);
+    expectNear(pointOf(L"UCSORG"), {5.0, 0.0, 0.0});
+}
+
 TEST_F(Viewports, LayoutsHaveASheetAndWindows)
 {
     EXPECT_EQ(acedMspace(), Acad::eNotInPaperspace);
@@ -175,6 +209,11 @@ TEST_F(Viewports, LayoutsHaveASheetAndWindows)
         viewport.setOn();
         EXPECT_EQ(acedSetCurrentVPort(&viewport), Acad::eOk);
     });
+    EXPECT_EQ(acedActiveViewportId(), window);
+    edit(window, [](AcDbViewport& viewport) { viewport.setOff(); }); // one cannot work where nothing is shown
+    EXPECT_EQ(integerOf(L"CVPORT"), 1);
+    EXPECT_EQ(database()->currentSpaceId(), paper);
+    edit(window, [](AcDbViewport& viewport) { viewport.setOn(); });
     EXPECT_EQ(acedActiveViewportId(), window);
     edit(window, [](AcDbViewport& viewport) { viewport.erase(); });
     EXPECT_EQ(integerOf(L"CVPORT"), 1);
