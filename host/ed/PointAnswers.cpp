@@ -25,6 +25,7 @@ Question questionOf(const PointWish& wish, std::wstring requirement, std::wstrin
     question.requirementOrWord = std::move(requirementOrWord);
     question.rules = wish.rules;
     question.seesMoves = wish.seesMoves;
+    question.promptShown = wish.promptShown;
     return question;
 }
 
@@ -82,7 +83,7 @@ NumberReply askNumber(const PointWish& wish, const Question& question,
         return reply.moved ? Verdict::good : ed::checkNumber(reply.value, wish.rules, message);
     });
     static_cast<ed::Reply&>(reply) = asked;
-    if (asked.code == RTNORM && picked && !reply.moved) ed::setLastPoint(*picked);
+    if (asked.code == RTNORM && picked && !reply.moved && !wish.keepsLastPoint) ed::setLastPoint(*picked);
     return reply;
 }
 } // namespace

@@ -11,6 +11,8 @@ struct PointWish {
     InputRules rules;
     PointContext context;
     bool seesMoves = false;
+    bool promptShown = false;    ///< the prompt stands there already
+    bool keepsLastPoint = false; ///< a point that shows a number does not become LASTPOINT
 };
 
 /// An answer; `moved` says that the cursor only passed there.

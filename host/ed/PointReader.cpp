@@ -84,7 +84,7 @@ private:
         if (mLocked) return towards(*mLocked);
         const std::optional<AcGePoint3d>& cursor = ed::currentInput().cursor();
         AcGeVector3d offset = cursor ? *cursor - *mContext.base : AcGeVector3d::kIdentity;
-        if (isOrtho()) offset = alongAxis(offset);
+        if (mContext.followsOrtho && isOrtho()) offset = alongAxis(offset);
         return offset.isZeroLength() ? AcGeVector3d::kXAxis : offset.normal();
     }
 
@@ -197,7 +197,7 @@ bool isOutsideOfLimits(const AcGePoint3d& point)
 
 AcGePoint3d followed(const AcGePoint3d& cursor, const PointContext& context)
 {
-    return context.base && isOrtho() ? *context.base + alongAxis(cursor - *context.base) : cursor;
+    return context.base && context.followsOrtho && isOrtho() ? *context.base + alongAxis(cursor - *context.base) : cursor;
 }
 
 /// OSNAPCOORD 0 lets the running snaps work on typed points as on picked ones.

@@ -11,6 +11,7 @@ namespace ed
 struct PointContext {
     std::optional<AcGePoint3d> base;
     bool directDistance = true; ///< a number alone is a point
+    bool followsOrtho = true;   ///< where ORTHOMODE asks for it
     bool checkLimits = true;    ///< where LIMCHECK asks for it
 };
 

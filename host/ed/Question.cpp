@@ -48,8 +48,8 @@ std::optional<Reply> Question::answered(const Answer& answer, const Reader& read
 
 Reply Question::ask(const Reader& read) const
 {
-    for (;;) {
-        print(prompt);
+    for (bool shown = promptShown;; shown = false) {
+        if (!shown) print(prompt);
         InputSource& input = currentInput();
         const Answer answer = seesMoves ? input.nextOrMove(Reading::token) : input.next(Reading::token);
         if (const std::optional<Reply> reply = answered(answer, read)) return *reply;

@@ -26,7 +26,8 @@ struct Question {
     std::wstring requirement;      ///< what is said to an answer that is not understood
     std::wstring requirementOrWord; ///< the same when there are keywords too
     InputRules rules;
-    bool seesMoves = false; ///< the cursor's moves are answers too
+    bool promptShown = false; ///< the prompt stands there already
+    bool seesMoves = false;   ///< the cursor's moves are answers too
 
     /// Reads an answer of kind text, or cursor; may change the message, which is what is said when it is refused.
     using Reader = std::function<Verdict(const Answer& answer, std::wstring& message)>;

@@ -56,6 +56,15 @@ void EditorTest::TearDown()
 
 void EditorTest::answer(const std::wstring& keys) { ed::currentInput().type(keys, false); }
 
+void EditorTest::moveCursor(const AcGePoint3d& point) { ed::currentInput().give(ed::Answer::ofMove(point)); }
+
+void EditorTest::pick(const AcGePoint3d& point)
+{
+    CString typed;
+    typed.Format(L"%.17g,%.17g,%.17g", point.x, point.y, point.z);
+    ed::currentInput().give(ed::Answer::ofText(typed.GetString()));
+}
+
 int EditorTest::run(const std::wstring& keys)
 {
     answer(keys);

@@ -31,6 +31,9 @@ protected:
 
     /// Types keys for questions to come; nothing runs yet.
     void answer(const std::wstring& keys);
+    /// Moves the cursor to a point of the UCS, and picks one, for questions to come.
+    void moveCursor(const AcGePoint3d& point);
+    void pick(const AcGePoint3d& point);
     /// Types keys and runs what they say, as at the command prompt. Returns how many commands ran.
     int run(const std::wstring& keys);
     /// Runs code as a command of the current document, which is locked meanwhile, with answers for its questions.

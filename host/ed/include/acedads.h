@@ -3,6 +3,7 @@
 /// The list interface to the drawing editor in one include: each header below holds one subject.
 
 #include "acedcmd.h"
+#include "acedgraphics.h"
 #include "acedhooks.h"
 #include "acedinput.h"
 #include "acedlisp.h"

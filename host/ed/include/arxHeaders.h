@@ -10,6 +10,7 @@
 #include "acutads.h"
 #include "adsdef.h"
 #include "dbents.h"
+#include "dbjig.h"
 #include "dbmain.h"
 #include "dbxrecrd.h"
 #include "rxregsvc.h"
