@@ -28,6 +28,16 @@ endforeach()
 install(FILES QmCADLib.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/QmCADLib)
 target_include_directories(QmCADLib PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/QmCADLib>)
 
+# The program, and the fixture for tests, which needs GoogleTest: it has an export of its own.
+set_target_properties(arxhost_program PROPERTIES EXPORT_NAME program
+  INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+set_target_properties(arxhost_testing PROPERTIES EXPORT_NAME testing)
+install(TARGETS arxhost_program EXPORT QmCADLibTargets RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+install(TARGETS arxhost_testing qm_settings EXPORT QmCADLibTestingTargets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(DIRECTORY host/testing/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/arxhost-testing FILES_MATCHING PATTERN "*.h")
+target_include_directories(arxhost_testing PUBLIC $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/arxhost-testing>)
+install(EXPORT QmCADLibTestingTargets NAMESPACE QmCADLib:: DESTINATION ${package_dir})
+
 install(EXPORT QmCADLibTargets NAMESPACE QmCADLib:: DESTINATION ${package_dir})
 configure_package_config_file(cmake/QmCADLibConfig.cmake.in ${CMAKE_BINARY_DIR}/QmCADLibConfig.cmake
   INSTALL_DESTINATION ${package_dir})

@@ -1,25 +1,7 @@
 #include "Ask.h"
 
+#include "acedinput.h"
 #include "CommandLine.h"
-#include "Faults.h"
-#include "Script.h"
-
-#include <cwctype>
-#include <sstream>
-
-namespace
-{
-/// Whether a text is a beginning of the keyword that has all of its capitals and digits.
-bool shortens(const std::wstring& text, const std::wstring& keyword)
-{
-    std::size_t least = 0;
-    for (std::size_t i = 0; i < keyword.size(); ++i) {
-        if (!std::iswlower(static_cast<std::wint_t>(keyword[i]))) least = i + 1;
-    }
-    const bool fits = text.size() >= least && text.size() <= keyword.size();
-    return fits && _wcsnicmp(text.c_str(), keyword.c_str(), text.size()) == 0;
-}
-} // namespace
 
 namespace commands
 {
@@ -36,30 +18,14 @@ std::optional<std::wstring> askFile(const std::wstring& prompt)
     return ask(prompt, ed::Reading::word);
 }
 
-std::wstring keywordOf(const std::wstring& text, const std::wstring& keywords)
-{
-    const std::wstring name = text.substr(std::min(text.find_first_not_of(L'_'), text.size()));
-    std::wistringstream all(keywords);
-    for (std::wstring keyword; all >> keyword;) {
-        if (shortens(name, keyword)) return keyword;
-    }
-    return {};
-}
-
 std::optional<std::wstring> askKeyword(const std::wstring& prompt, const std::wstring& keywords,
                                        const std::wstring& byEnter)
 {
-    for (;;) {
-        const std::optional<std::wstring> answer = ask(prompt);
-        if (!answer) return std::nullopt;
-        const std::wstring keyword = answer->empty() ? byEnter : keywordOf(*answer, keywords);
-        if (!keyword.empty()) return keyword;
-        if (scripts::isRunning()) {
-            ed::fail(L"\"" + *answer + L"\" is none of the options.");
-            return std::nullopt;
-        }
-        ed::print(L"Invalid option keyword.\n");
-    }
+    ACHAR keyword[100];
+    acedInitGet(0, keywords.c_str());
+    const int code = acedGetKword(prompt.c_str(), keyword);
+    if (code == RTNONE) return byEnter;
+    return code == RTNORM ? std::optional<std::wstring>(keyword) : std::nullopt;
 }
 
 bool askWhether(const std::wstring& prompt)

@@ -20,9 +20,6 @@ std::optional<std::wstring> askFile(const std::wstring& prompt);
 /// `byEnter` for Enter, nothing for Esc.
 std::optional<std::wstring> askKeyword(const std::wstring& prompt, const std::wstring& keywords,
                                        const std::wstring& byEnter);
-/// The keyword that a text stands for; empty when there is none.
-std::wstring keywordOf(const std::wstring& text, const std::wstring& keywords);
-
 /// Asks whether to; Enter and Esc mean no.
 bool askWhether(const std::wstring& prompt);
 } // namespace commands

@@ -188,6 +188,7 @@ void showPrompt()
 void endScriptAt(Outcome outcome)
 {
     const std::wstring reason = ed::takeFault();
+    ed::takeFailure();
     if ((outcome != Outcome::failed && outcome != Outcome::unknown) || !scripts::isRunning()) return;
     scripts::stop(reason);
     if (DocumentState* state = documents::current()) state->input.clear();

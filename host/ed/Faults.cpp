@@ -30,6 +30,7 @@ void noteFault(std::wstring_view reason)
 {
     lastReason = reason;
 }
+bool hasFailed() { return failed; }
 bool takeFailure()
 {
     return std::exchange(failed, false);

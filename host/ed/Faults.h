@@ -17,6 +17,7 @@ void noteFault(std::wstring_view reason);
 
 /// Whether fail() was called since the last time.
 bool takeFailure();
+bool hasFailed();
 /// The last reason, which is forgotten; empty when there is none.
 std::wstring takeFault();
 } // namespace ed

@@ -1,12 +1,17 @@
 #include "Question.h"
 
 #include "CommandLine.h"
+#include "Faults.h"
+#include "Script.h"
 #include "acedinput.h"
 
 namespace ed
 {
+/// A script that answers wrong goes no further.
 void Question::complain(const std::wstring& message) const
 {
+    const std::wstring said = message.empty() ? L"Invalid input." : message;
+    if (scripts::isRunning()) return fail(said);
     if (!message.empty()) print(message + L"\n");
 }
 
@@ -53,6 +58,7 @@ Reply Question::ask(const Reader& read) const
         InputSource& input = currentInput();
         const Answer answer = seesMoves ? input.nextOrMove(Reading::token) : input.next(Reading::token);
         if (const std::optional<Reply> reply = answered(answer, read)) return *reply;
+        if (scripts::isRunning()) return Reply{RTCAN, {}};
     }
 }
 } // namespace ed

@@ -1,5 +1,7 @@
 #include "Script.h"
 
+#include "Faults.h"
+
 #include <utility>
 
 namespace
@@ -59,7 +61,8 @@ void start(const std::wstring& name, LineReader lines)
 
 std::optional<ed::TypedKeys> nextLine()
 {
-    if (!state().isRunning) return std::nullopt;
+    // A command that has failed gets no more answers.
+    if (!state().isRunning || ed::hasFailed()) return std::nullopt;
     std::string line;
     while (readLine(line)) {
         if (line.empty() || line[0] != ';') return ed::TypedKeys{textOfLine(line) + L"\n", true};

@@ -113,6 +113,41 @@ TEST_F(BuiltIn, ALayerThatCannotBeIsRefusedWithItsReason)
     EXPECT_NE(current.find(L"Layer \"0\": eInvalidLayer."), std::wstring::npos) << current;
 }
 
+TEST_F(BuiltIn, LinesCirclesAndPointsAreDrawn)
+{
+    type(L"LINE 0,0 10,0 @0,10 U @0,5 C\nCIRCLE 1,2 3 CIRCLE 1,2 D 8 POINT 7,7\n");
+    const std::wstring shown = type(L"DBLIST\n");
+    const auto count = [&](const std::wstring& part) {
+        int found = 0;
+        for (std::size_t at = 0; (at = shown.find(part, at)) != std::wstring::npos; ++at)
+            ++found;
+        return found;
+    };
+    EXPECT_EQ(count(L"LINE  Layer"), 3);        // 10 along X, 5 along Y, and back to the start
+    EXPECT_EQ(count(L"Length = 11.1803\n"), 1); // sqrt(10^2 + 5^2)
+    EXPECT_EQ(count(L"radius 3.0000\n"), 1);
+    EXPECT_EQ(count(L"radius 4.0000\n"), 1);
+    EXPECT_EQ(count(L"POINT  Layer"), 1);
+}
+
+TEST_F(BuiltIn, ZoomAndPanChangeTheView)
+{
+    const auto view = [&] { return type(L"SETVAR VIEWCTR\nSETVAR VIEWSIZE\n^C"); };
+    type(L"LINE 0,0 100,40 \nZOOM C 5,6 20\n");
+    const std::wstring first = view();
+    EXPECT_NE(first.find(L"VIEWCTR = 5.0000,6.0000"), std::wstring::npos) << first;
+    EXPECT_NE(first.find(L"VIEWSIZE = 20.0000"), std::wstring::npos) << first;
+    type(L"ZOOM 2X\n"); // twice as large: half of the height
+    EXPECT_NE(view().find(L"VIEWSIZE = 10.0000"), std::wstring::npos);
+    type(L"PAN 0,0 1,2\n"); // the drawing goes right and up, the view's centre left and down
+    EXPECT_NE(view().find(L"VIEWCTR = 4.0000,4.0000"), std::wstring::npos) << view();
+    type(L"ZOOM P\nZOOM P\n");
+    EXPECT_EQ(view(), first);
+    type(L"ZOOM W 0,0 2,1 ZOOM E\n");
+    EXPECT_NE(view().find(L"VIEWCTR = 50.0000,20.0000"), std::wstring::npos) << view();
+    EXPECT_NE(type(L"ZOOM 0X\n").find(L"Requires a positive scale"), std::wstring::npos);
+}
+
 TEST_F(BuiltIn, EveryCommandHasItsLineOfHelp)
 {
     std::wstring shown = type(L"HELP\n\n");

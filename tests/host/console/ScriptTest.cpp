@@ -41,7 +41,7 @@ TEST_F(Script, AFaultTellsFileLineAndReason)
         {"OPEN /no/such.dxf",
          "standard input:1: Cannot open \"/no/such.dxf\": there is no such file or folder."},
         {"LTSCALE -1", "standard input:1: The value is not valid for LTSCALE."},
-        {"ARX X", "standard input:1: \"X\" is none of the options."},
+        {"ARX X", "standard input:1: Invalid option keyword."},
         {"ARX L nothing.arx",
          "standard input:1: nothing.arx cannot be loaded: the file or one it needs is not found."},
         {"(car 1", "Command: "},
