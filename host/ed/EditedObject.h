@@ -3,6 +3,7 @@
 /// Changes that the editor makes to views, which need no lock of the document.
 
 #include "DbObjectAccess.h"
+#include "Viewports.h"
 
 namespace ed
 {
@@ -37,4 +38,21 @@ private:
     Acad::ErrorStatus mStatus = Acad::eOk;
     bool mIsMine = false;
 };
+
+/// Opens what keeps a viewport's properties and calls `change` with it: with an AcDbViewportTableRecord& or
+/// an AcDbViewport&. The statuses of EditedObject.
+template <class Keeper, class Change>
+Acad::ErrorStatus edit(AcDbObjectId id, Change change)
+{
+    EditedObject<Keeper> keeper(id);
+    if (keeper.status() == Acad::eOk) change(*keeper);
+    return keeper.status();
+}
+
+template <class Change>
+Acad::ErrorStatus editViewport(const Viewport& viewport, Change change)
+{
+    if (viewport.kind == ViewportKind::tile) return edit<AcDbViewportTableRecord>(viewport.id, change);
+    return edit<AcDbViewport>(viewport.id, change);
+}
 } // namespace ed

@@ -84,6 +84,10 @@ void bindPlaces()
     bindPoint(L"LIMMIN", RTPOINT, "$LIMMIN", false);
     bindPoint(L"LIMMAX", RTPOINT, "$LIMMAX", false);
     bindPoint(L"INSBASE", RT3DPOINT, "$INSBASE", false);
+}
+
+void bindCurrentSystem()
+{
     ed::bindVariable(L"UCSNAME", RTSTR,
                      {[] {
                           return VariableValue::ofText(
@@ -144,9 +148,8 @@ bool showTab(const std::wstring& name)
 
 void bindTabs()
 {
-    ed::bindVariable(L"TILEMODE", RTSHORT,
-                     {[] { return VariableValue::ofInteger(!database() || database()->tilemode()); },
-                      [](const VariableValue& value) { return showModelTab(value.integer != 0); }});
+    ed::bindSwitch(
+        L"TILEMODE", [] { return !database() || database()->tilemode(); }, showModelTab);
     ed::bindVariable(L"CTAB", RTSTR,
                      {[] { return VariableValue::ofText(nameOfTab()); },
                       [](const VariableValue& value) { return showTab(value.text); }});
@@ -157,5 +160,5 @@ void bindTabs()
                       }});
 }
 
-[[maybe_unused]] const bool allBound = (bindExtents(), bindPlaces(), bindTabs(), true);
+[[maybe_unused]] const bool allBound = (bindExtents(), bindPlaces(), bindCurrentSystem(), bindTabs(), true);
 } // namespace

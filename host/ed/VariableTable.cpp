@@ -266,6 +266,15 @@ void bindVariable(const std::wstring& name, short type, BoundVariable bound)
     boundOnes()[name] = {std::move(bound), type};
 }
 
+void bindSwitch(const std::wstring& name, std::function<bool()> read, std::function<bool(bool)> write)
+{
+    bindVariable(name, RTSHORT,
+                 {[read = std::move(read)] { return VariableValue::ofInteger(read()); },
+                  [write = std::move(write)](const VariableValue& value) {
+                      return (value.integer == 0 || value.integer == 1) && write(value.integer == 1);
+                  }});
+}
+
 const BoundVariable* boundVariable(const std::wstring& name)
 {
     const auto found = boundOnes().find(name);

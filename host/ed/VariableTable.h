@@ -39,5 +39,7 @@ struct BoundVariable {
 };
 /// Says who keeps a variable; the last one said holds. The variable need not be in the table: `type` is its type then.
 void bindVariable(const std::wstring& name, short type, BoundVariable bound);
+/// A variable of 0 and 1.
+void bindSwitch(const std::wstring& name, std::function<bool()> read, std::function<bool(bool on)> write);
 const BoundVariable* boundVariable(const std::wstring& name);
 } // namespace ed

@@ -71,32 +71,25 @@ void bindNumbers()
              [](const DisplayView& view) { return VariableValue::ofInteger(viewMode(view)); });
 }
 
-/// A flag of the view that may be switched.
-void bindFlag(const wchar_t* name, bool DisplayView::*flag)
+bool changeView(bool DisplayView::*flag, bool on)
 {
-    ed::bindVariable(name, RTSHORT,
-                     {[=] { return VariableValue::ofInteger(activeView().*flag); },
-                      [=](const VariableValue& value) {
-                          if (value.integer != 0 && value.integer != 1) return false;
-                          DisplayView view = activeView();
-                          view.*flag = value.integer != 0;
-                          return setView(ed::activeViewport(), view) == Acad::eOk;
-                      }});
+    DisplayView view = activeView();
+    view.*flag = on;
+    return setView(ed::activeViewport(), view) == Acad::eOk;
 }
 
-/// UCSFOLLOW shows the plan at once.
-void bindFollow()
+void bindSwitches()
 {
-    bindFlag(L"PERSPECTIVE", &DisplayView::isPerspective);
-    ed::bindVariable(L"UCSFOLLOW", RTSHORT,
-                     {[] { return VariableValue::ofInteger(activeView().followsUcs); },
-                      [](const VariableValue& value) {
-                          DisplayView view = activeView();
-                          view.followsUcs = value.integer != 0;
-                          if (setView(ed::activeViewport(), view) != Acad::eOk) return false;
-                          return value.integer == 0 || ed::showPlan(ed::ucsToWorld()) == Acad::eOk;
-                      }});
+    ed::bindSwitch(
+        L"PERSPECTIVE", [] { return activeView().isPerspective; },
+        [](bool on) { return changeView(&DisplayView::isPerspective, on); });
+    ed::bindSwitch(
+        L"UCSFOLLOW", [] { return activeView().followsUcs; },
+        [](bool on) {
+            if (!changeView(&DisplayView::followsUcs, on)) return false;
+            return !on || ed::showPlan(ed::ucsToWorld()) == Acad::eOk; // the plan is shown at once
+        });
 }
 
-[[maybe_unused]] const bool allBound = (bindPoints(), bindNumbers(), bindFollow(), true);
+[[maybe_unused]] const bool allBound = (bindPoints(), bindNumbers(), bindSwitches(), true);
 } // namespace

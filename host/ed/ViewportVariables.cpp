@@ -82,31 +82,20 @@ Settings activeSettings()
     return window ? read(*window) : read(AcDbViewport());
 }
 
-template <class Keeper>
-bool writeTo(AcDbObjectId id, const Settings& settings)
-{
-    ed::EditedObject<Keeper> keeper(id);
-    if (keeper.status() == Acad::eOk) write(settings, *keeper);
-    return keeper.status() == Acad::eOk;
-}
-
 bool writeActive(const Settings& settings)
 {
-    const Viewport active = ed::activeViewport();
-    if (active.kind == ed::ViewportKind::tile) return writeTo<AcDbViewportTableRecord>(active.id, settings);
-    return writeTo<AcDbViewport>(active.id, settings);
+    return editViewport(ed::activeViewport(), [&](auto& keeper) { write(settings, keeper); }) == Acad::eOk;
 }
 
 void bindFlag(const wchar_t* name, bool Settings::*flag)
 {
-    ed::bindVariable(name, RTSHORT,
-                     {[=] { return VariableValue::ofInteger(activeSettings().*flag); },
-                      [=](const VariableValue& value) {
-                          if (value.integer != 0 && value.integer != 1) return false;
-                          Settings settings = activeSettings();
-                          settings.*flag = value.integer != 0;
-                          return writeActive(settings);
-                      }});
+    ed::bindSwitch(
+        name, [=] { return activeSettings().*flag; },
+        [=](bool on) {
+            Settings settings = activeSettings();
+            settings.*flag = on;
+            return writeActive(settings);
+        });
 }
 
 /// `least` is that of both coordinates.

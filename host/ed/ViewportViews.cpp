@@ -79,14 +79,6 @@ void write(const DisplayView& view, AcDbViewport& window)
     view.followsUcs ? window.setUcsFollowModeOn() : window.setUcsFollowModeOff();
 }
 
-template <class Keeper>
-Acad::ErrorStatus writeTo(AcDbObjectId id, const DisplayView& view)
-{
-    EditedObject<Keeper> keeper(id);
-    if (keeper.status() == Acad::eOk) write(view, *keeper);
-    return keeper.status();
-}
-
 /// The whole sheet, which lies between the limits of the layout.
 DisplayView viewOfSheet()
 {
@@ -141,7 +133,7 @@ DisplayView viewOf(const Viewport& viewport)
 Acad::ErrorStatus setView(const Viewport& viewport, const DisplayView& view)
 {
     if (!isPossible(view)) return Acad::eInvalidInput;
-    if (viewport.kind == ViewportKind::tile) return writeTo<AcDbViewportTableRecord>(viewport.id, view);
-    return viewport.id.isNull() ? addSheet(view) : writeTo<AcDbViewport>(viewport.id, view);
+    const bool isUnmade = viewport.kind == ViewportKind::sheet && viewport.id.isNull();
+    return isUnmade ? addSheet(view) : editViewport(viewport, [&](auto& keeper) { write(view, keeper); });
 }
 } // namespace ed
