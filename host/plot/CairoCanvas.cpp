@@ -186,17 +186,28 @@ void CairoCanvas::segments(const std::vector<kernel::HatchPiece>& lines, const P
 {
     if (mTransforms.empty()) return;
     setPen(pen);
-    // One path for each line would be a large file; one for all would be slow to fill.
-    constexpr std::size_t batch = 256;
+    const std::size_t batch = mFile.linesAtOnce();
     std::size_t count = 0;
     for (const kernel::HatchPiece& line : lines) {
-        for (const Points& part : clipLine(toDevice({line.start, line.end}), mBox)) {
-            cairo_new_sub_path(mFile.context());
-            addPath(mFile.context(), part);
-        }
+        addSegment(line);
         if (++count % batch == 0) cairo_stroke(mFile.context());
     }
     cairo_stroke(mFile.context());
+}
+
+void CairoCanvas::addSegment(const kernel::HatchPiece& line) const
+{
+    const AcGePoint2d start = mTransforms.back() * line.start, end = mTransforms.back() * line.end;
+    // The most lie inside, and need no lists of points.
+    if (isInside(start, mBox) && isInside(end, mBox)) {
+        cairo_move_to(mFile.context(), start.x, start.y);
+        cairo_line_to(mFile.context(), end.x, end.y);
+        return;
+    }
+    for (const Points& part : clipLine(toDevice({line.start, line.end}), mBox)) {
+        cairo_new_sub_path(mFile.context());
+        addPath(mFile.context(), part);
+    }
 }
 
 void CairoCanvas::dots(const Points& points, const Pen& pen)

@@ -31,6 +31,7 @@ private:
     void setPen(const Pen& pen) const;
     void setPaint(const Paint& paint) const;
     void addLoops(const Loops& loops, FillRule rule) const;
+    void addSegment(const kernel::HatchPiece& line) const;
     void strokeLine(const Points& line, bool isClosed) const;
     void strokeDots(const Points& devicePoints) const;
     DashOptions dashOptions(const Stroke& stroke, const Pen& pen) const;

@@ -6,11 +6,6 @@ namespace plot
 {
 namespace
 {
-bool isInside(const AcGePoint2d& p, const DeviceBox& box)
-{
-    return p.x >= box.left && p.x <= box.right && p.y >= box.bottom && p.y <= box.top;
-}
-
 /// The part [from, to] of a segment inside the box.
 struct Part {
     double from = 0, to = 1;

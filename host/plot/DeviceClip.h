@@ -10,6 +10,12 @@ struct DeviceBox {
     double left = 0, bottom = 0, right = 0, top = 0;
 };
 
+/// Whether a point lies in the box, edges included; false for one that is not a number.
+inline bool isInside(const AcGePoint2d& p, const DeviceBox& box)
+{
+    return p.x >= box.left && p.x <= box.right && p.y >= box.bottom && p.y <= box.top;
+}
+
 /// The parts of a line inside the box; a line that is inside as a whole comes back as it is.
 std::vector<Points> clipLine(const Points& line, const DeviceBox& box);
 

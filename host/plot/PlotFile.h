@@ -35,6 +35,9 @@ public:
     double height() const { return mHeight; }
     /// The thinnest line, in device units.
     double thinnest() const { return mFormat == PlotFormat::png ? 1 : 0.25; }
+    /// How many lines one path takes: in a picture few, since the rows between them are walked for each path; in
+    /// other files many, since each path has a head there.
+    std::size_t linesAtOnce() const { return mFormat == PlotFormat::png ? 16 : 256; }
 
 private:
     PlotStatus open();
