@@ -3,6 +3,7 @@
 #include "BoxTree.h"
 #include "dbentity.h"
 #include "FlatImage.h"
+#include "gearc3d.h"
 #include "geblok3d.h"
 #include "gecint3d.h"
 #include "gecurv3d.h"
@@ -72,12 +73,15 @@ public:
     Intersection(const std::vector<Piece>& first, const std::vector<Piece>& second, const AcGePlane* plane)
         : mFirst(first), mSecond(second), mPlane(plane)
     {
-        double size = 0.0;
+        double size = 0.0, widest = 0.0;
         for (const std::vector<Piece>* pieces : {&first, &second}) {
-            for (const Piece& piece : *pieces)
+            for (const Piece& piece : *pieces) {
                 size = std::max(size, magnitude(piece));
+                widest = std::max(widest, radius(piece));
+            }
         }
         mTol.setEqualPoint(onCurveTolerance({size, 0.0, 0.0}));
+        mSame = 2.0 * onCurveTolerance({size + widest, 0.0, 0.0});
     }
 
     void find(AcGePoint3dArray& points)
@@ -101,6 +105,12 @@ private:
         return size < 1e99 ? size : 0.0;
     }
 
+    static double radius(const Piece& piece)
+    {
+        const AcGeCurve3d& curve = piece.seen();
+        return curve.type() == AcGe::kCircArc3d ? static_cast<const AcGeCircArc3d&>(curve).radius() : 0.0;
+    }
+
     void meetAll()
     {
         for (std::size_t i = 0; i < mFirst.size(); ++i) {
@@ -118,14 +128,13 @@ private:
             boxes.push_back(piece.flatBox(0.0));
         const kernel::BoxTree tree(boxes);
         for (std::size_t i = 0; i < few.size(); ++i) {
-            tree.eachIn(few[i].flatBox(mTol.equalPoint()),
-                        [&](int j) { meetPair(i, static_cast<std::size_t>(j)); });
+            tree.eachIn(few[i].flatBox(mSame), [&](int j) { meetPair(i, static_cast<std::size_t>(j)); });
         }
     }
 
     void meet(std::size_t i, std::size_t j)
     {
-        if (!mFirst[i].meets(mSecond[j], mTol.equalPoint())) return;
+        if (!mFirst[i].meets(mSecond[j], mSame)) return;
         const AcGeCurve3d& first = mFirst[i].seen();
         const AcGeCurveCurveInt3d found(first, mSecond[j].seen(), AcGeVector3d::kIdentity, mTol);
         for (int k = 0; k < found.numIntPoints(); ++k) {
@@ -157,12 +166,11 @@ private:
             return a.piece != b.piece ? a.piece < b.piece : a.param < b.param;
         });
         std::multimap<double, AcGePoint3d> taken;
-        const double same = 2.0 * mTol.equalPoint();
         for (const Hit& hit : mHits) {
-            const auto end = taken.upper_bound(hit.point.x + same);
-            const bool known = std::any_of(taken.lower_bound(hit.point.x - same), end, [&](const auto& item) {
-                return item.second.distanceTo(hit.point) <= same;
-            });
+            const auto end = taken.upper_bound(hit.point.x + mSame);
+            const bool known =
+                std::any_of(taken.lower_bound(hit.point.x - mSame), end,
+                            [&](const auto& item) { return item.second.distanceTo(hit.point) <= mSame; });
             if (known) continue;
             taken.emplace(hit.point.x, hit.point);
             points.append(onFirst(hit));
@@ -179,6 +187,7 @@ private:
     const std::vector<Piece>& mSecond;
     const AcGePlane* mPlane;
     AcGeTol mTol = AcGeContext::gTol;
+    double mSame = 0.0; ///< places closer than this are one: arcs of large radii are rounded at it
     std::vector<Hit> mHits;
 };
 

@@ -2,26 +2,40 @@
 
 AcDbStub* StubTable::find(std::uint64_t handle) const
 {
-    const std::uint64_t key = handle >> pageBits;
-    if (key != mCachedKey) {
-        const auto page = mPages.find(key);
-        if (page == mPages.end()) return nullptr;
-        mCachedKey = key;
-        mCachedPage = page->second.get();
+    const Page* page = findPage(handle >> pageBits);
+    return page ? (*page)[handle & (pageSize - 1)] : nullptr;
+}
+
+StubTable::Page* StubTable::findPage(std::uint64_t key) const
+{
+    if (key < nearPages) return key < mNear.size() ? mNear[key] : nullptr;
+    if (key != mFarKey) {
+        const auto page = mFar.find(key);
+        if (page == mFar.end()) return nullptr;
+        mFarKey = key;
+        mFarPage = page->second;
     }
-    return (*mCachedPage)[handle & (mCachedPage->size() - 1)];
+    return mFarPage;
 }
 
 AcDbStub*& StubTable::slot(std::uint64_t handle)
 {
     const std::uint64_t key = handle >> pageBits;
-    if (key != mCachedKey) {
-        std::unique_ptr<Page>& page = mPages[key];
-        if (!page) page = std::make_unique<Page>(Page{});
-        mCachedKey = key;
-        mCachedPage = page.get();
+    Page* page = findPage(key);
+    if (!page) page = &addPage(key);
+    return (*page)[handle & (pageSize - 1)];
+}
+
+StubTable::Page& StubTable::addPage(std::uint64_t key)
+{
+    if (key < nearPages && key >= mNear.size()) mNear.resize(key + 1);
+    if (mFreePages == 0) {
+        mBlocks.push_back(std::make_unique<Page[]>(blockPages));
+        mFreePages = blockPages;
     }
-    return (*mCachedPage)[handle & (mCachedPage->size() - 1)];
+    Page*& page = key < nearPages ? mNear[key] : mFar[key];
+    page = &mBlocks.back()[blockPages - mFreePages--];
+    return *page;
 }
 
 AcDbStub* StubTable::obtain(std::uint64_t handle)

@@ -11,7 +11,8 @@
 #include <vector>
 
 /// Handles of one drawing are given out in rows, so the table keeps pages of neighbours: the page is found by the
-/// upper bits of the handle, the stub by the lower ones.
+/// upper bits of the handle, the stub by the lower ones. Pages of the handles that most drawings have lie in a row
+/// themselves; those of handles beyond, which damaged files may scatter over 64 bits, in a hash table.
 class StubTable
 {
 public:
@@ -46,15 +47,25 @@ public:
 
 private:
     static constexpr unsigned pageBits = 6;
-    using Page = std::array<AcDbStub*, std::size_t(1) << pageBits>;
+    static constexpr std::size_t pageSize = std::size_t(1) << pageBits;
+    /// The row of pages takes 2 MiB at the most, for handles up to 16 million.
+    static constexpr std::size_t nearPages = std::size_t(1) << 18;
+    using Page = std::array<AcDbStub*, pageSize>;
+    /// Pages are made in blocks, so that those that are searched together lie on few pages of memory.
+    static constexpr std::size_t blockPages = 32;
 
+    Page* findPage(std::uint64_t key) const;
+    Page& addPage(std::uint64_t key);
     AcDbStub*& slot(std::uint64_t handle);
 
     AcDbDatabase* mDatabase;
     std::deque<AcDbStub> mStubs;
-    std::unordered_map<std::uint64_t, std::unique_ptr<Page>> mPages;
-    mutable std::uint64_t mCachedKey = ~std::uint64_t(0);
-    mutable Page* mCachedPage = nullptr;
+    std::vector<std::unique_ptr<Page[]>> mBlocks;
+    std::size_t mFreePages = 0; ///< of the last block
+    std::vector<Page*> mNear;
+    std::unordered_map<std::uint64_t, Page*> mFar;
+    mutable std::uint64_t mFarKey = ~std::uint64_t(0); ///< of the last page found there
+    mutable Page* mFarPage = nullptr;
     std::vector<AcDbStub*> mPending;
     std::uint64_t mNextHandle = 1;
 };

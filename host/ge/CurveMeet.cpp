@@ -9,6 +9,11 @@ namespace gecore
 {
 namespace
 {
+double withRounding(const CurveForm& first, const CurveForm& second, double tol)
+{
+    return std::max(tol, roundingOf(first) + roundingOf(second));
+}
+
 bool isBareAnalytic(const CurveForm& form)
 {
     return form.kind == FormKind::kLine || isCircle(form);
@@ -61,6 +66,8 @@ Meetings meetChain(const CurveForm& chain, const CurveForm& other, double tol)
 bool sameContact(const CurveForm& first, const CurveForm& second, const Meeting& a, const Meeting& b,
                  double tol)
 {
+    // The same place, found twice.
+    if (a.point.distanceTo(b.point) <= tol) return true;
     const double near = 4 * tol;
     if (a.point.distanceTo(b.point) > 1e-2 * (1 + a.point.asVector().length())) return false;
     for (int i = 1; i <= 3; ++i) {
@@ -115,8 +122,22 @@ void tidyOverlaps(const CurveForm& first, const CurveForm& second, double tol, M
 }
 } // namespace
 
+double roundingOf(const CurveForm& form)
+{
+    double most = 0;
+    if (form.kind == FormKind::kChain) {
+        for (const ChainLink& link : *form.chain)
+            most = std::max(most, roundingOf(link.form));
+    } else if (form.kind == FormKind::kConic) {
+        const double size = form.origin.asVector().length() + std::max(form.u.length(), form.v.length());
+        most = 4 * std::numeric_limits<double>::epsilon() * size;
+    }
+    return most;
+}
+
 void tidy(const CurveForm& first, const CurveForm& second, double tol, Meetings& meetings)
 {
+    tol = withRounding(first, second, tol);
     if (meetings.overlaps.size() > 1) tidyOverlaps(first, second, tol, meetings);
     auto& points = meetings.points;
     for (std::size_t i = 0; i < points.size(); ++i) {
@@ -145,6 +166,7 @@ Meetings meet(const CurveForm& first, const CurveForm& second, double tol)
     if (first.kind == FormKind::kChain) return meetChain(first, second, tol);
     if (second.kind == FormKind::kChain) return swapped(meetChain(second, first, tol), first, tol, second);
     if (!isFinite(first) || !isFinite(second)) return {};
+    tol = withRounding(first, second, tol);
     if (isBareAnalytic(first) && isBareAnalytic(second)) {
         const bool line = first.kind == FormKind::kLine, otherLine = second.kind == FormKind::kLine;
         if (line && otherLine) return meetLines(first, second, tol);

@@ -56,9 +56,14 @@ struct Meetings {
     ShortList<Overlap, 2> overlaps;
 };
 
-/// Where the curves are within `tol` of each other. A contact that stays within tol over a stretch (near a
-/// tangency) is one meeting. Lines and circles by closed forms, without allocation; ellipses and splines by
-/// bounds on halved spans, so that no meeting is missed, refined by Newton's method.
+/// How far the points of a curve may be off by rounding, in drawing units. A flat arc's centre lies far away:
+/// the points are sums of numbers as large as its radius, at angles that are rounded too.
+double roundingOf(const CurveForm& form);
+
+/// Where the curves are within `tol` of each other, or within their rounding where that is wider. A contact
+/// that stays within tol over a stretch (near a tangency) is one meeting. Lines and circles by closed forms,
+/// without allocation; ellipses and splines by bounds on halved spans, so that no meeting is missed, refined
+/// by Newton's method.
 Meetings meet(const CurveForm& first, const CurveForm& second, double tol);
 
 /// The closed forms, for two bare lines and circles; and the search, for bounded forms that are no chains.
@@ -67,6 +72,6 @@ Meetings meetLineCircle(const CurveForm& line, const CurveForm& circle, double t
 Meetings meetCircles(const CurveForm& first, const CurveForm& second, double tol);
 Meetings searchMeetings(const CurveForm& first, const CurveForm& second, double tol);
 
-/// Sorts by s and makes one of those that are the same contact.
+/// Sorts by s and makes one of those that are the same contact, within `tol` or rounding.
 void tidy(const CurveForm& first, const CurveForm& second, double tol, Meetings& meetings);
 } // namespace gecore

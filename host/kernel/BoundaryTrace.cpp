@@ -31,6 +31,14 @@ public:
     }
 
     const std::vector<Strand>& strands() const { return mStrands; }
+    std::vector<Strand> strandsOf(const TraceWindow& window) const
+    {
+        std::vector<Strand> some;
+        some.reserve(window.strands.size());
+        for (const int i : window.strands)
+            some.push_back(mStrands[static_cast<std::size_t>(i)]);
+        return some;
+    }
     std::vector<Strand> takeStrands() { return std::move(mStrands); }
     double tolerance() const { return mTol; }
     double reach() const { return mReach.diagonal(); }
@@ -89,6 +97,29 @@ TraceLoop loopOf(Arrangement& plane, const Cycle& cycle, int depth, const Input&
     return {piecesOf(plane, cycle, input), areaOf(runsOf(plane, cycle)), depth};
 }
 
+TraceResult resultOf(Arrangement& plane, const Enclosure& enclosure, const Input& input, IslandMode islands)
+{
+    TraceResult result;
+    result.status = TraceStatus::kOk;
+    result.loops.push_back(loopOf(plane, enclosure.outer, 0, input));
+    for (const Island& island : islandsIn(plane, enclosure, islands))
+        result.loops.push_back(loopOf(plane, island.cycle, island.depth, input));
+    return result;
+}
+
+/// The boundary that is found among the strands near the point; kOutside when the nearest windows have none.
+TraceResult tracedNear(const Input& input, const AcGePoint2d& pick, IslandMode islands)
+{
+    for (const TraceWindow& window : windowsAround(input.strands(), pick, input.tolerance())) {
+        Arrangement plane(input.strandsOf(window), input.tolerance());
+        const Enclosure enclosure = enclosureOf(plane, pick);
+        const bool isFound =
+            enclosure.status == TraceStatus::kOk && window.box.contains(flatBoxOf(plane, enclosure.outer));
+        if (isFound) return resultOf(plane, enclosure, input, islands);
+    }
+    return {};
+}
+
 /// The widest segment over a gap that a boundary needs.
 void reportGap(Arrangement& plane, const Cycle& outer, TraceResult& result)
 {
@@ -134,14 +165,13 @@ TraceResult traceBoundary(const std::vector<TraceCurve>& curves, const AcGePoint
     if (!areUsable(curves, pick)) return result;
     Input input(curves, pick, options.tolerance);
     if (options.gap > 0) input.addBridges(bridgesOver(input.strands(), input.tolerance(), options.gap));
+    const TraceResult near = tracedNear(input, pick, options.islands);
+    if (near.status == TraceStatus::kOk) return near;
     Arrangement plane(input.takeStrands(), input.tolerance());
     const Enclosure enclosure = enclosureOf(plane, pick);
+    if (enclosure.status == TraceStatus::kOk) return resultOf(plane, enclosure, input, options.islands);
+    if (enclosure.status == TraceStatus::kOutside) return explained(curves, pick, options);
     result.status = enclosure.status;
-    if (result.status == TraceStatus::kOutside) return explained(curves, pick, options);
-    if (result.status != TraceStatus::kOk) return result;
-    result.loops.push_back(loopOf(plane, enclosure.outer, 0, input));
-    for (const Island& island : islandsIn(plane, enclosure, options.islands))
-        result.loops.push_back(loopOf(plane, island.cycle, island.depth, input));
     return result;
 }
 } // namespace kernel

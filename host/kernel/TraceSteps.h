@@ -7,6 +7,16 @@
 
 namespace kernel
 {
+/// A square around the picked point and the strands that come into it, in their order. What they enclose
+/// within the square is what all strands enclose there.
+struct TraceWindow {
+    Box2 box;
+    std::vector<int> strands;
+};
+/// Windows from a few strands upwards, each with twice as many as the one before or more; without the whole.
+std::vector<TraceWindow> windowsAround(const std::vector<Strand>& strands, const AcGePoint2d& pick,
+                                       double tol);
+
 /// The outer boundary of the face that holds `pick`; an empty cycle with kOutside or kOnCurve when there is
 /// none.
 struct Enclosure {

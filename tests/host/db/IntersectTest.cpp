@@ -103,6 +103,16 @@ std::vector<Pair> allPairs()
                            line->transformBy(AcGeMatrix3d::planeToWorld(tiltedNormal));
                            return line;
                        }});
+    samples.push_back({"Polyline3d", [] {
+                           AcGePoint3dArray points;
+                           for (const AcGePoint3d& p : {AcGePoint3d(0, 5, 1), AcGePoint3d(5, 4, 1),
+                                                        AcGePoint3d(2, -1, 1), AcGePoint3d(-2, 2, 1)})
+                               points.append(p);
+                           auto polyline =
+                               std::make_unique<AcDb3dPolyline>(AcDb::k3dSimplePoly, points, true);
+                           polyline->transformBy(AcGeMatrix3d::planeToWorld(tiltedNormal));
+                           return polyline;
+                       }});
     std::vector<Pair> pairs;
     for (std::size_t i = 0; i < samples.size(); ++i) {
         for (std::size_t j = i; j < samples.size(); ++j)
@@ -196,6 +206,21 @@ TEST(Intersect, TouchingAndSharedPlacesAreFoundOnce)
     expectPoints(crossings(ending, circle), {{5, 0, 0}}, "line that ends on it");
     expectPoints(crossings(circle, across), {}, "line through the centre, along the axis");
     expectPoints(crossings(circle, circle), {}, "one and the same circle");
+}
+
+TEST(Intersect, FlatSegmentsOfPolylinesCountTheirJointsOnce)
+{
+    // Two arcs with a radius of 1e7 (a chord of 10, a bulge of 10 / 4e7) that join where a line passes.
+    AcDbPolyline path;
+    path.addVertexAt(0, {0, 0}, 2.5e-7);
+    path.addVertexAt(1, {10, 0}, -2.5e-7);
+    path.addVertexAt(2, {20, 0});
+    const AcDbLine joint({10, -5, 0}, {10, 5, 0}), ending({10, 0, 0}, {13, 5, 0});
+    for (const AcDbLine* line : {&joint, &ending}) {
+        const AcGePoint3dArray points = crossings(path, *line);
+        ASSERT_EQ(points.length(), 1);
+        EXPECT_LT(points[0].distanceTo({10, 0, 0}), 1e-7); // rounding: 4e-15 times the radius
+    }
 }
 
 TEST(Intersect, SharedStretchesGiveTheirEnds)

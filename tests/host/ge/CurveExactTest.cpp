@@ -61,6 +61,44 @@ TEST(Curves, AreasAreThoseOfTheirFigures)
         AcGePolyline3d(AcGePoint3dArray{{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {1, 1, 1}}).area(0, 3, area));
 }
 
+TEST(CurveIntersections, FlatArcsKeepTheirCrossings)
+{
+    for (const double radius : {1e5, 1e7, 1e9})
+        for (unsigned seed = 1; seed <= 200; ++seed) {
+            RandomCurves random(seed);
+            const AcGePoint2d a = random.point(), b = a + 3 * random.vector();
+            const AcGeVector2d chord = b - a;
+            const AcGeCircArc2d arc(a, b, (seed % 2 ? 1 : -1) * chord.length() / 4 / radius, false);
+            const double sweep = arc.endAng() - arc.startAng();
+            const AcGePoint2d p = arc.evalPoint(sweep * random.real(0.05, 0.95));
+            // Through a point of the arc, at 0.3 radians or more to it.
+            const AcGeVector2d u = chord.normal().rotateBy(random.real(0.3, kPi - 0.3)) * 3;
+            // Rounding of the centre, seen at that angle; the other arc's height over its chord.
+            const double off = std::max(1e-9, 1e-14 * radius) / std::sin(0.3),
+                         height = u.lengthSqrd() / radius;
+            const AcGeLineSeg2d across(p - u, p + u), ending(p, p + u);
+            const AcGeCircArc2d other(p - u, p + u, u.length() / 2 / radius, false);
+            for (const AcGeCurve2d* curve :
+                 {static_cast<const AcGeCurve2d*>(&across), static_cast<const AcGeCurve2d*>(&ending),
+                  static_cast<const AcGeCurve2d*>(&other)}) {
+                const AcGeCurveCurveInt2d found(arc, *curve);
+                ASSERT_EQ(found.numIntPoints(), 1) << radius << ' ' << seed;
+                EXPECT_LE(found.intPoint(0).distanceTo(p), off + 4 * height) << radius << ' ' << seed;
+            }
+        }
+}
+
+TEST(CurveIntersections, FlatArcsAndTheirChordsMeetAtBothEnds)
+{
+    const AcGePoint2d a(3, 4), b(11, 10); // 10 apart: 1.25e-6 below the arc's middle
+    const AcGeCircArc2d arc(a, b, 2.5e-7, false);
+    const AcGeCurveCurveInt2d found(arc, AcGeLineSeg2d(a + (a - b), b + (b - a)));
+    ASSERT_EQ(found.numIntPoints(), 2);
+    // A difference of 1e-8 at the slope of 5e-7 radians that they cross at.
+    EXPECT_LE(found.intPoint(0).distanceTo(a), 0.02);
+    EXPECT_LE(found.intPoint(1).distanceTo(b), 0.02);
+}
+
 TEST(AcGeCircArc2d, ThreePointsAndBulgesGiveTheSameArc)
 {
     for (unsigned seed = 1; seed <= 50; ++seed) {

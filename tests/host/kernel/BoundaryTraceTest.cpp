@@ -80,13 +80,14 @@ std::vector<AcGePoint2d> clipped(const std::vector<AcGePoint2d>& polygon, const 
 TEST(BoundaryTrace, LinesThroughTheBoxLeaveTheConvexCell)
 {
     // Lines all through a box: the face of a point is what half-planes leave of the box.
+    // With many lines only those near the point are looked at.
     for (unsigned seed = 0; seed < 60; ++seed) {
         RandomShapes shapes(seed);
         Drawing drawing;
         drawing.box(-10, -10, 10, 10);
         const AcGePoint2d pick(shapes.real(-9, 9), shapes.real(-9, 9));
         std::vector<AcGePoint2d> cell{{-10, -10}, {10, -10}, {10, 10}, {-10, 10}};
-        for (int i = 0; i < 40; ++i) {
+        for (int i = 0; i < (seed % 3 ? 40 : 1000); ++i) {
             const AcGePoint2d a(shapes.real(-10, 10), shapes.real(-10, 10));
             const AcGeVector2d u = AcGeVector2d(30, 0).rotateBy(shapes.real(0, 2 * kPi));
             drawing.add(AcGeLineSeg2d(a - u, a + u));
@@ -330,4 +331,23 @@ TEST(BoundaryTrace, UnboundedLinesBound)
     drawing.add(AcGeLine2d({0, 0}, AcGeVector2d(1, 0))).add(AcGeLine2d({0, 0}, AcGeVector2d(0, 1)));
     drawing.line(4, -1, -1, 4);
     EXPECT_NEAR(drawing.trace(1, 1).loops[0].area, 4.5, 1e-9);
+}
+
+TEST(BoundaryTrace, HallAmongManySmallThingsIsFoundWithWhatIsInIt)
+{
+    // A hall of 200 by 100 with a column in it, between small boxes that enclose nothing of it; the nearest
+    // hundreds of curves are a dense grating beside the point.
+    Drawing drawing;
+    drawing.box(0, 0, 200, 100).circle(150, 50, 5);
+    for (int i = 0; i < 300; ++i)
+        drawing.line(60 + i * 0.1, 20, 60 + i * 0.1, 80);
+    for (int i = 0; i < 200; ++i)
+        drawing.box(-10 - 3 * i, -5, -8 - 3 * i, -3).box(210 + 3 * i, 5, 212 + 3 * i, 7);
+    const TraceResult result = drawing.trace(59, 50);
+    ASSERT_EQ(result.status, TraceStatus::kOk);
+    ASSERT_EQ(result.loops.size(), 2u);
+    EXPECT_NEAR(result.loops[0].area, 200 * 100, 1e-6);
+    EXPECT_NEAR(result.loops[1].area, -25 * 3.14159265358979, 1e-9);
+    // Beside the hall, where there is no boundary.
+    EXPECT_EQ(drawing.trace(100, 105).status, TraceStatus::kOutside);
 }
