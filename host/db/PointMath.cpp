@@ -13,9 +13,15 @@ namespace
 {
 constexpr double fullTurn = 6.28318530717958647692;
 
-AcGePoint3d pointOf(const ads_point point) { return {point[X], point[Y], point[Z]}; }
+AcGePoint3d pointOf(const ads_point point)
+{
+    return {point[X], point[Y], point[Z]};
+}
 
-bool isFinite(const AcGePoint3d& p) { return std::isfinite(p.x + p.y + p.z); }
+bool isFinite(const AcGePoint3d& p)
+{
+    return std::isfinite(p.x + p.y + p.z);
+}
 
 std::unique_ptr<AcGeLinearEnt3d> linear(const AcGePoint3d& from, const AcGePoint3d& to, bool segment)
 {
@@ -32,20 +38,25 @@ ads_real acutAngle(const ads_point from, const ads_point to)
     return turned < fullTurn ? turned : 0.0;
 }
 
-ads_real acutDistance(const ads_point from, const ads_point to) { return pointOf(from).distanceTo(pointOf(to)); }
+ads_real acutDistance(const ads_point from, const ads_point to)
+{
+    return pointOf(from).distanceTo(pointOf(to));
+}
 
 void acutPolar(const ads_point from, ads_real angle, ads_real distance, ads_point result)
 {
-    const ads_point at = {from[X] + distance * std::cos(angle), from[Y] + distance * std::sin(angle), from[Z]};
+    const ads_point at = {from[X] + distance * std::cos(angle), from[Y] + distance * std::sin(angle),
+                          from[Z]};
     ads_point_set(at, result);
 }
 
-int acdbInters(const ads_point from1, const ads_point to1, const ads_point from2, const ads_point to2, int onSegments,
-               ads_point result)
+int acdbInters(const ads_point from1, const ads_point to1, const ads_point from2, const ads_point to2,
+               int onSegments, ads_point result)
 {
     if (!from1 || !to1 || !from2 || !to2 || !result) return RTERROR;
     const AcGePoint3d p1 = pointOf(from1), p2 = pointOf(to1), q1 = pointOf(from2), q2 = pointOf(to2);
-    if (!isFinite(p1) || !isFinite(p2) || !isFinite(q1) || !isFinite(q2) || p1 == p2 || q1 == q2) return RTERROR;
+    if (!isFinite(p1) || !isFinite(p2) || !isFinite(q1) || !isFinite(q2) || p1 == p2 || q1 == q2)
+        return RTERROR;
     // What a coordinate of that size can still tell apart.
     const double size = std::max({1.0, p1.distanceTo(p2), q1.distanceTo(q2), p1.distanceTo(q1)});
     AcGeTol tol = AcGeContext::gTol;
@@ -53,6 +64,7 @@ int acdbInters(const ads_point from1, const ads_point to1, const ads_point from2
     AcGePoint3d met;
     const bool segments = onSegments != 0;
     if (!linear(p1, p2, segments)->intersectWith(*linear(q1, q2, segments), met, tol)) return RTERROR;
-    for (const int axis : {X, Y, Z}) result[axis] = met[static_cast<unsigned>(axis)];
+    for (const int axis : {X, Y, Z})
+        result[axis] = met[static_cast<unsigned>(axis)];
     return RTNORM;
 }

@@ -1,9 +1,9 @@
 /// Texts of numbers as the working drawing writes them.
 
-#include "DatabaseState.h"
-#include "UnitsRead.h"
 #include "acdbunits.h"
+#include "DatabaseState.h"
 #include "dbmain.h"
+#include "UnitsRead.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +17,10 @@ using units::Linear;
 constexpr double pi = 3.14159265358979323846;
 constexpr int surveyors = 4;
 
-AcDbDatabase* drawing() { return acdbHostApplicationServices()->workingDatabase(); }
+AcDbDatabase* drawing()
+{
+    return acdbHostApplicationServices()->workingDatabase();
+}
 
 double withinTurn(double angle)
 {
@@ -43,7 +46,10 @@ std::wstring asTyped(std::wstring text)
     return text;
 }
 
-int unitOr(int unit, int current) { return unit == -1 ? current : unit; }
+int unitOr(int unit, int current)
+{
+    return unit == -1 ? current : unit;
+}
 
 int dimzin(const AcDbDatabase* db)
 {
@@ -63,7 +69,8 @@ units::AngularFormat angularFormat(const AcDbDatabase* db, int unit, int precisi
 std::wstring plainAngle(double angle, const units::AngularFormat& format)
 {
     std::wstring text = units::angleText(angle, format);
-    if (text == units::angleText(2 * pi, format)) text = units::angleText(0.0, format); // rounded to a whole turn
+    if (text == units::angleText(2 * pi, format))
+        text = units::angleText(0.0, format); // rounded to a whole turn
     const std::size_t sign = text.find(L'\u00B0');
     if (sign == std::wstring::npos) return text;
     if (format.unit == Angular::degrees)
@@ -106,12 +113,14 @@ int acdbAngToS(ads_real angle, int unit, int precision, ACHAR* text, std::size_t
     const AcDbDatabase* db = drawing();
     const int wanted = unitOr(unit, db ? db->aunits() : 0);
     if (!text || !std::isfinite(angle) || wanted < 0 || wanted > surveyors) return RTERROR;
-    const units::AngularFormat format = angularFormat(db, wanted, precision < 0 && db ? db->auprec() : precision);
+    const units::AngularFormat format =
+        angularFormat(db, wanted, precision < 0 && db ? db->auprec() : precision);
     double turned = angle - (db ? db->angbase() : 0.0);
     if (db && db->angdir()) turned = -turned;
     turned = withinTurn(turned);
     const bool joined = db && db->unitmode() == 1;
-    const std::wstring shown = wanted == surveyors ? bearingText(turned, format, joined) : plainAngle(turned, format);
+    const std::wstring shown =
+        wanted == surveyors ? bearingText(turned, format, joined) : plainAngle(turned, format);
     return handOut(shown, text, size) ? RTNORM : RTERROR;
 }
 

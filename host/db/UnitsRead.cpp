@@ -11,7 +11,10 @@ using units::Linear;
 
 constexpr double pi = 3.14159265358979323846;
 
-bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+bool isDigit(wchar_t c)
+{
+    return c >= L'0' && c <= L'9';
+}
 
 /// Reads a text from the left.
 class Scanner
@@ -20,7 +23,10 @@ public:
     explicit Scanner(std::wstring_view text) : mText(text) {}
 
     bool atEnd() const { return mAt == mText.size(); }
-    wchar_t peek(std::size_t ahead = 0) const { return mAt + ahead < mText.size() ? mText[mAt + ahead] : L'\0'; }
+    wchar_t peek(std::size_t ahead = 0) const
+    {
+        return mAt + ahead < mText.size() ? mText[mAt + ahead] : L'\0';
+    }
     bool skip(wchar_t c)
     {
         if (peek() != c) return false;
@@ -57,7 +63,8 @@ public:
     {
         if (!isDigit(peek())) return std::nullopt;
         double value = 0.0;
-        for (; isDigit(peek()); ++mAt) value = value * 10.0 + (peek() - L'0');
+        for (; isDigit(peek()); ++mAt)
+            value = value * 10.0 + (peek() - L'0');
         return std::isfinite(value) ? std::optional(value) : std::nullopt;
     }
 
@@ -78,7 +85,8 @@ private:
     std::size_t digits()
     {
         const std::size_t start = mAt;
-        while (isDigit(peek())) ++mAt;
+        while (isDigit(peek()))
+            ++mAt;
         return mAt - start;
     }
     void skipExponent()
@@ -126,7 +134,9 @@ std::optional<double> inFeetAndInches(Scanner& text)
 std::optional<double> minutesAndSeconds(Scanner& text)
 {
     double degrees = 0.0;
-    const auto ends = [&] { return text.atEnd() || std::iswalpha(static_cast<wint_t>(text.peek())) || text.peek() == L' '; };
+    const auto ends = [&] {
+        return text.atEnd() || std::iswalpha(static_cast<wint_t>(text.peek())) || text.peek() == L' ';
+    };
     if (ends()) return degrees;
     const std::optional<double> minutes = text.number();
     if (!minutes) return std::nullopt;

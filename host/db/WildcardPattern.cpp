@@ -6,7 +6,10 @@
 
 namespace
 {
-bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+bool isDigit(wchar_t c)
+{
+    return c >= L'0' && c <= L'9';
+}
 
 /// Above ASCII everything is a letter but the blocks of signs and punctuation.
 bool isLetter(wchar_t c)
@@ -62,11 +65,16 @@ WildcardPattern::Element WildcardPattern::readElement(std::wstring_view pattern,
 {
     const wchar_t c = pattern[at++];
     switch (c) {
-    case L'#': return {Kind::digit, {}};
-    case L'@': return {Kind::letter, {}};
-    case L'.': return {Kind::other, {}};
-    case L'?': return {Kind::any, {}};
-    case L'*': return {Kind::run, {}};
+    case L'#':
+        return {Kind::digit, {}};
+    case L'@':
+        return {Kind::letter, {}};
+    case L'.':
+        return {Kind::other, {}};
+    case L'?':
+        return {Kind::any, {}};
+    case L'*':
+        return {Kind::run, {}};
     case L'[': {
         const std::size_t end = pattern.find(L']', at);
         if (end == std::wstring_view::npos) break;
@@ -77,7 +85,8 @@ WildcardPattern::Element WildcardPattern::readElement(std::wstring_view pattern,
     case L'`':
         if (at < pattern.size()) return {Kind::literal, std::wstring(1, pattern[at++])};
         break;
-    default: break;
+    default:
+        break;
     }
     return {Kind::literal, std::wstring(1, c)};
 }
@@ -85,17 +94,22 @@ WildcardPattern::Element WildcardPattern::readElement(std::wstring_view pattern,
 bool WildcardPattern::accepts(const Element& element, wchar_t c)
 {
     switch (element.kind) {
-    case Kind::digit: return isDigit(c);
-    case Kind::letter: return isLetter(c);
-    case Kind::other: return !isDigit(c) && !isLetter(c);
-    case Kind::any: return true;
+    case Kind::digit:
+        return isDigit(c);
+    case Kind::letter:
+        return isLetter(c);
+    case Kind::other:
+        return !isDigit(c) && !isLetter(c);
+    case Kind::any:
+        return true;
     case Kind::set: {
         bool found = false;
         for (std::size_t i = 0; i < element.characters.size(); i += 2)
             found = found || (element.characters[i] <= c && c <= element.characters[i + 1]);
         return found != element.negated;
     }
-    default: return element.characters[0] == c;
+    default:
+        return element.characters[0] == c;
     }
 }
 
@@ -118,7 +132,8 @@ bool WildcardPattern::matches(const std::vector<Element>& elements, std::wstring
             return false;
         }
     }
-    while (element < elements.size() && elements[element].kind == Kind::run) ++element;
+    while (element < elements.size() && elements[element].kind == Kind::run)
+        ++element;
     return element == elements.size();
 }
 

@@ -6,8 +6,9 @@
 #include <string_view>
 #include <vector>
 
-/// # a digit, @ a letter, . neither, ? any character, * any characters, [abc] [a-z] [~abc] one of or none of a set, ~ in
-/// front: all but the pattern, a comma between alternatives, ` before a character that stands for itself.
+/// # a digit, @ a letter, . neither, ? any character, * any characters, [abc] [a-z] [~abc] one of or none of
+/// a set, ~ in front: all but the pattern, a comma between alternatives, ` before a character that stands for
+/// itself.
 class WildcardPattern
 {
 public:

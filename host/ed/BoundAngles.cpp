@@ -1,11 +1,14 @@
 /// Variables of angles: files have degrees, variables radians.
 
-#include "VariableTable.h"
 #include "dbmain.h"
+#include "VariableTable.h"
 
 namespace
 {
-AcDbDatabase* drawing() { return acdbHostApplicationServices()->workingDatabase(); }
+AcDbDatabase* drawing()
+{
+    return acdbHostApplicationServices()->workingDatabase();
+}
 
 ed::BoundVariable angleBase()
 {

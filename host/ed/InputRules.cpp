@@ -1,7 +1,7 @@
 #include "InputRules.h"
 
-#include "HandOut.h"
 #include "acedinput.h"
+#include "HandOut.h"
 
 #include <utility>
 
@@ -22,11 +22,23 @@ std::wstring& last()
 
 namespace ed
 {
-InputRules takeInputRules() { return std::exchange(next(), {}); }
-void setInputRules(InputRules rules) { next() = std::move(rules); }
+InputRules takeInputRules()
+{
+    return std::exchange(next(), {});
+}
+void setInputRules(InputRules rules)
+{
+    next() = std::move(rules);
+}
 
-const std::wstring& lastInput() { return last(); }
-void setLastInput(std::wstring text) { last() = std::move(text); }
+const std::wstring& lastInput()
+{
+    return last();
+}
+void setLastInput(std::wstring text)
+{
+    last() = std::move(text);
+}
 
 int handOut(const std::wstring& from, ACHAR* text, std::size_t size)
 {
@@ -44,4 +56,7 @@ int acedInitGet(int bits, const ACHAR* keywords)
     return RTNORM;
 }
 
-int acedGetInput(ACHAR* text, std::size_t size) { return ed::handOut(ed::lastInput(), text, size); }
+int acedGetInput(ACHAR* text, std::size_t size)
+{
+    return ed::handOut(ed::lastInput(), text, size);
+}

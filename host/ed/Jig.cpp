@@ -1,13 +1,13 @@
 #include "dbjig.h"
 
+#include "acedinput.h"
 #include "CommandLine.h"
 #include "CurrentUcs.h"
+#include "dbmain.h"
+#include "dbobjptr.h"
 #include "HandOut.h"
 #include "PointAnswers.h"
 #include "ScreenRecord.h"
-#include "acedinput.h"
-#include "dbmain.h"
-#include "dbobjptr.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcEdJig, AcRxObject)
 
@@ -83,10 +83,14 @@ struct AcEdJig::State {
         moved = wasMove && reply.code == RTNORM;
         cancelled = reply.code == RTCAN;
         switch (reply.code) {
-        case RTNORM: return kNormal;
-        case RTNONE: return kNull;
-        case RTKWORD: break;
-        default: return kCancel;
+        case RTNORM:
+            return kNormal;
+        case RTNONE:
+            return kNull;
+        case RTKWORD:
+            break;
+        default:
+            return kCancel;
         }
         if (!reply.keyword || *reply.keyword >= mostKeywords) return kOther;
         return static_cast<DragStatus>(kKW1 + static_cast<int>(*reply.keyword));
@@ -99,7 +103,8 @@ struct AcEdJig::State {
         const DragStatus status = statusOf(reply, reply.moved);
         if (status != kNormal) return status;
         if (!(controls & kAccept3dCoordinates)) reply.point.z = ed::elevation();
-        if ((controls & kUseBasePointElevation) && asking.context.base) reply.point.z = asking.context.base->z;
+        if ((controls & kUseBasePointElevation) && asking.context.base)
+            reply.point.z = asking.context.base->z;
         if (!moved && !(controls & kDontUpdateLastPoint)) ed::setLastPoint(reply.point);
         value = ed::ucsToWorld() * reply.point;
         return status;
@@ -121,9 +126,18 @@ struct AcEdJig::State {
 AcEdJig::AcEdJig() : mState(std::make_unique<State>()) {}
 AcEdJig::~AcEdJig() = default;
 
-AcEdJig::DragStatus AcEdJig::sampler() { return kCancel; }
-Adesk::Boolean AcEdJig::update() { return Adesk::kFalse; }
-AcDbEntity* AcEdJig::entity() const { return nullptr; }
+AcEdJig::DragStatus AcEdJig::sampler()
+{
+    return kCancel;
+}
+Adesk::Boolean AcEdJig::update()
+{
+    return Adesk::kFalse;
+}
+AcDbEntity* AcEdJig::entity() const
+{
+    return nullptr;
+}
 
 void AcEdJig::show()
 {
@@ -158,22 +172,53 @@ AcDbObjectId AcEdJig::append()
     if (!added || !db) return AcDbObjectId::kNull;
     const AcDbObjectPointer<AcDbBlockTableRecord> space(db->currentSpaceId(), AcDb::kForWrite);
     AcDbObjectId id;
-    if (space.openStatus() != Acad::eOk || space->appendAcDbEntity(id, added) != Acad::eOk) return AcDbObjectId::kNull;
+    if (space.openStatus() != Acad::eOk || space->appendAcDbEntity(id, added) != Acad::eOk)
+        return AcDbObjectId::kNull;
     added->close();
     return id;
 }
 
-const ACHAR* AcEdJig::keywordList() { return mState->keywords.c_str(); }
-void AcEdJig::setKeywordList(const ACHAR* keywords) { mState->keywords = keywords ? keywords : L""; }
-const ACHAR* AcEdJig::dispPrompt() { return mState->prompt.c_str(); }
-void AcEdJig::keepPrompt(const CString& prompt) { mState->prompt = prompt.GetString(); }
-AcEdJig::CursorType AcEdJig::specialCursorType() { return mState->cursor; }
-void AcEdJig::setSpecialCursorType(CursorType type) { mState->cursor = type; }
-AcEdJig::UserInputControls AcEdJig::userInputControls() { return mState->controls; }
-void AcEdJig::setUserInputControls(UserInputControls controls) { mState->controls = controls; }
-AcEdDragStyle AcEdJig::dragStyle() const { return mState->style; }
+const ACHAR* AcEdJig::keywordList()
+{
+    return mState->keywords.c_str();
+}
+void AcEdJig::setKeywordList(const ACHAR* keywords)
+{
+    mState->keywords = keywords ? keywords : L"";
+}
+const ACHAR* AcEdJig::dispPrompt()
+{
+    return mState->prompt.c_str();
+}
+void AcEdJig::keepPrompt(const CString& prompt)
+{
+    mState->prompt = prompt.GetString();
+}
+AcEdJig::CursorType AcEdJig::specialCursorType()
+{
+    return mState->cursor;
+}
+void AcEdJig::setSpecialCursorType(CursorType type)
+{
+    mState->cursor = type;
+}
+AcEdJig::UserInputControls AcEdJig::userInputControls()
+{
+    return mState->controls;
+}
+void AcEdJig::setUserInputControls(UserInputControls controls)
+{
+    mState->controls = controls;
+}
+AcEdDragStyle AcEdJig::dragStyle() const
+{
+    return mState->style;
+}
 
-AcEdJig::DragStatus AcEdJig::acquirePoint(AcGePoint3d& value) { return mState->acquirePoint(value, nullptr); }
+AcEdJig::DragStatus AcEdJig::acquirePoint(AcGePoint3d& value)
+{
+    return mState->acquirePoint(value, nullptr);
+}
 AcEdJig::DragStatus AcEdJig::acquirePoint(AcGePoint3d& value, const AcGePoint3d& basePoint)
 {
     return mState->acquirePoint(value, &basePoint);

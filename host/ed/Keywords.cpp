@@ -52,7 +52,8 @@ KeywordList::KeywordList(std::wstring_view specification)
 KeywordList::Keyword KeywordList::keywordOf(std::wstring_view word)
 {
     const std::size_t comma = word.find(L',');
-    if (comma == std::wstring_view::npos || comma == 0) return {std::wstring(word), upperCase(capitalsOf(word))};
+    if (comma == std::wstring_view::npos || comma == 0)
+        return {std::wstring(word), upperCase(capitalsOf(word))};
     return {std::wstring(word.substr(0, comma)), upperCase(std::wstring(word.substr(comma + 1)))};
 }
 
@@ -64,7 +65,8 @@ bool KeywordList::Keyword::accepts(const std::wstring& typed) const
     const std::size_t at = whole.find(required);
     if (at == std::wstring::npos) return typed == whole;
     const bool fromCapitals = typed.size() >= required.size() && whole.compare(at, typed.size(), typed) == 0;
-    return fromCapitals || (typed.size() >= at + required.size() && whole.compare(0, typed.size(), typed) == 0);
+    return fromCapitals ||
+           (typed.size() >= at + required.size() && whole.compare(0, typed.size(), typed) == 0);
 }
 
 std::optional<std::size_t> KeywordList::find(const std::vector<Keyword>& keywords, std::wstring_view typed)

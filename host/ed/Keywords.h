@@ -9,9 +9,9 @@
 
 namespace ed
 {
-/// Keywords with a blank between. The capitals (and digits) of a keyword, or what stands behind a comma in "LTYPE,LT", must
-/// be typed; more of it may be. Behind an underscore follow the global keywords, one for each local one: they are what
-/// functions return, and may be typed with an underscore. Case does not matter.
+/// Keywords with a blank between. The capitals (and digits) of a keyword, or what stands behind a comma in
+/// "LTYPE,LT", must be typed; more of it may be. Behind an underscore follow the global keywords, one for
+/// each local one: they are what functions return, and may be typed with an underscore. Case does not matter.
 class KeywordList
 {
 public:

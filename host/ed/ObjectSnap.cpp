@@ -1,9 +1,9 @@
 #include "ObjectSnap.h"
 
+#include "acedinput.h"
 #include "CurrentUcs.h"
 #include "Keywords.h"
 #include "VariableStore.h"
-#include "acedinput.h"
 
 #include "dbblkref.h"
 #include "dblayer.h"
@@ -54,7 +54,8 @@ public:
     }
     ~SnapSearch()
     {
-        for (AcDbEntity* entity : mOpened) entity->close();
+        for (AcDbEntity* entity : mOpened)
+            entity->close();
     }
     SnapSearch(const SnapSearch&) = delete;
     SnapSearch& operator=(const SnapSearch&) = delete;
@@ -65,7 +66,8 @@ public:
         if (block.openStatus() != Acad::eOk) return;
         for (const AcDbObjectId id : block->entityIds()) {
             AcDbEntity* entity = nullptr;
-            if (mFound.size() >= mostUnderAperture || acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) continue;
+            if (mFound.size() >= mostUnderAperture || acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk)
+                continue;
             if (!isShown(*entity) || !mayBeNear(*entity)) {
                 entity->close();
                 continue;
@@ -77,7 +79,8 @@ public:
 
     std::optional<AcGePoint3d> find(int modes)
     {
-        for (const AcDbEntity* entity : mFound) gather(*entity, modes);
+        for (const AcDbEntity* entity : mFound)
+            gather(*entity, modes);
         if (modes & (snap::intersection | snap::apparent)) gatherCrossings();
         std::optional<AcGePoint3d> best = closest(mPoints);
         return best ? best : closest(mNearest);
@@ -117,7 +120,8 @@ private:
         if (!block || depth >= deepestBlock || entity.explode(pieces) != Acad::eOk) return;
         for (int i = 0; i < pieces.length(); ++i) {
             mExploded.emplace_back(static_cast<AcDbEntity*>(pieces[i]));
-            if (mFound.size() < mostUnderAperture && mayBeNear(*mExploded.back())) addPieces(*mExploded.back(), depth + 1);
+            if (mFound.size() < mostUnderAperture && mayBeNear(*mExploded.back()))
+                addPieces(*mExploded.back(), depth + 1);
         }
     }
 
@@ -132,17 +136,18 @@ private:
     bool isUnderAperture(const AcDbEntity& entity) const
     {
         const AcGePoint3dArray near = pointsOf(entity, AcDb::kOsModeNear);
-        return std::any_of(near.begin(), near.end(), [&](const AcGePoint3d& at) { return away(at) <= mRadius; });
+        return std::any_of(near.begin(), near.end(),
+                           [&](const AcGePoint3d& at) { return away(at) <= mRadius; });
     }
 
     void gather(const AcDbEntity& entity, int modes)
     {
         static constexpr std::pair<int, AcDb::OsnapMode> kinds[] = {
-            {snap::endPoint, AcDb::kOsModeEnd},      {snap::midPoint, AcDb::kOsModeMid},
-            {snap::center, AcDb::kOsModeCen},        {snap::node, AcDb::kOsModeNode},
-            {snap::quadrant, AcDb::kOsModeQuad},     {snap::insertion, AcDb::kOsModeIns},
+            {snap::endPoint, AcDb::kOsModeEnd},       {snap::midPoint, AcDb::kOsModeMid},
+            {snap::center, AcDb::kOsModeCen},         {snap::node, AcDb::kOsModeNode},
+            {snap::quadrant, AcDb::kOsModeQuad},      {snap::insertion, AcDb::kOsModeIns},
             {snap::perpendicular, AcDb::kOsModePerp}, {snap::tangent, AcDb::kOsModeTan},
-            {snap::nearest, AcDb::kOsModeNear},      {snap::geometricCenter, AcDb::kOsModeCentroid},
+            {snap::nearest, AcDb::kOsModeNear},       {snap::geometricCenter, AcDb::kOsModeCentroid},
         };
         const bool touched = isUnderAperture(entity);
         for (const auto& [bit, mode] : kinds) {
@@ -169,9 +174,9 @@ private:
 
     std::optional<AcGePoint3d> closest(const std::vector<AcGePoint3d>& points) const
     {
-        const auto best = std::min_element(points.begin(), points.end(), [&](const AcGePoint3d& a, const AcGePoint3d& b) {
-            return away(a) < away(b);
-        });
+        const auto best =
+            std::min_element(points.begin(), points.end(),
+                             [&](const AcGePoint3d& a, const AcGePoint3d& b) { return away(a) < away(b); });
         return best == points.end() ? std::nullopt : std::optional(*best);
     }
 
@@ -192,8 +197,9 @@ namespace ed
 std::optional<int> snapModes(std::wstring_view names)
 {
     // in the order of the bits
-    static const KeywordList known(L"ENDpoint MIDpoint CENter NODe QUAdrant INTersection INSertion PERpendicular TANgent "
-                                   L"NEArest GCEnter APParent EXTension PARallel NONe");
+    static const KeywordList known(
+        L"ENDpoint MIDpoint CENter NODe QUAdrant INTersection INSertion PERpendicular TANgent "
+        L"NEArest GCEnter APParent EXTension PARallel NONe");
     int modes = 0;
     while (!names.empty()) {
         const std::size_t end = std::min(names.find(L','), names.size());
@@ -224,9 +230,11 @@ int acedOsnap(const ads_point point, const ACHAR* modes, ads_point result)
     const std::optional<ed::VariableValue> last = ed::readVariable(L"LASTPOINT");
     std::optional<AcGePoint3d> from;
     if (last) from = toWorld * last->point;
-    const std::optional<AcGePoint3d> found = ed::snapped(toWorld * AcGePoint3d(point[X], point[Y], point[Z]), *wanted, from);
+    const std::optional<AcGePoint3d> found =
+        ed::snapped(toWorld * AcGePoint3d(point[X], point[Y], point[Z]), *wanted, from);
     if (!found) return RTERROR;
     const AcGePoint3d inUcs = toWorld.inverse() * *found;
-    for (const int axis : {X, Y, Z}) result[axis] = inUcs[static_cast<unsigned>(axis)];
+    for (const int axis : {X, Y, Z})
+        result[axis] = inUcs[static_cast<unsigned>(axis)];
     return RTNORM;
 }

@@ -1,8 +1,8 @@
 #include "PointAnswers.h"
 
+#include "acedinput.h"
 #include "CommandLine.h"
 #include "NumberRules.h"
-#include "acedinput.h"
 
 #include <cmath>
 
@@ -29,7 +29,8 @@ Question questionOf(const PointWish& wish, std::wstring requirement, std::wstrin
     return question;
 }
 
-/// A number alone is other text before it is a point, where other text is an answer, unless distances come first.
+/// A number alone is other text before it is a point, where other text is an answer, unless distances come
+/// first.
 PointContext contextOf(const PointWish& wish)
 {
     PointContext context = wish.context;
@@ -73,7 +74,8 @@ NumberReply askNumber(const PointWish& wish, const Question& question,
     NumberReply reply;
     std::optional<AcGePoint3d> picked;
     const ed::Reply asked = question.ask([&](const Answer& answer, std::wstring& message) {
-        const std::optional<double> number = answer.kind == Answer::Kind::text ? typed(answer.text) : std::nullopt;
+        const std::optional<double> number =
+            answer.kind == Answer::Kind::text ? typed(answer.text) : std::nullopt;
         Span span;
         const Verdict verdict = number ? Verdict::good : readSpan(answer, wish, span, message);
         if (verdict != Verdict::good) return verdict;
@@ -128,10 +130,12 @@ NumberReply askDirection(const PointWish& wish)
 {
     const bool based = wish.context.base.has_value();
     const std::wstring points = based ? L"second point" : L"two points";
-    const Question question = questionOf(wish, L"Requires valid numeric angle or " + points + L".",
-                                         L"Requires valid numeric angle, " + points + L", or option keyword.");
+    const Question question =
+        questionOf(wish, L"Requires valid numeric angle or " + points + L".",
+                   L"Requires valid numeric angle, " + points + L", or option keyword.");
     const auto typed = [](const std::wstring& text) -> std::optional<double> {
-        const std::optional<double> angle = readDirection(text[0] == L'<' ? text.substr(1) : text, currentUnits());
+        const std::optional<double> angle =
+            readDirection(text[0] == L'<' ? text.substr(1) : text, currentUnits());
         return angle ? std::optional(withinTurn(*angle)) : std::nullopt;
     };
     return askNumber(wish, question, typed, [](const Span& span) {

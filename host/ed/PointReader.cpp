@@ -23,17 +23,27 @@ long integerVariable(const wchar_t* name)
     return value ? value->integer : 0;
 }
 
-bool isFinite(const AcGePoint3d& p) { return std::isfinite(p.x + p.y + p.z); }
+bool isFinite(const AcGePoint3d& p)
+{
+    return std::isfinite(p.x + p.y + p.z);
+}
 
-AcGeVector3d towards(double angle) { return {std::cos(angle), std::sin(angle), 0.0}; }
+AcGeVector3d towards(double angle)
+{
+    return {std::cos(angle), std::sin(angle), 0.0};
+}
 
 /// Along one of the axes of the UCS, the one that the vector is closer to.
 AcGeVector3d alongAxis(const AcGeVector3d& offset)
 {
-    return std::fabs(offset.x) >= std::fabs(offset.y) ? AcGeVector3d(offset.x, 0.0, 0.0) : AcGeVector3d(0.0, offset.y, 0.0);
+    return std::fabs(offset.x) >= std::fabs(offset.y) ? AcGeVector3d(offset.x, 0.0, 0.0)
+                                                      : AcGeVector3d(0.0, offset.y, 0.0);
 }
 
-bool isOrtho() { return integerVariable(L"ORTHOMODE") == 1; }
+bool isOrtho()
+{
+    return integerVariable(L"ORTHOMODE") == 1;
+}
 
 /// Reads one point; asks further questions within it.
 class PointReader
@@ -49,7 +59,8 @@ public:
         if (const std::optional<int> axes = filterAxes(text)) return filter(*axes, point, message);
         const std::wstring word = ed::upperCase(text);
         if (word == L"FROM" || word == L"_FROM") return offsetFrom(point, message);
-        if (word == L"M2P" || word == L"MTP" || word == L"_M2P" || word == L"_MTP") return between(point, message);
+        if (word == L"M2P" || word == L"MTP" || word == L"_M2P" || word == L"_MTP")
+            return between(point, message);
         return Verdict::notUnderstood;
     }
 
@@ -143,7 +154,8 @@ private:
         }
         if (verdict == Verdict::good) verdict = ask((need + L"): ").c_str(), mContext, rest, message);
         if (verdict != Verdict::good) return verdict;
-        for (unsigned axis = 0; axis < 3; ++axis) point[axis] = axes & (1 << axis) ? given[axis] : rest[axis];
+        for (unsigned axis = 0; axis < 3; ++axis)
+            point[axis] = axes & (1 << axis) ? given[axis] : rest[axis];
         return Verdict::good;
     }
 
@@ -189,15 +201,19 @@ private:
 bool isOutsideOfLimits(const AcGePoint3d& point)
 {
     if (integerVariable(L"LIMCHECK") != 1) return false;
-    const std::optional<ed::VariableValue> least = ed::readVariable(L"LIMMIN"), most = ed::readVariable(L"LIMMAX");
+    const std::optional<ed::VariableValue> least = ed::readVariable(L"LIMMIN"),
+                                           most = ed::readVariable(L"LIMMAX");
     if (!least || !most) return false;
     const AcGePoint3d world = ed::ucsToWorld() * point;
-    return world.x < least->point.x || world.y < least->point.y || world.x > most->point.x || world.y > most->point.y;
+    return world.x < least->point.x || world.y < least->point.y || world.x > most->point.x ||
+           world.y > most->point.y;
 }
 
 AcGePoint3d followed(const AcGePoint3d& cursor, const PointContext& context)
 {
-    return context.base && context.followsOrtho && isOrtho() ? *context.base + alongAxis(cursor - *context.base) : cursor;
+    return context.base && context.followsOrtho && isOrtho()
+               ? *context.base + alongAxis(cursor - *context.base)
+               : cursor;
 }
 
 /// OSNAPCOORD 0 lets the running snaps work on typed points as on picked ones.
@@ -215,7 +231,8 @@ AcGePoint3d runningSnap(const AcGePoint3d& point, const PointContext& context)
 
 namespace ed
 {
-Verdict readPoint(const Answer& answer, const PointContext& context, AcGePoint3d& point, std::wstring& message)
+Verdict readPoint(const Answer& answer, const PointContext& context, AcGePoint3d& point,
+                  std::wstring& message)
 {
     if (answer.kind == Answer::Kind::cursor) {
         point = followed(answer.point, context);
@@ -240,7 +257,10 @@ AcGePoint3d lastPoint()
     return value ? value->point : AcGePoint3d::kOrigin;
 }
 
-void setLastPoint(const AcGePoint3d& point) { writeVariable(L"LASTPOINT", VariableValue::ofPoint(point)); }
+void setLastPoint(const AcGePoint3d& point)
+{
+    writeVariable(L"LASTPOINT", VariableValue::ofPoint(point));
+}
 
 double elevation()
 {

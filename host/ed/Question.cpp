@@ -1,9 +1,9 @@
 #include "Question.h"
 
+#include "acedinput.h"
 #include "CommandLine.h"
 #include "Faults.h"
 #include "Script.h"
-#include "acedinput.h"
 
 namespace ed
 {
@@ -24,13 +24,16 @@ std::optional<Reply> Question::answeredByText(const Answer& answer, const Reader
     }
     std::wstring message = demand();
     switch (read(answer, message)) {
-    case Verdict::good: return Reply{RTNORM, {}};
-    case Verdict::cancelled: return Reply{RTCAN, {}};
+    case Verdict::good:
+        return Reply{RTNORM, {}};
+    case Verdict::cancelled:
+        return Reply{RTCAN, {}};
     case Verdict::notUnderstood:
         if (!typed || !rules.has(RSG_OTHER)) break;
         setLastInput(answer.text);
         return Reply{RTKWORD, {}};
-    case Verdict::refused: break;
+    case Verdict::refused:
+        break;
     }
     complain(message);
     return std::nullopt;
@@ -39,13 +42,16 @@ std::optional<Reply> Question::answeredByText(const Answer& answer, const Reader
 std::optional<Reply> Question::answered(const Answer& answer, const Reader& read) const
 {
     switch (answer.kind) {
-    case Answer::Kind::cancel: return Reply{RTCAN, {}};
+    case Answer::Kind::cancel:
+        return Reply{RTCAN, {}};
     case Answer::Kind::enter:
         if (!rules.has(RSG_NONULL)) return Reply{RTNONE, {}};
         break;
     case Answer::Kind::text:
-    case Answer::Kind::cursor: return answeredByText(answer, read);
-    default: break;
+    case Answer::Kind::cursor:
+        return answeredByText(answer, read);
+    default:
+        break;
     }
     complain(demand());
     return std::nullopt;

@@ -40,8 +40,8 @@ public:
     {
         return keep(Kind::circle, {center, center + normal.perpVector().normal() * radius});
     }
-    bool circularArc(const AcGePoint3d& center, double radius, const AcGeVector3d& normal, const AcGeVector3d& start,
-                     double sweep, AcGiArcType) override
+    bool circularArc(const AcGePoint3d& center, double radius, const AcGeVector3d& normal,
+                     const AcGeVector3d& start, double sweep, AcGiArcType) override
     {
         const AcGeVector3d first = start.normal() * radius;
         AcGeVector3d last = first;
@@ -54,25 +54,37 @@ public:
     {
         return keep(Kind::polyline, {points, points + count});
     }
-    bool polygon(unsigned count, const AcGePoint3d* points) override { return keep(Kind::area, {points, points + count}); }
+    bool polygon(unsigned count, const AcGePoint3d* points) override
+    {
+        return keep(Kind::area, {points, points + count});
+    }
     bool polyPolygon(unsigned count, const AcGiLoop* loops) override
     {
-        for (unsigned i = 0; i < count; ++i) polygon(loops[i].count, loops[i].points);
+        for (unsigned i = 0; i < count; ++i)
+            polygon(loops[i].count, loops[i].points);
         return true;
     }
     bool pline(const AcDbPolyline& polyline) override
     {
         std::vector<AcGePoint3d> points(polyline.numVerts());
-        for (unsigned i = 0; i < points.size(); ++i) polyline.getPointAt(i, points[i]);
+        for (unsigned i = 0; i < points.size(); ++i)
+            polyline.getPointAt(i, points[i]);
         return keep(Kind::polyline, std::move(points));
     }
-    bool xline(const AcGePoint3d& point, const AcGePoint3d& other) override { return keep(Kind::endless, {point, other}); }
-    bool ray(const AcGePoint3d& base, const AcGePoint3d& through) override { return keep(Kind::endless, {base, through}); }
-    bool pointMark(const AcGePoint3d& point) override { return keep(Kind::mark, {point}); }
-    bool text(const AcGePoint3d& position, const AcGeVector3d&, const AcGeVector3d&, const wchar_t* text, int length, bool,
-              const AcGiTextStyle&) override
+    bool xline(const AcGePoint3d& point, const AcGePoint3d& other) override
     {
-        const std::wstring shown = length < 0 ? std::wstring(text) : std::wstring(text, static_cast<std::size_t>(length));
+        return keep(Kind::endless, {point, other});
+    }
+    bool ray(const AcGePoint3d& base, const AcGePoint3d& through) override
+    {
+        return keep(Kind::endless, {base, through});
+    }
+    bool pointMark(const AcGePoint3d& point) override { return keep(Kind::mark, {point}); }
+    bool text(const AcGePoint3d& position, const AcGeVector3d&, const AcGeVector3d&, const wchar_t* text,
+              int length, bool, const AcGiTextStyle&) override
+    {
+        const std::wstring shown =
+            length < 0 ? std::wstring(text) : std::wstring(text, static_cast<std::size_t>(length));
         return keep(Kind::text, {position}, shown);
     }
 
@@ -87,7 +99,8 @@ private:
     }
     bool keep(Kind kind, std::vector<AcGePoint3d> points, std::wstring text = {})
     {
-        for (AcGePoint3d& point : points) point = mMaps.back() * point;
+        for (AcGePoint3d& point : points)
+            point = mMaps.back() * point;
         shapes.push_back({kind, std::move(points), std::move(text)});
         return true;
     }

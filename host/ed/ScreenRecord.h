@@ -29,7 +29,7 @@ struct ScreenRecord {
     std::vector<ScreenLine> lines;
     std::map<int, std::wstring> texts; ///< of acedGrText, by box
     std::set<AcDbObjectId> hidden, highlighted;
-    std::vector<AcGeMatrix3d> dragged;           ///< what acedDragGen showed its set under, one after the other
+    std::vector<AcGeMatrix3d> dragged; ///< what acedDragGen showed its set under, one after the other
     std::vector<std::vector<DrawnShape>> images; ///< what jigs drew, one after the other
 };
 

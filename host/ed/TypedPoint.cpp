@@ -1,7 +1,7 @@
 #include "TypedPoint.h"
 
-#include "VariableStore.h"
 #include "dbmain.h"
+#include "VariableStore.h"
 
 #include <array>
 #include <cmath>
@@ -13,8 +13,10 @@ using ed::TypedPoint;
 
 std::wstring_view blanksOff(std::wstring_view text)
 {
-    while (!text.empty() && text.front() == L' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == L' ') text.remove_suffix(1);
+    while (!text.empty() && text.front() == L' ')
+        text.remove_prefix(1);
+    while (!text.empty() && text.back() == L' ')
+        text.remove_suffix(1);
     return text;
 }
 
@@ -40,7 +42,8 @@ std::optional<TypedPoint> readCartesian(std::wstring_view text, const InputUnits
     std::size_t count = 0;
     for (bool more = true; more; ++count) {
         const std::size_t end = std::min(text.find(L','), text.size());
-        const std::optional<double> value = count < 3 ? ed::readLength(text.substr(0, end), units) : std::nullopt;
+        const std::optional<double> value =
+            count < 3 ? ed::readLength(text.substr(0, end), units) : std::nullopt;
         if (!value) return std::nullopt;
         *values[count] = *value;
         more = end < text.size();
@@ -59,7 +62,8 @@ std::optional<TypedPoint> readThird(std::wstring_view text, const InputUnits& un
     text.remove_prefix(1);
     InputUnits fromPlane;
     fromPlane.angular = units.angular;
-    const std::optional<double> third = spherical ? ed::readDirection(text, fromPlane) : ed::readLength(text, units);
+    const std::optional<double> third =
+        spherical ? ed::readDirection(text, fromPlane) : ed::readLength(text, units);
     if (!third) return std::nullopt;
     point.third = *third;
     point.hasHeight = !spherical;
@@ -67,7 +71,8 @@ std::optional<TypedPoint> readThird(std::wstring_view text, const InputUnits& un
     return point;
 }
 
-std::optional<TypedPoint> readPolar(std::wstring_view text, std::size_t sign, const InputUnits& units, TypedPoint point)
+std::optional<TypedPoint> readPolar(std::wstring_view text, std::size_t sign, const InputUnits& units,
+                                    TypedPoint point)
 {
     const std::wstring_view front = blanksOff(text.substr(0, sign));
     text.remove_prefix(sign + 1);
@@ -87,14 +92,17 @@ std::optional<TypedPoint> readPolar(std::wstring_view text, std::size_t sign, co
 AcGeVector3d offsetOf(const TypedPoint& typed)
 {
     switch (typed.kind) {
-    case TypedPoint::Kind::cartesian: return {typed.first, typed.second, typed.third};
+    case TypedPoint::Kind::cartesian:
+        return {typed.first, typed.second, typed.third};
     case TypedPoint::Kind::polar:
         return {typed.first * std::cos(typed.second), typed.first * std::sin(typed.second), typed.third};
     case TypedPoint::Kind::spherical: {
         const double flat = typed.first * std::cos(typed.third);
-        return {flat * std::cos(typed.second), flat * std::sin(typed.second), typed.first * std::sin(typed.third)};
+        return {flat * std::cos(typed.second), flat * std::sin(typed.second),
+                typed.first * std::sin(typed.third)};
     }
-    default: return AcGeVector3d::kIdentity;
+    default:
+        return AcGeVector3d::kIdentity;
     }
 }
 } // namespace
@@ -123,7 +131,8 @@ std::optional<double> readDirection(std::wstring_view text, const InputUnits& un
     text = blanksOff(text);
     const bool fromEast = skip(text, L'<');
     const bool inUnit = !fromEast || skip(text, L'<');
-    const std::optional<double> angle = units::readAngle(text, inUnit ? units.angular : units::Angular::degrees);
+    const std::optional<double> angle =
+        units::readAngle(text, inUnit ? units.angular : units::Angular::degrees);
     if (!angle || fromEast) return angle;
     return units.angleBase + (units.clockwise ? -*angle : *angle);
 }

@@ -2,8 +2,8 @@
 
 /// The syntax of points, lengths and directions at the command line.
 
-#include "UnitsRead.h"
 #include "gemat3d.h"
+#include "UnitsRead.h"
 
 namespace ed
 {

@@ -1,8 +1,8 @@
 /// Dragging selection sets, and raw input.
 
+#include "acedgraphics.h"
 #include "PointAnswers.h"
 #include "ScreenRecord.h"
-#include "acedgraphics.h"
 
 namespace
 {
@@ -14,13 +14,15 @@ enum EventType { keyEvent = 2, pickEvent = 3, moveEvent = 5 };
 void setIdentity(ads_matrix matrix)
 {
     for (int row = 0; row < 4; ++row) {
-        for (int column = 0; column < 4; ++column) matrix[row][column] = row == column ? 1.0 : 0.0;
+        for (int column = 0; column < 4; ++column)
+            matrix[row][column] = row == column ? 1.0 : 0.0;
     }
 }
 
 void copyPoint(const AcGePoint3d& from, ads_point to)
 {
-    for (const int axis : {X, Y, Z}) to[axis] = from[static_cast<unsigned>(axis)];
+    for (const int axis : {X, Y, Z})
+        to[axis] = from[static_cast<unsigned>(axis)];
 }
 
 /// Lets the set follow to a point; false when the function wants no more.
@@ -34,7 +36,8 @@ bool followTo(const AcGePoint3d& at, Follow follow)
     if (code != RTNORM) return code == RTNONE;
     AcGeMatrix3d shown;
     for (unsigned row = 0; row < 4; ++row) {
-        for (unsigned column = 0; column < 4; ++column) shown.entry[row][column] = matrix[row][column];
+        for (unsigned column = 0; column < 4; ++column)
+            shown.entry[row][column] = matrix[row][column];
     }
     ed::screen().dragged.push_back(shown);
     return true;
@@ -65,7 +68,8 @@ int acedGrRead(int track, int* type, resbuf* result)
         AcGePoint3d point;
         std::wstring message;
         switch (answer.kind) {
-        case Answer::Kind::cancel: return RTCAN;
+        case Answer::Kind::cancel:
+            return RTCAN;
         case Answer::Kind::cursor:
             if (track & 1) return givePoint(answer.point, moveEvent, type, result);
             break;
@@ -73,7 +77,8 @@ int acedGrRead(int track, int* type, resbuf* result)
             if (answer.text.size() == 1) return giveKey(answer, type, result);
             if (ed::readPoint(answer, {}, point, message) != ed::Verdict::good) return RTERROR;
             return givePoint(point, pickEvent, type, result);
-        default: return RTERROR;
+        default:
+            return RTERROR;
         }
     }
 }

@@ -1,11 +1,11 @@
 /// Questions for texts and numbers.
 
+#include "acedinput.h"
 #include "CommandLine.h"
 #include "HandOut.h"
 #include "NumberRules.h"
 #include "Question.h"
 #include "TypedPoint.h"
-#include "acedinput.h"
 
 #include <cstdint>
 #include <limits>
@@ -31,7 +31,8 @@ Question questionOf(const ACHAR* prompt, const wchar_t* requirement, const wchar
 std::optional<long long> wholeNumber(const std::wstring& text)
 {
     const std::size_t first = !text.empty() && (text[0] == L'-' || text[0] == L'+') ? 1 : 0;
-    const bool digits = text.size() > first && text.find_first_not_of(L"0123456789", first) == std::wstring::npos;
+    const bool digits =
+        text.size() > first && text.find_first_not_of(L"0123456789", first) == std::wstring::npos;
     if (!digits || text.size() - first > 18) return std::nullopt;
     return std::wcstoll(text.c_str(), nullptr, 10);
 }
@@ -50,7 +51,10 @@ Verdict readInteger(const std::wstring& text, const ed::InputRules& rules, int& 
     return verdict;
 }
 
-Verdict notAmongKeywords(const Answer&, std::wstring&) { return Verdict::notUnderstood; }
+Verdict notAmongKeywords(const Answer&, std::wstring&)
+{
+    return Verdict::notUnderstood;
+}
 } // namespace
 
 ed::Verdict ed::checkNumber(double value, const InputRules& rules, std::wstring& message)
@@ -67,7 +71,8 @@ int acedGetKword(const ACHAR* prompt, ACHAR* result, std::size_t size)
 {
     constexpr const wchar_t* unknown = L"Invalid option keyword.";
     const Question question = questionOf(prompt, unknown, unknown);
-    if (!result || size == 0 || (question.rules.keywords.empty() && !question.rules.has(RSG_OTHER))) return RTERROR;
+    if (!result || size == 0 || (question.rules.keywords.empty() && !question.rules.has(RSG_OTHER)))
+        return RTERROR;
     const Reply reply = question.ask(notAmongKeywords);
     return reply.code == RTKWORD ? ed::handOut(ed::lastInput(), result, size) : reply.code;
 }

@@ -1,7 +1,7 @@
 /// Questions for points, lengths and angles.
 
-#include "PointAnswers.h"
 #include "acedinput.h"
+#include "PointAnswers.h"
 
 namespace
 {
@@ -22,7 +22,8 @@ int givePoint(const PointReply& reply, ads_point result)
 {
     if (reply.code != RTNORM) return reply.code;
     ed::setLastPoint(reply.point);
-    for (const int axis : {X, Y, Z}) result[axis] = reply.point[static_cast<unsigned>(axis)];
+    for (const int axis : {X, Y, Z})
+        result[axis] = reply.point[static_cast<unsigned>(axis)];
     return RTNORM;
 }
 

@@ -1,10 +1,10 @@
 #include "acedgraphics.h"
 
+#include "acdbads.h"
 #include "CurrentUcs.h"
+#include "dbobjptr.h"
 #include "ScreenRecord.h"
 #include "Stub.h"
-#include "acdbads.h"
-#include "dbobjptr.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -14,15 +14,22 @@ namespace
 constexpr int mostColor = 256;
 constexpr int xorInk = -1;
 
-bool isColor(int color) { return color >= xorInk && color <= mostColor; }
+bool isColor(int color)
+{
+    return color >= xorInk && color <= mostColor;
+}
 
-AcGePoint3d pointOf(const ads_point point) { return {point[X], point[Y], point[Z]}; }
+AcGePoint3d pointOf(const ads_point point)
+{
+    return {point[X], point[Y], point[Z]};
+}
 
 AcGeMatrix3d matrixOf(const ads_matrix matrix)
 {
     AcGeMatrix3d made;
     for (unsigned row = 0; row < 4; ++row) {
-        for (unsigned column = 0; column < 4; ++column) made.entry[row][column] = matrix[row][column];
+        for (unsigned column = 0; column < 4; ++column)
+            made.entry[row][column] = matrix[row][column];
     }
     return made;
 }
@@ -40,7 +47,8 @@ bool readVectors(const resbuf* list, const AcGeMatrix3d& map, std::vector<ed::Sc
         }
         if (list->restype != RTPOINT && list->restype != RT3DPOINT) return false;
         if (first)
-            lines.push_back({map * pointOf(first->resval.rpoint), map * pointOf(list->resval.rpoint), std::abs(color), color < 0});
+            lines.push_back({map * pointOf(first->resval.rpoint), map * pointOf(list->resval.rpoint),
+                             std::abs(color), color < 0});
         first = first ? nullptr : list;
     }
     return !first;
@@ -50,10 +58,17 @@ void setMode(AcDbObjectId id, int mode)
 {
     ed::ScreenRecord& screen = ed::screen();
     switch (mode) {
-    case 1: screen.hidden.erase(id); break;
-    case 2: screen.hidden.insert(id); break;
-    case 3: screen.highlighted.insert(id); break;
-    default: screen.highlighted.erase(id);
+    case 1:
+        screen.hidden.erase(id);
+        break;
+    case 2:
+        screen.hidden.insert(id);
+        break;
+    case 3:
+        screen.highlighted.insert(id);
+        break;
+    default:
+        screen.highlighted.erase(id);
     }
 }
 } // namespace

@@ -1,8 +1,9 @@
 // fuzz_input LINES [SEED]: answers questions with that many random lines.
 //
-// Each line is made of pieces of the command line's syntax, or of any characters, and goes to one of the input functions. A
-// function must return one of its documented results, leave its result alone unless that is RTNORM, give finite numbers
-// within their range, and use up what was typed: no question may be asked for ever.
+// Each line is made of pieces of the command line's syntax, or of any characters, and goes to one of the
+// input functions. A function must return one of its documented results, leave its result alone unless that
+// is RTNORM, give finite numbers within their range, and use up what was typed: no question may be asked for
+// ever.
 
 #include "CommandLine.h"
 #include "Headless.h"
@@ -25,23 +26,31 @@ namespace
 {
 using Random = std::mt19937;
 
-std::size_t below(Random& random, std::size_t limit) { return random() % limit; }
+std::size_t below(Random& random, std::size_t limit)
+{
+    return random() % limit;
+}
 
 std::wstring piece(Random& random)
 {
     static constexpr const wchar_t* pieces[] = {
-        L"@", L"<", L"<<", L"<<<", L",", L"*", L"#", L".", L".x", L".xy", L"end", L"mid,int", L"per", L"non", L"from", L"m2p",
-        L"1", L"-2.5", L"1e3", L"1e308", L"1e-400", L"1/2", L"1/0", L"5'6-1/2\"", L"45d30'15\"", L"N45E", L"50g", L"2r", L"nan", L"inf",
-        L"Yes", L"x", L"_No", L"_", L" ", L" ", L"\n", L"\n", L"^C", L"\"", L"(", L")", L"(+ 1 2)", L"!a", L"'", L"'NOTHING ", L"墙", L"\t",
+        L"@",          L"<",    L"<<",      L"<<<",     L",",      L"*",         L"#",    L".",
+        L".x",         L".xy",  L"end",     L"mid,int", L"per",    L"non",       L"from", L"m2p",
+        L"1",          L"-2.5", L"1e3",     L"1e308",   L"1e-400", L"1/2",       L"1/0",  L"5'6-1/2\"",
+        L"45d30'15\"", L"N45E", L"50g",     L"2r",      L"nan",    L"inf",       L"Yes",  L"x",
+        L"_No",        L"_",    L" ",       L" ",       L"\n",     L"\n",        L"^C",   L"\"",
+        L"(",          L")",    L"(+ 1 2)", L"!a",      L"'",      L"'NOTHING ", L"墙",   L"\t",
     };
-    if (random() % 8 == 0) return std::wstring(1, static_cast<wchar_t>(1 + random() % (random() % 4 ? 0x7E : 0x10FFFE)));
+    if (random() % 8 == 0)
+        return std::wstring(1, static_cast<wchar_t>(1 + random() % (random() % 4 ? 0x7E : 0x10FFFE)));
     return pieces[below(random, std::size(pieces))];
 }
 
 std::wstring line(Random& random)
 {
     std::wstring text;
-    for (std::size_t i = below(random, 9); i > 0; --i) text += piece(random);
+    for (std::size_t i = below(random, 9); i > 0; --i)
+        text += piece(random);
     return text + L"\n";
 }
 
@@ -50,9 +59,15 @@ void require(bool holds, const char* claim)
     if (!holds) throw std::runtime_error(claim);
 }
 
-bool isResult(int code) { return code == RTNORM || code == RTNONE || code == RTKWORD || code == RTCAN || code == RTERROR; }
+bool isResult(int code)
+{
+    return code == RTNORM || code == RTNONE || code == RTKWORD || code == RTCAN || code == RTERROR;
+}
 
-bool isFinite(const double* point) { return std::isfinite(point[0] + point[1] + point[2]); }
+bool isFinite(const double* point)
+{
+    return std::isfinite(point[0] + point[1] + point[2]);
+}
 
 class AnyJig : public AcEdJig
 {
@@ -67,10 +82,14 @@ public:
         double number = 0.0;
         wchar_t text[4];
         switch (mKind % 4) {
-        case 0: return acquirePoint(mAt, AcGePoint3d(1, 1, 1));
-        case 1: return acquireDist(number);
-        case 2: return acquireAngle(number, mAt);
-        default: return acquireString(text);
+        case 0:
+            return acquirePoint(mAt, AcGePoint3d(1, 1, 1));
+        case 1:
+            return acquireDist(number);
+        case 2:
+            return acquireAngle(number, mAt);
+        default:
+            return acquireString(text);
         }
     }
 
@@ -118,15 +137,23 @@ void askForText(unsigned kind)
 
 void ask(unsigned kind)
 {
-    if (kind & 1) acedInitGet(static_cast<int>((kind >> 4) & 0x1FFF), kind & 2 ? L"Yes No eXit _Ja Nein Ende" : nullptr);
+    if (kind & 1)
+        acedInitGet(static_cast<int>((kind >> 4) & 0x1FFF),
+                    kind & 2 ? L"Yes No eXit _Ja Nein Ende" : nullptr);
     resbuf event{};
     int type = 0;
     switch ((kind >> 20) % 5) {
-    case 0: return askForPoint(kind >> 24);
-    case 1: return askForNumber(kind >> 24);
-    case 2: return askForText(kind >> 24);
-    case 3: acedGrRead(static_cast<int>(kind >> 24), &type, &event); return;
-    default: AnyJig(kind >> 24).drag();
+    case 0:
+        return askForPoint(kind >> 24);
+    case 1:
+        return askForNumber(kind >> 24);
+    case 2:
+        return askForText(kind >> 24);
+    case 3:
+        acedGrRead(static_cast<int>(kind >> 24), &type, &event);
+        return;
+    default:
+        AnyJig(kind >> 24).drag();
     }
 }
 
@@ -134,8 +161,10 @@ void draw()
 {
     AcDbBlockTableRecord* space = nullptr;
     acDocManager->lockDocument(acDocManager->curDocument());
-    if (acdbOpenObject(space, acdbHostApplicationServices()->workingDatabase()->currentSpaceId(), AcDb::kForWrite) == Acad::eOk) {
-        AcDbEntity* const entities[] = {new AcDbLine({0, 0, 0}, {10, 10, 0}), new AcDbCircle({1, 1, 0}, AcGeVector3d::kZAxis, 2)};
+    if (acdbOpenObject(space, acdbHostApplicationServices()->workingDatabase()->currentSpaceId(),
+                       AcDb::kForWrite) == Acad::eOk) {
+        AcDbEntity* const entities[] = {new AcDbLine({0, 0, 0}, {10, 10, 0}),
+                                        new AcDbCircle({1, 1, 0}, AcGeVector3d::kZAxis, 2)};
         for (AcDbEntity* entity : entities) {
             space->appendAcDbEntity(entity);
             entity->close();

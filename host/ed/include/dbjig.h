@@ -8,7 +8,15 @@
 class AcEdDragStyle
 {
 public:
-    enum StyleType { kNone = 0, kHide, kTransparent25, kTransparent75, kDeletedEffect, kHighlight, kNotSpecified };
+    enum StyleType {
+        kNone = 0,
+        kHide,
+        kTransparent25,
+        kTransparent75,
+        kDeletedEffect,
+        kHighlight,
+        kNotSpecified
+    };
     AcEdDragStyle() = default;
     AcEdDragStyle(StyleType original, StyleType dragged) : mOriginal(original), mDragged(dragged) {}
     StyleType styleTypeForOriginal() const { return mOriginal; }
@@ -21,8 +29,8 @@ private:
     StyleType mDragged = kNotSpecified;
 };
 
-/// A derived class asks for input in sampler(), moves its entity in update(), and names it in entity(). drag() calls them for
-/// each move of the cursor and once for the answer that ends it.
+/// A derived class asks for input in sampler(), moves its entity in update(), and names it in entity().
+/// drag() calls them for each move of the cursor and once for the answer that ends it.
 class AcEdJig : public AcRxObject
 {
 public:
@@ -84,8 +92,8 @@ public:
     AcEdJig();
     ~AcEdJig() override;
 
-    /// Runs the drag. kNormal when an answer was accepted; what sampler() returned for other answers; kCancel for Esc, when
-    /// nobody answers, and when sampler() asks for nothing.
+    /// Runs the drag. kNormal when an answer was accepted; what sampler() returned for other answers; kCancel
+    /// for Esc, when nobody answers, and when sampler() asks for nothing.
     DragStatus drag();
     DragStatus drag(const AcEdDragStyle& style);
 
@@ -95,8 +103,8 @@ public:
     virtual Adesk::Boolean update();
     /// What is drawn; null for nothing.
     virtual AcDbEntity* entity() const;
-    /// Adds the entity to the current space of the working drawing and closes it. The null id when that fails: the entity
-    /// stays the caller's.
+    /// Adds the entity to the current space of the working drawing and closes it. The null id when that
+    /// fails: the entity stays the caller's.
     AcDbObjectId append();
 
     /// As acedInitGet takes them. Nine count.
@@ -117,9 +125,9 @@ public:
     void setUserInputControls(UserInputControls controls);
     AcEdDragStyle dragStyle() const;
 
-    // For sampler(). kNormal with a value; a keyword; kNull, kOther or kCancel with the value as it was. Points are in world
-    // coordinates. Without a base point lengths and angles start at LASTPOINT; angles count from the X axis of the UCS, in
-    // [0, 2 pi).
+    // For sampler(). kNormal with a value; a keyword; kNull, kOther or kCancel with the value as it was.
+    // Points are in world coordinates. Without a base point lengths and angles start at LASTPOINT; angles
+    // count from the X axis of the UCS, in [0, 2 pi).
 
     DragStatus acquirePoint(AcGePoint3d& value);
     DragStatus acquirePoint(AcGePoint3d& value, const AcGePoint3d& basePoint);

@@ -2,9 +2,9 @@
 
 #include "DatabaseFixture.h"
 
-#include "DatabaseState.h"
 #include "acdbads.h"
 #include "acutads.h"
+#include "DatabaseState.h"
 #include "dbmain.h"
 
 #include <cmath>
@@ -23,10 +23,7 @@ protected:
     }
     ~ListMath() override { acdbHostApplicationServices()->setWorkingDatabase(mBefore); }
 
-    void setDimzin(int bits)
-    {
-        DatabaseAccess::of(db).header.setInteger("$DIMZIN", bits);
-    }
+    void setDimzin(int bits) { DatabaseAccess::of(db).header.setInteger("$DIMZIN", bits); }
     static std::wstring length(double value, int unit, int precision)
     {
         wchar_t text[64] = L"<error>";
@@ -65,7 +62,10 @@ protected:
     AcDbDatabase db;
 };
 
-bool matches(const wchar_t* text, const wchar_t* pattern) { return acutWcMatch(text, pattern) == RTNORM; }
+bool matches(const wchar_t* text, const wchar_t* pattern)
+{
+    return acutWcMatch(text, pattern) == RTNORM;
+}
 } // namespace
 
 TEST_F(ListMath, LengthsAreWrittenInEveryUnit)
@@ -117,7 +117,8 @@ TEST_F(ListMath, AnglesCountFromTheBaseInItsDirectionAndAreReadBack)
     EXPECT_EQ(angle(0.0, 0, 0), L"270");
     db.setAngdir(true);
     EXPECT_EQ(angle(0.0, 0, 0), L"90");
-    for (const int unit : {0, 1, 2, 3, 4}) EXPECT_NEAR(readAngle(angle(1.0, unit, 8).c_str(), unit), 1.0, 1e-7) << unit;
+    for (const int unit : {0, 1, 2, 3, 4})
+        EXPECT_NEAR(readAngle(angle(1.0, unit, 8).c_str(), unit), 1.0, 1e-7) << unit;
 }
 
 TEST_F(ListMath, LengthsAreReadAsTheirUnitIsTyped)
@@ -129,7 +130,8 @@ TEST_F(ListMath, LengthsAreReadAsTheirUnitIsTyped)
     EXPECT_EQ(readLength(L"1'-6 1/2\"", 4), 18.5);
     EXPECT_EQ(readLength(L"5\"", 3), 5.0);
     EXPECT_EQ(readLength(L"-2'", 3), -24.0);
-    for (const wchar_t* wrong : {L"", L"-", L"1'6", L"1/0", L"1-", L"nan", L"inf", L"0x10", L"1e999", L"1 2", L"12a"})
+    for (const wchar_t* wrong :
+         {L"", L"-", L"1'6", L"1/0", L"1-", L"nan", L"inf", L"0x10", L"1e999", L"1 2", L"12a"})
         EXPECT_TRUE(std::isnan(readLength(wrong, 2))) << wrong;
     double untouched = 7.0;
     EXPECT_EQ(acdbDisToF(L"x", 2, &untouched), RTERROR);
@@ -178,8 +180,8 @@ TEST_F(ListMath, AnglesAndDistancesOfPoints)
 
 TEST_F(ListMath, LinesCrossWhereTheyMeetInSpace)
 {
-    const ads_point o = {0, 0, 0}, x = {10, 0, 0}, low = {20, -5, 0}, high = {20, 5, 0}, lifted = {20, 5, 3}, side = {0, 1, 0},
-                    parallel = {10, 1, 0};
+    const ads_point o = {0, 0, 0}, x = {10, 0, 0}, low = {20, -5, 0}, high = {20, 5, 0}, lifted = {20, 5, 3},
+                    side = {0, 1, 0}, parallel = {10, 1, 0};
     ads_point met = {7, 7, 7};
     EXPECT_EQ(acdbInters(o, x, low, high, 1, met), RTERROR); // beyond the end of the first
     EXPECT_EQ(met[X], 7.0);
@@ -216,6 +218,7 @@ TEST(WildcardMatch, ManyRunsDoNotExplode)
 {
     // Trying every split of the text between forty runs would take longer than the universe is old.
     std::wstring pattern;
-    for (int i = 0; i < 40; ++i) pattern += L"*a";
+    for (int i = 0; i < 40; ++i)
+        pattern += L"*a";
     EXPECT_FALSE(matches(std::wstring(5000, L'a').append(L"b").c_str(), pattern.c_str()));
 }

@@ -19,7 +19,8 @@ int follow(ads_point point, ads_matrix matrix)
     followed.push_back({point[X], point[Y], point[Z]});
     if (point[X] == 666.0) return RTERROR;
     if (point[X] == 0.0) return RTNONE;
-    for (const int axis : {X, Y, Z}) matrix[axis][T] = point[axis];
+    for (const int axis : {X, Y, Z})
+        matrix[axis][T] = point[axis];
     return RTNORM;
 }
 

@@ -4,8 +4,8 @@
 #include "InputSource.h"
 #include "VariableStore.h"
 
-#include "dbline.h"
 #include "dbcircle.h"
+#include "dbline.h"
 #include "dbobjptr.h"
 
 #include <cmath>
@@ -113,11 +113,14 @@ TEST_F(InputFunctions, WhatIsNoPointIsToldAndAskedAgain)
     answer(L"abc 1,2,3,4 1,nan 5 1,1\n");
     ads_point point = {};
     EXPECT_EQ(acedGetPoint(nullptr, L"\nPick: ", point), RTNORM);
-    EXPECT_EQ(takeOutput(), L"\nPick: Invalid point.\n\nPick: Invalid point.\n\nPick: Invalid point.\n\nPick: Invalid point.\n\nPick: ");
+    EXPECT_EQ(takeOutput(), L"\nPick: Invalid point.\n\nPick: Invalid point.\n\nPick: Invalid "
+                            L"point.\n\nPick: Invalid point.\n\nPick: ");
     acedInitGet(RSG_NONULL, L"Yes");
     answer(L"\nabc 2,2\n");
     EXPECT_EQ(acedGetPoint(nullptr, L"\nPick: ", point), RTNORM);
-    EXPECT_EQ(takeOutput(), L"\nPick: Point or option keyword required.\n\nPick: Point or option keyword required.\n\nPick: ");
+    EXPECT_EQ(
+        takeOutput(),
+        L"\nPick: Point or option keyword required.\n\nPick: Point or option keyword required.\n\nPick: ");
     EXPECT_EQ(point[X], 2.0);
 }
 
@@ -231,7 +234,8 @@ TEST_F(InputFunctions, AnglesCountFromTheirBaseAndOrientationsFromEast)
         answer(std::wstring(keys) + L"\n" + keys + L"\n");
         EXPECT_EQ(acedGetAngle(base, nullptr, &angle), RTNORM);
         EXPECT_EQ(acedGetOrient(base, nullptr, &orientation), RTNORM);
-        return std::to_wstring(std::lround(angle * 180 / pi)) + L" " + std::to_wstring(std::lround(orientation * 180 / pi));
+        return std::to_wstring(std::lround(angle * 180 / pi)) + L" " +
+               std::to_wstring(std::lround(orientation * 180 / pi));
     };
     EXPECT_EQ(angles(L"0"), L"0 90");
     EXPECT_EQ(angles(L"-90"), L"270 0");

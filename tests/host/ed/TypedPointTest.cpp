@@ -12,13 +12,17 @@ namespace
 PointFrame turnedFrame()
 {
     PointFrame frame;
-    frame.ucsToWorld.setCoordSystem({100, 0, 0}, AcGeVector3d::kYAxis, -AcGeVector3d::kXAxis, AcGeVector3d::kZAxis);
+    frame.ucsToWorld.setCoordSystem({100, 0, 0}, AcGeVector3d::kYAxis, -AcGeVector3d::kXAxis,
+                                    AcGeVector3d::kZAxis);
     frame.origin = {1, 2, 3};
     frame.elevation = 5.0;
     return frame;
 }
 
-AcGePoint3d at(const wchar_t* text) { return ed::placed(*parsePoint(text, InputUnits()), turnedFrame()); }
+AcGePoint3d at(const wchar_t* text)
+{
+    return ed::placed(*parsePoint(text, InputUnits()), turnedFrame());
+}
 } // namespace
 
 TEST(TypedPoints, StandInTheUcsUnlessAStarSaysTheWorld)
@@ -35,7 +39,8 @@ TEST(TypedPoints, StandInTheUcsUnlessAStarSaysTheWorld)
 
 TEST(TypedPoints, HalfTypedOnesAreNone)
 {
-    for (const wchar_t* text : {L"", L"*", L",", L"1,", L",1", L"1,2,3,4", L"1<", L"<", L"1<2<", L"1<2,", L"1<2<3<4", L"1<2,3,4",
-                                L"@@1,2", L"1 2", L"1,2x", L"<<<<5", L"5<<<<5", L"<45,2", L"1,1e999"})
+    for (const wchar_t* text :
+         {L"", L"*", L",", L"1,", L",1", L"1,2,3,4", L"1<", L"<", L"1<2<", L"1<2,", L"1<2<3<4", L"1<2,3,4",
+          L"@@1,2", L"1 2", L"1,2x", L"<<<<5", L"5<<<<5", L"<45,2", L"1,1e999"})
         EXPECT_FALSE(parsePoint(text, InputUnits())) << text;
 }
