@@ -42,7 +42,7 @@ void startOurs(benchmark::State& state)
 
 void startEzdxf(benchmark::State& state)
 {
-    run(state, "python3 -c 'import ezdxf'");
+    run(state, "/usr/bin/python3 -c 'import ezdxf'");
 }
 
 BENCHMARK(startOurs)->Name("StartUp/ours")->Unit(benchmark::kMillisecond)->UseRealTime();
