@@ -194,6 +194,16 @@ void endScriptAt(Outcome outcome)
     if (DocumentState* state = documents::current()) state->input.clear();
 }
 
+/// The keys have ended in the middle of an expression.
+void dropUnfinished(ed::InputSource& input)
+{
+    constexpr const wchar_t* reason = L"; error: malformed list on input";
+    if (input.empty()) return;
+    input.clear();
+    ed::print(std::wstring(reason) + L"\n");
+    scripts::stop(reason);
+}
+
 bool runNext(AcApDocument* document, bool askReader)
 {
     DocumentState* state = documents::stateOf(document);
@@ -201,7 +211,10 @@ bool runNext(AcApDocument* document, bool askReader)
     state->input.setInterpreter(interpret);
     if (askReader) showPrompt();
     const std::optional<Answer> answer = state->input.takeComplete(ed::Reading::token, askReader);
-    if (answer) endScriptAt(ed::carryOut(*answer));
+    if (answer)
+        endScriptAt(ed::carryOut(*answer));
+    else if (askReader)
+        dropUnfinished(state->input);
     return answer.has_value();
 }
 

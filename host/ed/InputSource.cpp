@@ -39,7 +39,7 @@ public:
         }
         if (isEnter(key) && mDepth <= 0) return true;
         if (isBlank(key) && mReading != Reading::line && mDepth <= 0 && !mQuoted) return true;
-        keep(isEnter(key) ? L' ' : key);
+        if (!isComment(key)) keep(isEnter(key) ? L' ' : key);
         return false;
     }
 
@@ -51,16 +51,36 @@ private:
 
     void keep(wchar_t key)
     {
-        const bool quotes = key == L'"' && mReading != Reading::line && (mText.empty() || mQuoted || isLisp());
+        if (isLisp()) return keepOfLisp(key);
+        const bool quotes = key == L'"' && mReading != Reading::line && (mText.empty() || mQuoted);
         if (quotes) mQuoted = !mQuoted;
-        if (!quotes || isLisp()) mText += key;
-        if (isLisp() && !mQuoted) mDepth += key == L'(' ? 1 : key == L')' ? -1 : 0;
+        if (!quotes) mText += key;
+        if (isLisp()) mDepth = 1; // this key was the first parenthesis
+    }
+
+    /// Parentheses count outside of texts, in which a backslash takes the next key as it stands.
+    void keepOfLisp(wchar_t key)
+    {
+        mText += key;
+        const bool escaped = mEscaped;
+        mEscaped = mQuoted && !escaped && key == L'\\';
+        if (key == L'"' && !escaped) mQuoted = !mQuoted;
+        if (!mQuoted) mDepth += key == L'(' ? 1 : key == L')' ? -1 : 0;
+    }
+
+    /// A semicolon in an expression begins a comment up to the end of the line.
+    bool isComment(wchar_t key)
+    {
+        mComment = isLisp() && !isEnter(key) && (mComment || (key == L';' && !mQuoted));
+        return mComment;
     }
 
     Reading mReading;
     std::wstring mText;
     int mDepth = 0;
     bool mQuoted = false;
+    bool mEscaped = false;
+    bool mComment = false;
     bool mCancelled = false;
 };
 } // namespace

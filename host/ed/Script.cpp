@@ -83,9 +83,8 @@ void stop()
 
 void stop(const std::wstring& reason)
 {
-    if (!state().isRunning) return;
     stop();
-    state().fault = Fault{state().file, state().line, reason};
+    if (!state().file.empty()) state().fault = Fault{state().file, state().line, reason};
 }
 
 bool resume()

@@ -44,7 +44,7 @@ TEST_F(Script, AFaultTellsFileLineAndReason)
         {"ARX X", "standard input:1: Invalid option keyword."},
         {"ARX L nothing.arx",
          "standard input:1: nothing.arx cannot be loaded: the file or one it needs is not found."},
-        {"(car 1", "Command: "},
+        {"(car 1\n", "standard input:2: ; error: malformed list on input"},
         {"\n(/ 1 0)", "standard input:2: ; error: divide by zero"},
         {"SCRIPT nothing", "standard input:1: Cannot find the script \"nothing\"."},
         {"PLOT Nowhere x.png", "standard input:1: Cannot plot \"x.png\""},

@@ -75,12 +75,17 @@ TEST_F(AnswersFromKeys, ParenthesesHoldATokenTogether)
 {
     source.setInterpreter([](const std::wstring& text) -> std::optional<Answer> {
         if (text == L"(f \"a )\" 2)") return Answer::ofText(L"42");
+        if (text == L"(f  \"a )\" 2)") return Answer::ofText(L"a comment before");
+        if (text == L"(g \"\\\")\")") return Answer::ofText(L"a quote inside");
         if (text == L"'Z") return Answer::enter();
         return std::nullopt;
     });
-    source.type(L"(f \"a )\" 2) 'Z 7 ");
+    source.type(L"(f \"a )\" 2) 'Z (f ; no ) \"here\n\"a )\" 2) 7 ");
     EXPECT_EQ(token(), L"42");
+    EXPECT_EQ(token(), L"a comment before");
     EXPECT_EQ(token(), L"7");
+    source.type(L"(g \"\\\")\") ");
+    EXPECT_EQ(token(), L"a quote inside");
 }
 
 TEST_F(AnswersFromKeys, ScopesEndWithACancelAndLeaveTheUsersKeysAlone)
