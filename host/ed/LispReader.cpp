@@ -116,8 +116,9 @@ private:
     }
     bool readWord(LispForm& form)
     {
+        constexpr std::wstring_view ends = L"()\"'"; // a null character is one like others
         const std::size_t from = mAt;
-        while (mAt < mText.size() && !std::iswspace(mText[mAt]) && !std::wcschr(L"()\"'", mText[mAt])) ++mAt;
+        while (mAt < mText.size() && !std::iswspace(mText[mAt]) && ends.find(mText[mAt]) == ends.npos) ++mAt;
         form = atom(mText.substr(from, mAt - from));
         return true;
     }
