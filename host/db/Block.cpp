@@ -138,6 +138,29 @@ Acad::ErrorStatus AcDbBlockTableRecord::openBlockEnd(AcDbBlockEnd*& end, AcDb::O
     return acdbOpenObject(end, mEnd, mode);
 }
 
+bool AcDbBlockTableRecord::isPermanent() const
+{
+    const bool isCurrentSpace = mName.CompareNoCase(ACDB_MODEL_SPACE) == 0 || mName.CompareNoCase(ACDB_PAPER_SPACE) == 0;
+    return isCurrentSpace || (mLayout.isValid() && !mLayout.isErased());
+}
+
+CString AcDbBlockTableRecord::nameIn(const AcDbSymbolTable& table) const
+{
+    if (mName.GetLength() != 2 || mName[0] != L'*' || !wcschr(L"UDXTEAudxtea", mName[1])) return mName;
+    CString name;
+    // Most numbers up to that of the records are taken.
+    for (std::size_t number = std::max<std::size_t>(table.recordIds().size(), 2) - 1;; ++number) {
+        name.Format(L"%ls%d", static_cast<const wchar_t*>(mName), static_cast<int>(number));
+        if (!table.has(name)) return name;
+    }
+}
+
+void AcDbBlockTableRecord::addedToTable()
+{
+    if (mName[0] == L'*' && !isLayout()) mFlags |= 1;
+    BlockAccess::addMarks(*this);
+}
+
 Acad::ErrorStatus AcDbBlockTableRecord::subErase(bool erasing)
 {
     return AcDbSymbolTableRecord::subErase(erasing);

@@ -12,6 +12,15 @@ struct BlockAccess {
     static AcDbObjectId& end(AcDbBlockTableRecord& block) { return block.mEnd; }
     /// Gives a block of a drawing the head and end that files show around its entities.
     static void addMarks(AcDbBlockTableRecord& block);
+    /// What shows the block, and what once did.
+    static std::vector<AcDbObjectId>& references(AcDbBlockTableRecord& block) { return block.mReferences; }
+    static const std::vector<AcDbObjectId>& references(const AcDbBlockTableRecord& block) { return block.mReferences; }
+    /// Whether a listed object still shows the block.
+    static bool isShownBy(const AcDbBlockTableRecord& block, AcDbObjectId reference);
+    /// Those that show it now, each once.
+    static std::vector<AcDbObjectId> livingReferences(const AcDbBlockTableRecord& block);
+    /// After reading: those that are listed are told so.
+    static void checkReferences(AcDbBlockTableRecord& block);
     static AcDbObjectId& layout(AcDbBlockTableRecord& block) { return block.mLayout; }
     static const CString& comments(const AcDbBlockTableRecord& block) { return block.mComments; }
     static const CString& pathName(const AcDbBlockTableRecord& block) { return block.mPathName; }

@@ -3,7 +3,10 @@
 #include "BlockAccess.h"
 #include "ClassRegistration.h"
 #include "DxfFields.h"
+#include "DxfKept.h"
 #include "Stub.h"
+
+#include <unordered_set>
 
 ACDB_DXF_CLASS(AcDbBlockBegin, AcDbEntity, BLOCK)
 ACDB_DXF_CLASS(AcDbBlockEnd, AcDbEntity, ENDBLK)
@@ -27,6 +30,34 @@ void writeHead(const AcDbObject& head, const DxfField&, DxfSink& sink)
     sink.wide(3, block->name());
     sink.wide(1, BlockAccess::pathName(*block));
     if (!BlockAccess::comments(*block).IsEmpty()) sink.wide(4, BlockAccess::comments(*block));
+}
+
+/// The references in braces, null handles for those that are gone; another program's braces are kept.
+void readReferences(AcDbObject& object, const DxfField&, DxfSource& source)
+{
+    if (source.peek()->text != "{BLKREFS") {
+        keepGroup(object, &AcDbBlockTableRecord::dxf, *source.peek());
+        return source.take();
+    }
+    std::vector<AcDbObjectId>& references = BlockAccess::references(static_cast<AcDbBlockTableRecord&>(object));
+    for (source.take(); const DxfGroup* group = source.peek(); source.take()) {
+        if (group->is(102)) return source.take();
+        if (!group->is(331)) return;
+        references.push_back(source.stubOf(static_cast<std::uint64_t>(group->integer)));
+    }
+}
+
+void writeReferences(const AcDbObject& object, const DxfField& field, DxfSink& sink)
+{
+    const auto& block = static_cast<const AcDbBlockTableRecord&>(object);
+    if (BlockAccess::references(block).empty()) return;
+    sink.text(field.code, "{BLKREFS");
+    std::unordered_set<AcDbObjectId> seen;
+    for (const AcDbObjectId id : BlockAccess::references(block)) {
+        const bool shows = BlockAccess::isShownBy(block, id);
+        if (!shows || seen.insert(id).second) sink.handle(331, shows ? id : AcDbObjectId());
+    }
+    sink.text(field.code, "}");
 }
 
 void skip(AcDbObject&, const DxfField&, DxfSource& source) { source.take(); }
@@ -64,6 +95,7 @@ const DxfClass AcDbBlockTableRecord::dxf("AcDbBlockTableRecord", &AcDbSymbolTabl
                                          {
                                              dxf::text<&AcDbBlockTableRecord::mName>(2),
                                              dxf::reference<&AcDbBlockTableRecord::mLayout>(340),
+                                             dxf::custom(102, readReferences, writeReferences),
                                              dxf::integer<&AcDbBlockTableRecord::mInsertUnits>(70).from(DxfVersion::r2007),
                                              dxf::integer<&AcDbBlockTableRecord::mExplodable>(280).from(DxfVersion::r2007),
                                              dxf::integer<&AcDbBlockTableRecord::mUniformScale>(281).from(DxfVersion::r2007),

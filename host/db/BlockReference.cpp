@@ -1,5 +1,6 @@
 #include "dbblkref.h"
 
+#include "BlockAccess.h"
 #include "EntityAccess.h"
 #include "Ocs.h"
 #include "Stub.h"
@@ -25,6 +26,7 @@ AcDbBlockReference::AcDbBlockReference(const AcDbBlockReference& other)
 AcDbBlockReference& AcDbBlockReference::operator=(const AcDbBlockReference& other)
 {
     AcDbEntity::operator=(other);
+    mIsListed = mIsListed && mBlock == other.mBlock;
     mBlock = other.mBlock;
     mPosition = other.mPosition;
     mScale = other.mScale;
@@ -42,8 +44,26 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block)
     if (database() && block.database() != database()) return Acad::eWrongDatabase;
     if (block == ownerId()) return Acad::eSelfReference;
     const Acad::ErrorStatus status = beginChange();
-    if (status == Acad::eOk) mBlock = block;
+    if (status != Acad::eOk || mBlock == block) return status;
+    mBlock = block;
+    mIsListed = false;
+    listInBlock();
     return status;
+}
+
+void AcDbBlockReference::listInBlock()
+{
+    auto* block = AcDbBlockTableRecord::cast(residentObject(mBlock));
+    if (mIsListed || !block || !database()) return;
+    BlockAccess::references(*block).push_back(objectId());
+    mIsListed = true;
+}
+
+// What lists change comes here without a setter.
+void AcDbBlockReference::subClose()
+{
+    listInBlock();
+    AcDbEntity::subClose();
 }
 
 AcGePoint3d AcDbBlockReference::position() const { return ocs::toWorld(mNormal) * mPosition; }
@@ -99,6 +119,7 @@ Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbObjectId& id, AcDbAttr
     if (status != Acad::eOk) return status;
     EntityAccess::resolveProperties(*attribute);
     subentities()->ids.push_back(id);
+    EntityAccess::endSubentities(*this);
     return Acad::eOk;
 }
 

@@ -1,44 +1,49 @@
-/// Who refers to a block.
+/// Who refers to a block. A block lists what shows it, and is asked without looking through the drawing.
 
+#include "BlockAccess.h"
 #include "Stub.h"
 #include "dbblkref.h"
-#include "dbblock.h"
-#include "dbdatabase.h"
 
 #include <unordered_set>
 
-namespace
+bool BlockAccess::isShownBy(const AcDbBlockTableRecord& block, AcDbObjectId id)
 {
-using Ids = std::unordered_set<AcDbObjectId>;
+    if (!residentObject(id) || id.isEffectivelyErased()) return false;
+    // What a file lists and is no reference itself shows the block in a way of its own: a table.
+    const auto* reference = AcDbBlockReference::cast(residentObject(id));
+    return !reference || reference->blockTableRecord() == block.objectId();
+}
 
-/// Calls `visit(id, reference, block that holds it)` for every living reference of a drawing.
-template <class Visit>
-void forEachReference(const AcDbDatabase& database, Visit visit)
+std::vector<AcDbObjectId> BlockAccess::livingReferences(const AcDbBlockTableRecord& block)
 {
-    const auto* blocks = AcDbBlockTable::cast(residentObject(database.blockTableId()));
-    for (const AcDbObjectId blockId : blocks->recordIds()) {
-        if (blockId.isErased()) continue;
-        for (const AcDbObjectId id : static_cast<AcDbBlockTableRecord*>(residentObject(blockId))->entityIds()) {
-            const auto* reference = id.isErased() ? nullptr : AcDbBlockReference::cast(residentObject(id));
-            if (reference) visit(id, *reference, blockId);
-        }
+    std::vector<AcDbObjectId> living;
+    std::unordered_set<AcDbObjectId> seen;
+    for (const AcDbObjectId id : block.mReferences) {
+        if (isShownBy(block, id) && seen.insert(id).second) living.push_back(id);
+    }
+    return living;
+}
+
+void BlockAccess::checkReferences(AcDbBlockTableRecord& block)
+{
+    for (const AcDbObjectId id : block.mReferences) {
+        if (isShownBy(block, id) && AcDbBlockReference::cast(residentObject(id)))
+            static_cast<AcDbBlockReference*>(residentObject(id))->mIsListed = true;
     }
 }
-} // namespace
 
 Acad::ErrorStatus AcDbBlockTableRecord::getBlockReferenceIds(AcDbObjectIdArray& ids, bool directOnly, bool) const
 {
     if (!database()) return Acad::eNotInDatabase;
-    Ids wanted{objectId()};
-    Ids found;
-    // Blocks that hold a reference count as the block itself, until no more are found.
-    for (std::size_t before = 0; before != wanted.size();) {
-        before = wanted.size();
-        forEachReference(*database(), [&](AcDbObjectId id, const AcDbBlockReference& reference, AcDbObjectId holder) {
-            if (!wanted.count(reference.blockTableRecord())) return;
-            if (found.insert(id).second) ids.append(id);
-            if (!directOnly) wanted.insert(holder);
-        });
+    std::vector<const AcDbBlockTableRecord*> blocks{this};
+    std::unordered_set<const AcDbBlockTableRecord*> met{this};
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        for (const AcDbObjectId id : BlockAccess::livingReferences(*blocks[i])) {
+            ids.append(id);
+            // References to a block that holds this one show this one too.
+            const auto* holder = AcDbBlockTableRecord::cast(residentObject(residentObject(id)->ownerId()));
+            if (!directOnly && holder && met.insert(holder).second) blocks.push_back(holder);
+        }
     }
     return Acad::eOk;
 }

@@ -1,15 +1,15 @@
 #include "dbdatabase.h"
 
 #include "AddRecord.h"
-#include "BlockAccess.h"
 #include "ClassRegistration.h"
 #include "CurrentFrame.h"
 #include "DatabaseState.h"
 #include "DbObjectAccess.h"
 #include "DefaultDrawing.h"
 #include "DefaultLayouts.h"
-#include "EntityAccess.h"
 #include "NamedObjects.h"
+#include "ObjectNotices.h"
+#include "dbblock.h"
 
 #include <algorithm>
 
@@ -25,15 +25,6 @@ AcDbObjectId addTable(AcDbDatabase& database, AcDbSymbolTable* table)
     return id;
 }
 
-AcDbObjectId addSpace(AcDbDatabase& database, const wchar_t* name)
-{
-    const AcDbObjectId id = addRecord<AcDbBlockTable>(database, new AcDbBlockTableRecord, name);
-    AcDbBlockTableRecord* space = nullptr;
-    acdbOpenObject(space, id, AcDb::kForWrite);
-    BlockAccess::addMarks(*space);
-    space->close();
-    return id;
-}
 
 void addTables(AcDbDatabase& database, DatabaseState& state)
 {
@@ -58,8 +49,8 @@ void addFirstRecords(AcDbDatabase& database, DatabaseState& state)
     state.layerZero = state.clayer = addRecord<AcDbLayerTable>(database, new AcDbLayerTableRecord, L"0");
     state.celtype = state.byLayer;
     state.textstyle = addRecord<AcDbTextStyleTable>(database, new AcDbTextStyleTableRecord, L"Standard");
-    state.modelSpace = addSpace(database, ACDB_MODEL_SPACE);
-    state.paperSpace = addSpace(database, ACDB_PAPER_SPACE);
+    state.modelSpace = addRecord<AcDbBlockTable>(database, new AcDbBlockTableRecord, ACDB_MODEL_SPACE);
+    state.paperSpace = addRecord<AcDbBlockTable>(database, new AcDbBlockTableRecord, ACDB_PAPER_SPACE);
 }
 } // namespace
 
@@ -74,7 +65,10 @@ AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool) : mState(std::make_un
     addMissingLayouts(*this);
 }
 
-AcDbDatabase::~AcDbDatabase() = default;
+AcDbDatabase::~AcDbDatabase()
+{
+    notices::goodbye(*this);
+}
 
 DatabaseState::DatabaseState(AcDbDatabase* database) : stubs(database), codePage(GetACP()) {}
 
@@ -89,8 +83,10 @@ DatabaseState::~DatabaseState()
 
 void DatabaseAccess::reset(AcDbDatabase& database)
 {
+    std::vector<AcDbDatabaseReactor*> reactors = std::move(database.mState->reactors);
     database.mState = std::make_unique<DatabaseState>(&database);
     database.mState->isBare = true;
+    database.mState->reactors = std::move(reactors);
 }
 
 Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound, const AcDbHandle& handle,
@@ -117,6 +113,7 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
     AcDbStub* stub = mState->stubs.add();
     DbObjectAccess::makeResident(*object, *stub, owner);
     id = stub;
+    notices::appended(*object);
     return Acad::eOk;
 }
 

@@ -26,6 +26,8 @@ struct DatabaseState {
     bool isBare = false;       ///< holds nothing but what a file will replace
     bool needsRecovery = false; ///< the file had faults that were repaired
 
+    std::vector<AcDbDatabaseReactor*> reactors;
+
     // What new entities get.
     AcDbObjectId clayer, celtype, textstyle, dimstyle;
     AcCmColor cecolor;

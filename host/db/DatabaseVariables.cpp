@@ -1,6 +1,7 @@
 /// The variables of a drawing's header as members of the database.
 
 #include "DatabaseState.h"
+#include "ObjectNotices.h"
 #include "Stub.h"
 #include "dbblock.h"
 #include "dbextent.h"
@@ -38,11 +39,21 @@ Acad::ErrorStatus checkCurrent(const AcDbDatabase& database, AcDbObjectId id)
     return id.database() == &database ? Acad::eOk : Acad::eWrongDatabase;
 }
 
+/// Sets a variable between the two notices of it; a leading $ is not part of the name of a system variable.
+template <class Set>
+void change(const AcDbDatabase& database, const char* variable, Set set)
+{
+    const CString name(*variable == '$' ? variable + 1 : variable);
+    notices::headerWillChange(database, name);
+    set();
+    notices::headerChanged(database, name);
+}
+
 template <class Record>
-Acad::ErrorStatus setCurrent(const AcDbDatabase& database, AcDbObjectId id, AcDbObjectId& to)
+Acad::ErrorStatus setCurrent(const AcDbDatabase& database, const char* variable, AcDbObjectId id, AcDbObjectId& to)
 {
     const Acad::ErrorStatus status = checkCurrent<Record>(database, id);
-    if (status == Acad::eOk) to = id;
+    if (status == Acad::eOk) change(database, variable, [&] { to = id; });
     return status;
 }
 } // namespace
@@ -52,7 +63,7 @@ Acad::ErrorStatus setCurrent(const AcDbDatabase& database, AcDbObjectId id, AcDb
     Acad::ErrorStatus AcDbDatabase::SET(double value)                                                        \
     {                                                                                                        \
         if (!(value >= (LEAST) && value <= (MOST))) return Acad::eInvalidInput;                              \
-        mState->header.setReal(NAME, value);                                                                 \
+        change(*this, NAME, [&] { mState->header.setReal(NAME, value); });                                   \
         return Acad::eOk;                                                                                    \
     }
 ACDB_HEADER_REALS(DEFINE_REAL)
@@ -63,7 +74,7 @@ ACDB_HEADER_REALS(DEFINE_REAL)
     {                                                                                                        \
         const int number = static_cast<int>(value);                                                          \
         if (number < (LEAST) || number > (MOST)) return Acad::eInvalidInput;                                 \
-        mState->header.setInteger(NAME, number);                                                             \
+        change(*this, NAME, [&] { mState->header.setInteger(NAME, number); });                               \
         return Acad::eOk;                                                                                    \
     }
 ACDB_HEADER_INTEGERS(DEFINE_INTEGER)
@@ -78,7 +89,7 @@ ACDB_HEADER_INTEGERS(DEFINE_INTEGER)
     Acad::ErrorStatus AcDbDatabase::SET(const TYPE& value)                                                   \
     {                                                                                                        \
         if (!isFinite(pointOf(value))) return Acad::eInvalidInput;                                           \
-        mState->header.setPoint(NAME, pointOf(value));                                                       \
+        change(*this, NAME, [&] { mState->header.setPoint(NAME, pointOf(value)); });                         \
         return Acad::eOk;                                                                                    \
     }
 ACDB_HEADER_POINTS(DEFINE_POINT)
@@ -97,7 +108,7 @@ double AcDbDatabase::angbase() const { return mState->header.real("$ANGBASE") * 
 Acad::ErrorStatus AcDbDatabase::setAngbase(double radians)
 {
     if (!std::isfinite(radians)) return Acad::eInvalidInput;
-    mState->header.setReal("$ANGBASE", radians / dxf::radiansPerDegree);
+    change(*this, "$ANGBASE", [&] { mState->header.setReal("$ANGBASE", radians / dxf::radiansPerDegree); });
     return Acad::eOk;
 }
 
@@ -109,23 +120,23 @@ AcCmColor AcDbDatabase::cecolor() const { return mState->cecolor; }
 
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId id)
 {
-    return setCurrent<AcDbLayerTableRecord>(*this, id, mState->clayer);
+    return setCurrent<AcDbLayerTableRecord>(*this, "CLAYER", id, mState->clayer);
 }
 Acad::ErrorStatus AcDbDatabase::setCeltype(AcDbObjectId id)
 {
-    return setCurrent<AcDbLinetypeTableRecord>(*this, id, mState->celtype);
+    return setCurrent<AcDbLinetypeTableRecord>(*this, "CELTYPE", id, mState->celtype);
 }
 Acad::ErrorStatus AcDbDatabase::setTextstyle(AcDbObjectId id)
 {
-    return setCurrent<AcDbTextStyleTableRecord>(*this, id, mState->textstyle);
+    return setCurrent<AcDbTextStyleTableRecord>(*this, "TEXTSTYLE", id, mState->textstyle);
 }
 Acad::ErrorStatus AcDbDatabase::setDimstyle(AcDbObjectId id)
 {
-    return setCurrent<AcDbDimStyleTableRecord>(*this, id, mState->dimstyle);
+    return setCurrent<AcDbDimStyleTableRecord>(*this, "DIMSTYLE", id, mState->dimstyle);
 }
 Acad::ErrorStatus AcDbDatabase::setCecolor(const AcCmColor& color)
 {
-    mState->cecolor = color;
+    change(*this, "CECOLOR", [&] { mState->cecolor = color; });
     return Acad::eOk;
 }
 

@@ -111,6 +111,7 @@ Acad::ErrorStatus AcDbObject::cancel()
         assignState(*mExtras->before);
     }
     notices::cancelled(*this);
+    if (mIsNew) notices::unappended(*this);
     DbObjectAccess::settle(*this);
     return Acad::eOk;
 }

@@ -28,6 +28,22 @@ struct DimStyleAccess {
 
 namespace
 {
+/// Up to R14 arrows are named; since then they are referred to.
+template <auto Arrow>
+DxfField arrowName(int code)
+{
+    return dxf::custom(
+        code,
+        [](AcDbObject& object, const DxfField&, DxfSource& source) {
+            constexpr int blockName = 2;
+            const DxfGroup& group = *source.peek();
+            const bool isNamed = group.kind == DxfKind::text && !group.text.empty();
+            if (isNamed) dxf::MemberTraits<Arrow>::of(object) = AcDbObjectId(source.recordOf(blockName, group.text));
+            source.take();
+        },
+        nullptr);
+}
+
 /// The version that brought a variable, by its code: R12 ends with DIMCLRT.
 DxfField since(DxfField field)
 {
@@ -52,6 +68,8 @@ const DxfClass AcDbDimStyleTableRecord::dxf(
                     [](const AcDbObject& object, const DxfField& field, DxfSink& sink) {
                         sink.integer(field.code, static_cast<const AcDbDimStyleTableRecord&>(object).flags());
                     }),
+        arrowName<&AcDbDimStyleTableRecord::mDimblk>(5), arrowName<&AcDbDimStyleTableRecord::mDimblk1>(6),
+        arrowName<&AcDbDimStyleTableRecord::mDimblk2>(7),
         ACDB_DIM_TEXTS(ACDB_DIM_TEXT_FIELD) ACDB_DIM_REALS(ACDB_DIM_REAL_FIELD) ACDB_DIM_ANGLES(ACDB_DIM_ANGLE_FIELD)
             dxf::custom(70, nullptr, DimStyleAccess::writeFillColor)
                 .from(DxfVersion::r2007),

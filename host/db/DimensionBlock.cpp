@@ -1,7 +1,6 @@
 /// The picture of a dimension: from its block, or made from its points.
 
 #include "acgi.h"
-#include "BlockAccess.h"
 #include "dbblock.h"
 #include "dbdatabase.h"
 #include "dbdimension.h"
@@ -92,16 +91,9 @@ struct DimensionBlock {
         AcDbBlockTable* table = nullptr;
         Acad::ErrorStatus status = database.getBlockTable(table, AcDb::kForWrite);
         if (status != Acad::eOk) return status;
-        CString name;
-        for (std::size_t number = table->recordIds().size();; ++number) {
-            name.Format(L"*D%d", static_cast<int>(number));
-            if (!table->has(name)) break;
-        }
         auto record = std::make_unique<AcDbBlockTableRecord>();
-        SymbolTableAccess::setName(*record, name);
-        SymbolTableAccess::flags(*record) = 1;
+        SymbolTableAccess::setName(*record, L"*D");
         status = table->add(record.get());
-        if (status == Acad::eOk) BlockAccess::addMarks(*record);
         block = status == Acad::eOk ? record.release() : nullptr;
         table->close();
         return status;

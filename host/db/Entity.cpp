@@ -10,6 +10,7 @@
 #include "dbdatabase.h"
 
 ACDB_ABSTRACT_CLASS(AcDbEntity, AcDbObject)
+ACDB_ABSTRACT_CLASS(AcDbEntityReactor, AcDbObjectReactor)
 
 namespace
 {
@@ -209,6 +210,16 @@ void EntityAccess::takeProperties(AcDbEntity& to, const AcDbEntity& from)
     to.mLinetype = from.mLinetype;
     to.mLinetypeScale = from.mLinetypeScale;
     to.mLineWeight = from.mLineWeight;
+}
+
+void EntityAccess::endSubentities(AcDbEntity& owner)
+{
+    AcDbObjectId& mark = owner.subentities()->sequenceEnd;
+    if (!mark.isNull()) return;
+    auto* end = new AcDbSequenceEnd;
+    owner.database()->addAcDbObject(mark, end, owner.objectId());
+    takeProperties(*end, owner);
+    end->close();
 }
 
 Acad::ErrorStatus AcDbEntity::subMayWrite() const

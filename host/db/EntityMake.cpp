@@ -73,6 +73,8 @@ AcDbObjectId appendTo(AcDbObjectId ownerId, AcDbEntity& entity)
     EntityAccess::resolveProperties(entity);
     DbSubentities& list = *owner->subentities();
     if (entity.isKindOf(AcDbSequenceEnd::desc())) {
+        // The mark that the owner was given when it was added makes way for the one that the caller names.
+        if (AcDbStub* given = list.sequenceEnd) given->erased = true;
         list.sequenceEnd = id;
         owner->completeRead();
     } else {

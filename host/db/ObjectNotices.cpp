@@ -1,6 +1,14 @@
 #include "ObjectNotices.h"
 
+#include "ClassRegistration.h"
+#include "DatabaseState.h"
 #include "DbObjectAccess.h"
+#include "dbdatabasereactor.h"
+#include "dbentity.h"
+
+#include <algorithm>
+
+ACDB_ABSTRACT_CLASS(AcDbDatabaseReactor, AcRxObject)
 
 namespace
 {
@@ -32,11 +40,51 @@ void tellPersistent(const AcDbObject& object, Tell tell)
     }
 }
 
+bool isAttached(const AcDbDatabase& database, AcDbDatabaseReactor* reactor)
+{
+    const std::vector<AcDbDatabaseReactor*>& all = DatabaseAccess::of(database).reactors;
+    return std::find(all.begin(), all.end(), reactor) != all.end();
+}
+
+template <class Tell>
+void tellDatabase(const AcDbDatabase& database, Tell tell)
+{
+    if (DatabaseAccess::of(database).reactors.empty()) return;
+    const std::vector<AcDbDatabaseReactor*> reactors = DatabaseAccess::of(database).reactors;
+    for (AcDbDatabaseReactor* reactor : reactors) {
+        if (isAttached(database, reactor)) tell(*reactor);
+    }
+}
+
+/// The reactors of the drawing that an object is in; `tell(reactor, drawing)`.
+template <class Tell>
+void tellDrawing(const AcDbObject& object, Tell tell)
+{
+    const AcDbDatabase* drawing = object.database();
+    if (drawing) tellDatabase(*drawing, [&](AcDbDatabaseReactor& reactor) { tell(reactor, drawing); });
+}
+
 template <class Tell>
 void tellAll(const AcDbObject& object, Tell tell)
 {
     tellTransient(object, tell);
     tellPersistent(object, tell);
+}
+void graphicsChanged(AcDbObject& object)
+{
+    tellPersistent(object, [&](AcDbObject& reactor) { reactor.modifiedGraphics(&object); });
+    const AcDbEntity* entity = AcDbEntity::cast(&object);
+    if (!entity) return;
+    tellTransient(object, [&](AcDbObjectReactor& reactor) {
+        if (auto* ofEntity = AcDbEntityReactor::cast(&reactor)) ofEntity->modifiedGraphics(entity);
+    });
+}
+
+/// The polyline of a vertex, the reference of an attribute.
+void tellOwner(AcDbObject& object)
+{
+    const AcDbEntity* owner = AcDbEntity::cast(residentObject(object.ownerId()));
+    if (owner) tellAll(*owner, [&](auto& reactor) { reactor.subObjModified(owner, &object); });
 }
 } // namespace
 
@@ -45,6 +93,7 @@ namespace notices
 void openedForModify(AcDbObject& object)
 {
     tellAll(object, [&](auto& reactor) { reactor.openedForModify(&object); });
+    tellDrawing(object, [&](auto& reactor, auto* drawing) { reactor.objectOpenedForModify(drawing, &object); });
 }
 
 void changesOf(AcDbObject& object)
@@ -55,19 +104,33 @@ void changesOf(AcDbObject& object)
         reactor.modified(&object);
         if (object.isModifiedXData()) reactor.modifiedXData(&object);
     });
-    if (object.isModifiedGraphics())
-        tellPersistent(object, [&](AcDbObject& reactor) { reactor.modifiedGraphics(&object); });
+    if (object.isModifiedGraphics()) graphicsChanged(object);
+    tellOwner(object);
+    if (!object.isNewObject())
+        tellDrawing(object, [&](auto& reactor, auto* drawing) { reactor.objectModified(drawing, &object); });
     DbObjectAccess::setNotifying(object, false);
+}
+
+void appended(AcDbObject& object)
+{
+    tellDrawing(object, [&](auto& reactor, auto* drawing) { reactor.objectAppended(drawing, &object); });
+}
+
+void unappended(AcDbObject& object)
+{
+    tellAll(object, [&](auto& reactor) { reactor.unappended(&object); });
+    tellDrawing(object, [&](auto& reactor, auto* drawing) { reactor.objectUnAppended(drawing, &object); });
 }
 
 void erased(AcDbObject& object, bool erasing)
 {
     tellAll(object, [&](auto& reactor) { reactor.erased(&object, erasing); });
+    tellDrawing(object, [&](auto& reactor, auto* drawing) { reactor.objectErased(drawing, &object, erasing); });
 }
 
 void cancelled(AcDbObject& object)
 {
-    tellTransient(object, [&](AcDbObjectReactor& reactor) { reactor.cancelled(&object); });
+    tellAll(object, [&](auto& reactor) { reactor.cancelled(&object); });
 }
 
 void closed(AcDbObject& object)
@@ -85,4 +148,36 @@ void goodbye(AcDbObject& object)
 {
     tellTransient(object, [&](AcDbObjectReactor& reactor) { reactor.goodbye(&object); });
 }
+
+void goodbye(const AcDbDatabase& database)
+{
+    tellDatabase(database, [&](AcDbDatabaseReactor& reactor) { reactor.goodbye(&database); });
+}
+
+void headerWillChange(const AcDbDatabase& database, const ACHAR* name)
+{
+    tellDatabase(database, [&](AcDbDatabaseReactor& reactor) { reactor.headerSysVarWillChange(&database, name); });
+}
+
+void headerChanged(const AcDbDatabase& database, const ACHAR* name)
+{
+    tellDatabase(database, [&](AcDbDatabaseReactor& reactor) { reactor.headerSysVarChanged(&database, name, true); });
+}
 } // namespace notices
+
+Acad::ErrorStatus AcDbDatabase::addReactor(AcDbDatabaseReactor* reactor) const
+{
+    if (!reactor) return Acad::eNullObjectPointer;
+    if (isAttached(*this, reactor)) return Acad::eDuplicateKey;
+    mState->reactors.push_back(reactor);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabase::removeReactor(AcDbDatabaseReactor* reactor) const
+{
+    std::vector<AcDbDatabaseReactor*>& all = mState->reactors;
+    const auto at = std::find(all.begin(), all.end(), reactor);
+    if (at == all.end()) return Acad::eKeyNotFound;
+    all.erase(at);
+    return Acad::eOk;
+}

@@ -9,9 +9,15 @@ namespace notices
 void openedForModify(AcDbObject& object);
 /// Told when an open for write ends: modified, modifiedGraphics, modifiedXData, as they apply.
 void changesOf(AcDbObject& object);
+void appended(AcDbObject& object);
+void unappended(AcDbObject& object);
 void erased(AcDbObject& object, bool erasing);
 void cancelled(AcDbObject& object);
 void closed(AcDbObject& object);
 void copied(const AcDbObject& original, const AcDbObject& copy);
 void goodbye(AcDbObject& object);
+void goodbye(const AcDbDatabase& database);
+/// `name` is that of the system variable.
+void headerWillChange(const AcDbDatabase& database, const ACHAR* name);
+void headerChanged(const AcDbDatabase& database, const ACHAR* name);
 } // namespace notices

@@ -124,14 +124,17 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     if (!record) return Acad::eNullObjectPointer;
     if (!record->isKindOf(recordClass())) return Acad::eWrongObjectType;
     if (record->database()) return Acad::eAlreadyInDb;
-    const bool isNameless = record->sharesName() && record->name().IsEmpty();
-    if (!isSymbolName(record->name()) && !isNameless) return Acad::eInvalidSymbolTableName;
-    if (!record->sharesName() && has(record->name())) return Acad::eDuplicateRecordName;
+    const CString name = record->nameIn(*this);
+    const bool isNameless = record->sharesName() && name.IsEmpty();
+    if (!isSymbolName(name) && !isNameless) return Acad::eInvalidSymbolTableName;
+    if (!record->sharesName() && has(name)) return Acad::eDuplicateRecordName;
     const Acad::ErrorStatus writable = assertWriteEnabled();
     if (writable != Acad::eOk) return writable;
     const Acad::ErrorStatus status = database()->addAcDbObject(id, record, objectId());
     if (status != Acad::eOk) return status;
-    list(id, record->name());
+    record->mName = name;
+    list(id, name);
+    record->addedToTable();
     return Acad::eOk;
 }
 

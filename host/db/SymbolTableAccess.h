@@ -18,5 +18,11 @@ struct SymbolTableAccess {
         const auto at = std::find(table.mIds.begin(), table.mIds.end(), record);
         if (at != table.mIds.end()) std::rotate(table.mIds.begin(), at, at + 1);
     }
+    /// Gives a listed record another name, the system's own too.
+    static void rename(AcDbSymbolTable& table, AcDbSymbolTableRecord& record, const CString& name)
+    {
+        table.rename(record.objectId(), record.mName, name);
+        record.mName = name;
+    }
     static int& flags(AcDbSymbolTableRecord& record) { return record.mFlags; }
 };

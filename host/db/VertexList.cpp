@@ -1,6 +1,5 @@
 #include "VertexList.h"
 
-#include "dbblock.h"
 #include "dbdatabase.h"
 #include "dbobjiter.h"
 #include "EntityAccess.h"
@@ -101,11 +100,7 @@ void VertexList::addToDrawing(AcDbEntity& owner)
         mStored.ids.push_back(id);
     }
     mOwned.clear();
-    if (!mStored.sequenceEnd.isNull()) return;
-    auto* end = new AcDbSequenceEnd;
-    database.addAcDbObject(mStored.sequenceEnd, end, owner.objectId());
-    EntityAccess::takeProperties(*end, owner);
-    end->close();
+    EntityAccess::endSubentities(owner);
 }
 
 void VertexList::erase(bool erasing) const

@@ -87,8 +87,11 @@ void completeBlocks(ReadContext& context)
     state.modelSpace = spaceRecord(context, ACDB_MODEL_SPACE).objectId();
     state.paperSpace = spaceRecord(context, ACDB_PAPER_SPACE).objectId();
     const auto& table = static_cast<AcDbSymbolTable&>(*residentObject(state.blockTable));
-    for (const AcDbObjectId id : table.recordIds())
-        completeBlock(context, static_cast<AcDbBlockTableRecord&>(*residentObject(id)));
+    for (const AcDbObjectId id : table.recordIds()) {
+        auto& block = static_cast<AcDbBlockTableRecord&>(*residentObject(id));
+        completeBlock(context, block);
+        BlockAccess::checkReferences(block);
+    }
 }
 
 void completeEntities(DatabaseState& state)

@@ -203,7 +203,7 @@ void DrawingWriter::writeEntity(AcDbEntity& entity)
     _progress.reach(++_written, _state.stubs.size());
     dxfWriteRecord(entity, _sink);
     const DbSubentities* list = entity.subentities();
-    if (!list || list->sequenceEnd.isNull()) return;
+    if (!list || (list->ids.empty() && list->sequenceEnd.isNull())) return;
     const AcDbObjectId owner = list->fileNamesBlockAsOwner ? entity.ownerId() : entity.objectId();
     for (const AcDbObjectId id : list->ids) writeSubentity(id, owner);
     writeSubentity(list->sequenceEnd, owner);

@@ -43,7 +43,7 @@ void FileSource::start(const Record& record)
 void FileSource::fill(const Group& group)
 {
     _group.code = group.code();
-    _group.kind = dxfKindOf(group.code());
+    _group.kind = group.code() == 5 && isArrowName() ? DxfKind::text : dxfKindOf(group.code());
     _isFilled = true;
     switch (_group.kind) {
     case DxfKind::real: _group.real = group.real(); break;
@@ -59,6 +59,13 @@ void FileSource::fill(const Group& group)
         break;
     case DxfKind::text: fillText(group);
     }
+}
+
+/// Dimension styles had the name of a block in group 5 before it became a reference; their handle is in 105.
+bool FileSource::isArrowName() const
+{
+    if (_record->name != "DIMSTYLE") return false;
+    return _context.state().originalVersion < static_cast<int>(FileVersion::r13) || _record->find(105);
 }
 
 void FileSource::fillText(const Group& group)

@@ -38,6 +38,7 @@ public:
 
 private:
     void fill(const Group& group);
+    bool isArrowName() const;
     void fillText(const Group& group);
 
     ReadContext& _context;

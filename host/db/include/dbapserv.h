@@ -6,6 +6,7 @@
 #include "adesk.h"
 
 class AcDbDatabase;
+class AcDbLayoutManager;
 
 /// Shows how far long work is: opening, saving and plotting of drawings. start and stop enclose the work; setLimit says how
 /// often meterProgress will be called in between.
@@ -31,6 +32,8 @@ public:
     /// The meter that is told of long work; null for none. It stays its maker's.
     AcDbHostApplicationProgressMeter* workingProgressMeter() const { return mMeter; }
     void setWorkingProgressMeter(AcDbHostApplicationProgressMeter* meter) { mMeter = meter; }
+    /// The one layout manager, an AcApLayoutManager; never null.
+    AcDbLayoutManager* layoutManager() const;
 
 private:
     AcDbDatabase* mWorking = nullptr;

@@ -61,6 +61,9 @@ public:
     void intersectionCurves(Curves& curves, bool extended) const override;
     DbSubentities* subentities() override;
     const DbSubentities* subentities() const { return mAttributes.get(); }
+    void addedToDrawing() override { listInBlock(); }
+    void completeRead() override { listInBlock(); }
+    void subClose() override;
 
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
@@ -81,6 +84,9 @@ protected:
 
 private:
     friend struct BlockReferenceFields;
+    friend struct BlockAccess;
+    /// Makes itself known to the block, once.
+    void listInBlock();
     Acad::ErrorStatus changeAttributes(const AcGeMatrix3d& xform);
 
     AcDbObjectId mBlock;
@@ -89,6 +95,7 @@ private:
     double mRotation = 0.0;
     AcGeVector3d mNormal = AcGeVector3d::kZAxis;
     std::unique_ptr<DbSubentities> mAttributes; ///< null without attributes
+    bool mIsListed = false;                     ///< the block knows of it
 };
 
 /// Rows run along Y and columns along X of the reference, before its scale and after its rotation.

@@ -134,7 +134,10 @@ public:
     static const DxfClass dxf;
 
 protected:
-    bool isPermanent() const override { return isLayout(); }
+    bool isPermanent() const override;
+    /// The names that anonymous blocks ask for a number with: *U, *D, *X, *T, *E, *A.
+    CString nameIn(const AcDbSymbolTable& table) const override;
+    void addedToTable() override;
     Acad::ErrorStatus subErase(bool erasing) override;
 
 private:
@@ -142,6 +145,7 @@ private:
     friend class AcDbBlockTable;
 
     std::vector<AcDbObjectId> mEntities;
+    std::vector<AcDbObjectId> mReferences; ///< what has ever shown the block; some do not any more
     AcDbObjectId mBegin, mEnd, mLayout;
     AcGePoint3d mOrigin;
     CString mPathName, mComments;

@@ -16,6 +16,7 @@
 #include <memory>
 
 class SecurityParams;
+class AcDbDatabaseReactor;
 class AcDbDictionary;
 class AcDbDictionaryWithDefault;
 struct DatabaseState;
@@ -68,6 +69,13 @@ public:
     AcDb::AcDbDwgVersion lastSavedAsVersion() const;
     /// Whether the file that was read had faults, which were repaired.
     bool needsRecovery() const;
+
+    // Reactors, told of what happens to the objects and variables (dbdatabasereactor.h).
+
+    /// eDuplicateKey for one that is attached already, eNullObjectPointer.
+    Acad::ErrorStatus addReactor(AcDbDatabaseReactor* reactor) const;
+    /// eKeyNotFound for one that is not attached.
+    Acad::ErrorStatus removeReactor(AcDbDatabaseReactor* reactor) const;
 
     // Finding objects.
 

@@ -22,6 +22,16 @@ class AcDbEntity;
 class AcGeCurve3d;
 class AcGiWorldDraw;
 
+/// Attached as an AcDbObjectReactor is (addReactor); told also when the picture of the entity has changed.
+class AcDbEntityReactor : public AcDbObjectReactor
+{
+public:
+    ACRX_DECLARE_MEMBERS(AcDbEntityReactor);
+    virtual void modifiedGraphics(const AcDbEntity*) {}
+    /// A drag shows copies in real programs; here none is made and this is never called.
+    virtual void dragCloneToBeDeleted(const AcDbEntity*, const AcDbEntity*) {}
+};
+
 /// New entities that the caller owns.
 using AcDbVoidPtrArray = AcArray<void*>;
 using AcDbIntArray = AcArray<int>;

@@ -2,6 +2,7 @@
 
 #include "acdb.h"
 #include "dbidar.h"
+#include "dblayoutmanager.h"
 #include "dbplotsettings.h"
 #include "gepnt3d.h"
 #include "gevec3d.h"
@@ -35,6 +36,9 @@ public:
     /// open. The statuses of AcDbDictionary::setAt; eInvalidInput for a null database, eDuplicateKey for a name that
     /// is taken, eWrongObjectType for an id that is no block.
     Acad::ErrorStatus addToLayoutDict(AcDbDatabase* database, AcDbObjectId block);
+    /// Makes the viewport that shows the sheet itself, when the space has no viewport yet. `paperViewport` is given its id.
+    /// eNotInDatabase for a layout without a block, eNotApplicable for the model's.
+    Acad::ErrorStatus initialize(AcDbObjectId* paperViewport = nullptr);
     /// The viewports of the space, the one that is the sheet itself first.
     AcDbObjectIdArray getViewportArray() const;
 
@@ -47,6 +51,7 @@ public:
     void subCancel(const AcDbObject& before) override;
 
 private:
+    friend struct LayoutAccess;
     Acad::ErrorStatus renameEntry(const CString& from, const CString& to) const;
 
     CString mName;

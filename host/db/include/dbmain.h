@@ -5,6 +5,7 @@
 #include "dbapserv.h"
 #include "dbblock.h"
 #include "dbdatabase.h"
+#include "dbdatabasereactor.h"
 #include "dbentity.h"
 #include "dbidar.h"
 #include "dbobject.h"

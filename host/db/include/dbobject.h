@@ -140,6 +140,9 @@ public:
     virtual void unappended(const AcDbObject*) {}
     virtual void reappended(const AcDbObject*) {}
     virtual void objectClosed(const AcDbObjectId) {}
+    virtual void cancelled(const AcDbObject*) {}
+    /// Of an entity in its list: a vertex, an attribute.
+    virtual void subObjModified(const AcDbObject*, const AcDbObject*) {}
 
 protected:
     AcDbObject();
@@ -187,7 +190,9 @@ protected:                                                                      
                                                                                                              \
 public:
 
-/// Told of what happens to an object, while it is attached (addReactor) and not part of the drawing.
+/// Told of what happens to an object, while it is attached (addReactor) and not part of the drawing. `unappended` follows
+/// the cancel of the opening that added the object; nothing is undone here, so modifyUndone and reappended are never
+/// called.
 class AcDbObjectReactor : public AcRxObject
 {
 public:

@@ -42,6 +42,10 @@ protected:
     void subCancel(const AcDbObject& before) override;
     /// True for records that a drawing cannot be without.
     virtual bool isPermanent() const { return false; }
+    /// The name under which a table takes the record: one that asks for a number of its own is given it.
+    virtual CString nameIn(const AcDbSymbolTable&) const { return mName; }
+    /// Told that it has been added to a table, so that what it needs can follow.
+    virtual void addedToTable() {}
     /// True for records that others of the table may share a name with, or that have none (shape files).
     virtual bool sharesName() const { return false; }
     /// Sets or clears a bit of group 70.

@@ -4,7 +4,7 @@
 /// print them, and texts for users are kept by number.
 namespace Acad
 {
-enum ErrorStatus {
+enum ErrorStatus : int {
     eOk = 0,
     eNotImplementedYet = 1,
     eNotApplicable = 2,
