@@ -3,6 +3,7 @@
 
 #include "db2dpl.h"
 #include "db3dpl.h"
+#include "dbpolymesh.h"
 #include "dbvertex.h"
 #include "RecordClass.h"
 
@@ -11,13 +12,13 @@ namespace
 constexpr int in3d = 8, mesh = 16, polyface = 64;       // flags of a polyline
 constexpr int on3d = 32, ofMesh = 64, ofPolyface = 128; // flags of a vertex
 
-// Meshes are kept as proxies, and their vertices with them.
 AcRxClass* classOfPolyline(const RecordView& record)
 {
     const std::int64_t flags = record.integer(70, 0);
     if (record.hasSection("AcDb2dPolyline")) return AcDb2dPolyline::desc();
     if (record.hasSection("AcDb3dPolyline")) return AcDb3dPolyline::desc();
-    if (flags & (mesh | polyface)) return nullptr;
+    if (record.hasSection("AcDbPolygonMesh") || (flags & mesh)) return AcDbPolygonMesh::desc();
+    if (record.hasSection("AcDbPolyFaceMesh") || (flags & polyface)) return AcDbPolyFaceMesh::desc();
     return flags & in3d ? AcDb3dPolyline::desc() : AcDb2dPolyline::desc();
 }
 
@@ -26,7 +27,11 @@ AcRxClass* classOfVertex(const RecordView& record)
     const std::int64_t flags = record.integer(70, 0);
     if (record.hasSection("AcDb2dVertex")) return AcDb2dVertex::desc();
     if (record.hasSection("AcDb3dPolylineVertex")) return AcDb3dPolylineVertex::desc();
-    if (flags & (ofMesh | ofPolyface)) return nullptr;
+    if (record.hasSection("AcDbFaceRecord")) return AcDbFaceRecord::desc();
+    if (record.hasSection("AcDbPolygonMeshVertex")) return AcDbPolygonMeshVertex::desc();
+    // A polyface mesh marks its vertices with both bits, its faces with one.
+    if (flags & ofPolyface) return flags & ofMesh ? AcDbPolyFaceMeshVertex::desc() : AcDbFaceRecord::desc();
+    if (flags & ofMesh) return AcDbPolygonMeshVertex::desc();
     return flags & on3d ? AcDb3dPolylineVertex::desc() : AcDb2dVertex::desc();
 }
 

@@ -19,6 +19,7 @@
 #include "dbmtext.h"
 #include "dbobjiter.h"
 #include "dbpoint.h"
+#include "dbpolymesh.h"
 #include "dbray.h"
 #include "dbregion.h"
 #include "dbsolid.h"
