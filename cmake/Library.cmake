@@ -34,8 +34,9 @@ set_source_files_properties(${CMAKE_SOURCE_DIR}/database/AsdkBlockOrderFilter.cp
 qm_library_folder(objects)
 find_package(pugixml REQUIRED)
 qm_library_folder(frame USES lib_text lib_database LINKS pugixml::pugixml)
+qm_library_folder(entity USES lib_frame lib_geometry lib_objects lib_database)
 
-set(QM_LIBRARY_FOLDERS database frame geometry objects text)
+set(QM_LIBRARY_FOLDERS database entity frame geometry objects text)
 list(TRANSFORM QM_LIBRARY_FOLDERS PREPEND lib_ OUTPUT_VARIABLE folder_targets)
 list(TRANSFORM folder_targets REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE folder_objects)
 arx_add_module(QmCADLib ${folder_objects} $<TARGET_OBJECTS:lib_geometry_dense> VERSION ${PROJECT_VERSION}.0)

@@ -5,6 +5,7 @@
 #include "DxfFields.h"
 #include "geline3d.h"
 #include "gelnsg3d.h"
+#include "PlanarCoords.h"
 
 #include <cmath>
 
@@ -20,6 +21,7 @@ const DxfClass AcDbLine::dxf("AcDbLine", &AcDbCurve::dxf,
 
 Acad::ErrorStatus AcDbLine::setStartPoint(const AcGePoint3d& point)
 {
+    if (!isFinite(point)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status == Acad::eOk) mStart = point;
     return status;
@@ -27,6 +29,7 @@ Acad::ErrorStatus AcDbLine::setStartPoint(const AcGePoint3d& point)
 
 Acad::ErrorStatus AcDbLine::setEndPoint(const AcGePoint3d& point)
 {
+    if (!isFinite(point)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status == Acad::eOk) mEnd = point;
     return status;

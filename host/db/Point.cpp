@@ -3,6 +3,7 @@
 #include "ClassRegistration.h"
 #include "DxfFields.h"
 #include "Ocs.h"
+#include "PlanarCoords.h"
 #include "acgi.h"
 
 ACDB_DXF_CLASS(AcDbPoint, AcDbEntity, POINT)
@@ -33,6 +34,7 @@ const DxfClass AcDbPoint::dxf("AcDbPoint", &AcDbEntity::dxf,
 
 Acad::ErrorStatus AcDbPoint::setPosition(const AcGePoint3d& position)
 {
+    if (!isFinite(position)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status == Acad::eOk) mPosition = position;
     return status;

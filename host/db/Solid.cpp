@@ -3,6 +3,7 @@
 #include "ClassRegistration.h"
 #include "DxfFields.h"
 #include "Ocs.h"
+#include "PlanarCoords.h"
 #include "acgi.h"
 #include "gecurv3d.h"
 #include "gelnsg3d.h"
@@ -66,6 +67,7 @@ Acad::ErrorStatus AcDbFilledQuad::getPointAt(std::uint16_t index, AcGePoint3d& p
 Acad::ErrorStatus AcDbFilledQuad::setPointAt(std::uint16_t index, const AcGePoint3d& point)
 {
     if (index > 3) return Acad::eInvalidIndex;
+    if (!isFinite(point)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status == Acad::eOk) corner(index) = ocs::fromWorld(mNormal) * point;
     return status;

@@ -1,6 +1,7 @@
 #include "dbtext.h"
 
 #include "Ocs.h"
+#include "PlanarCoords.h"
 #include "TextLook.h"
 #include "acutads.h"
 #include "dbapserv.h"
@@ -25,6 +26,7 @@ AcGePoint3d AcDbText::position() const { return ocs::toWorld(mNormal) * mPositio
 
 Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& position)
 {
+    if (!isFinite(position)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status == Acad::eOk) mPosition = ocs::fromWorld(mNormal) * position;
     return status;
@@ -34,6 +36,7 @@ AcGePoint3d AcDbText::alignmentPoint() const { return ocs::toWorld(mNormal) * mA
 
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point)
 {
+    if (!isFinite(point)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status != Acad::eOk) return status;
     mAlignment = ocs::fromWorld(mNormal) * point;

@@ -14,6 +14,7 @@ public:
     AcDbLine(const AcGePoint3d& start, const AcGePoint3d& end) : mStart(start), mEnd(end) {}
 
     AcGePoint3d startPoint() const { return mStart; }
+    /// eInvalidInput for coordinates that are not finite.
     Acad::ErrorStatus setStartPoint(const AcGePoint3d& point);
     AcGePoint3d endPoint() const { return mEnd; }
     Acad::ErrorStatus setEndPoint(const AcGePoint3d& point);

@@ -13,6 +13,7 @@ public:
     explicit AcDbPoint(const AcGePoint3d& position) : mPosition(position) {}
 
     AcGePoint3d position() const { return mPosition; }
+    /// eInvalidInput for coordinates that are not finite.
     Acad::ErrorStatus setPosition(const AcGePoint3d& position);
     double thickness() const { return mThickness; }
     Acad::ErrorStatus setThickness(double thickness);

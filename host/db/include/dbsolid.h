@@ -11,7 +11,8 @@ class AcDbFilledQuad : public AcDbEntity
 public:
     /// Corner 0 to 3 in world coordinates; eInvalidIndex for others.
     Acad::ErrorStatus getPointAt(std::uint16_t index, AcGePoint3d& point) const;
-    /// Moves a corner; the others keep their place, the figure its plane.
+    /// Moves a corner; the others keep their place, the figure its plane. eInvalidInput for coordinates that are not
+    /// finite.
     Acad::ErrorStatus setPointAt(std::uint16_t index, const AcGePoint3d& point);
     double thickness() const { return mThickness; }
     Acad::ErrorStatus setThickness(double thickness);

@@ -21,6 +21,7 @@ public:
     AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId style = AcDbObjectId::kNull,
              double height = 0, double rotation = 0);
 
+    /// Points that are set must be finite: eInvalidInput.
     AcGePoint3d position() const;
     Acad::ErrorStatus setPosition(const AcGePoint3d& position);
     AcGePoint3d alignmentPoint() const;

@@ -1,0 +1,204 @@
+#pragma once
+
+#include "adsdef.h"
+#include "Aligment.h"
+#include "CArxEntity.h"
+#include "dbarc.h"
+#include "dbcolor.h"
+#include "dbidar.h"
+#include "dbpl.h"
+#include "dbregion.h"
+#include "gearc2d.h"
+#include "gearc3d.h"
+
+#include <afxwin.h>
+#include <CGTStringW.h>
+
+/// The entity that holds a text.
+enum _Text_Class {
+    kTextClassLine = 0,  ///< AcDbText
+    kTextClassParagraph, ///< AcDbMText
+    kTextClassAttribute  ///< AcDbAttributeDefinition; the text is its default value and, without blanks, its
+                         ///< tag
+};
+
+/// The products that share the library. All of them make their texts alike; the number keeps their calls
+/// apart.
+enum _SOFT { kSoftCommon = 0, kSoftArchitecture, kSoftStructure, kSoftPlumbing, kSoftElectric, kSoftHeating };
+
+/// Makes entities from plain input and adds them to the current space of the working database. All members
+/// are static and keep no state.
+///
+/// Points are in the current user coordinate system unless a member says otherwise; angles are radians about
+/// its Z axis, counter-clockwise from its X axis; lengths are drawing units. A new entity has the drawing's
+/// current properties. A colour number below 0 counts as 0 (by block) and one above 256 as 256 (by layer). An
+/// empty layer name leaves the current layer; a layer that is off, frozen or locked takes the entity all the
+/// same, one that is not there fails the call.
+///
+/// The result is 1 for success and 0 for failure: when the entity cannot be added (no drawing, a document
+/// that is not locked), or when it refuses its input, as it does coordinates that are not finite. Nothing is
+/// in the drawing then that was not there before, ids and lists are as they were, and nothing is open.
+/// Entities that were added are closed.
+class AFX_EXT_CLASS CArxEntity::CMakeEnt
+{
+public:
+    // Lines, points and polylines.
+
+    /// A line; two equal points make one without length.
+    static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2);
+    static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, AcDbObjectId& id);
+    static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, int color);
+    static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, const CString& layer, int color,
+                        AcDbObjectId& id);
+    static int MakePoint(const AcGePoint3d& pt, AcDbObjectId& id);
+    /// A closed polyline of four vertices at the height of `p1`, which is its first and `p2` its third
+    /// corner; the side from the first to the second runs at `angle`. 0 for a rectangle without width or
+    /// height.
+    static int MakeRect(const AcGePoint3d& p1, const AcGePoint3d& p2, AcDbObjectId& id, double angle = 0.0);
+    /// A lightweight polyline through the x and y of the points, in WORLD coordinates; closed unless `closed`
+    /// is 0; `width` is that of all its segments. 0 for an empty list or a negative width.
+    static int MakePline(const AcGePoint3dArray& points, AcDbObjectId& id, int closed = 0,
+                         double width = 0.0);
+    /// The same with arcs: a bulge for each vertex, the tangent of a quarter of the angle of the arc to the
+    /// next one, counter-clockwise for positive ones. Vertices that the list does not reach have 0; numbers
+    /// beyond are not used.
+    static int MakePline(const AcGePoint3dArray& points, AcDbObjectId& id, const AcArray<double>& bulges,
+                         int closed, double width = 0.0);
+    /// The polyline itself, which is not added: the caller owns it. Null where the others give 0.
+    static AcDbPolyline* MakePline(const AcGePoint3dArray& points, int closed = 0, double width = 0.0);
+    /// A cubic through the points, without curvature at its ends; smooth all round when the last point is the
+    /// first. 0 for fewer than two different points.
+    static int MakeSpline(const AcGePoint3dArray& points, AcDbObjectId& id);
+
+    // Arcs, circles and ellipses.
+
+    /// The arc from p1 through p2 to p3. 0 when two of them are equal or the three are in line.
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3);
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, AcDbObjectId& id);
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, int color);
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
+                       const CString& layer, int color, AcDbObjectId& id);
+    /// Gives the arc back open for write; the caller closes it. Null on failure.
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, AcDbArc*& arc);
+    /// Counter-clockwise from one angle to the other; a full turn for equal ones. 0 unless the radius is
+    /// above 0.
+    static int MakeArc(const AcGePoint3d& center, double r, double startAngle, double endAngle,
+                       AcDbObjectId& id);
+    /// A free arc from p1 to p2, in the coordinates of the points; nothing is added. `bulge` is the tangent
+    /// of a quarter of its angle, counter-clockwise for a positive one. 0 for equal points and a bulge of 0.
+    /// On failure `arc` is unchanged; the caller owns what a pointer names.
+    static int MakeArc(const AcGePoint2d& p1, const AcGePoint2d& p2, double bulge, AcGeCircArc2d*& arc);
+    /// The same in space, seen against the normal, to which p1 to p2 must be perpendicular.
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, double bulge, const AcGeVector3d& normal,
+                       AcGeCircArc3d*& arc);
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, double bulge, const AcGeVector3d& normal,
+                       AcGeCircArc3d& arc);
+    /// 0 unless the radius is above 0.
+    static int MakeCircle(const AcGePoint3d& center, double r, AcDbObjectId& id);
+    /// An ellipse in the XY plane: `axis` is the direction of its first axis, `radius` the radius along it,
+    /// `otherRadius` the one across; either may be the larger. It runs counter-clockwise between the angles,
+    /// which are measured from `axis`. 0 unless the radii are above 0, and for an axis that is zero or leaves
+    /// the plane.
+    static int MakeEllipse(const AcGePoint3d& center, const AcGeVector3d& axis, double radius,
+                           double otherRadius, AcDbObjectId& id, double startAngle = 0.0,
+                           double endAngle = 6.283185307179586);
+
+    // Filled figures.
+
+    /// A filled triangle.
+    static int MakeSolid(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
+                         AcDbObjectId& id);
+    /// Fills the inside of a closed planar curve with triangles and appends their ids. Arcs count as chords
+    /// no further from them than a thousandth of the figure's size. 0 for what is no such curve and for one
+    /// that crosses itself.
+    static int MakeSolid(AcDbObjectId id, const AcCmColor& color, AcDbObjectIdArray& ids);
+
+    // Texts.
+
+    /// A text whose baseline starts at the point. 0 for null, for line breaks and unless the height is above
+    /// 0.
+    static int MakeText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId& id, double height,
+                        double rotation = 0.0);
+    /// A text that hangs on the point as the alignment says.
+    static int MakeText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId& id, double height,
+                        _Aligment aligment, double rotation);
+    /// A text of a class, as high as the current text style says or, where that leaves it to the texts,
+    /// TEXTSIZE. A text with line breaks or none at all must be a paragraph.
+    static int MakeText(_SOFT soft, const AcGePoint3d& pos, CGTStringW text, AcDbObjectId& id,
+                        _Aligment aligment, _Text_Class textClass, double rotation = 0.0);
+    /// A multiline text whose frame has its top left corner at the point. The null id is the current text
+    /// style; lines break at `width`, 0: they do not.
+    static int MakeMText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId style, double height,
+                         double width, AcDbObjectId& id);
+    /// A copy of a text, multiline text or attribute definition with other contents, in the block and at the
+    /// place of the first. 0 for entities of other classes.
+    static int CopyText(AcDbObjectId source, const CGTStringW& text, AcDbObjectId& id);
+    /// Makes or changes a text style. `font` is a font file ("gbenor.shx", "simsun.ttf"), a font file and a
+    /// big font with a comma between ("gbenor.shx,gbcbig.shx"), or without an extension the name of a
+    /// typeface. `height` is 0 when each text has its own; `oblique` is the angle from the upright. 0 for an
+    /// empty name or font and for numbers out of the style's range; a style that exists is unchanged then.
+    static int MakeTxtStyle(CGTStringW name, CGTStringW font, double height, double widthFactor,
+                            double oblique);
+
+    // Areas.
+
+    /// An associative hatch over closed curves, regions, and open curves that make closed chains; what lies
+    /// inside of another is an island, islands in islands are filled again. `pattern` is a standard pattern
+    /// or "SOLID". The hatch lies in the plane of its boundary, its draw order is the newest. 0, and nothing
+    /// is added, for an empty list, chains that stay open, entities out of one plane, unknown patterns,
+    /// scales that are not above 0.
+    static int MakeHatch(const AcDbObjectIdArray& ids, AcDbObjectId& id, CGTStringW pattern, double scale,
+                         double angle);
+    static int MakeHatch(AcDbObjectId boundary, CGTStringW pattern, double scale, double angle,
+                         const AcCmColor& color, AcDbObjectId& id);
+    /// Makes the outlines of a hatch anew, as entities with the current properties, and appends their ids.
+    /// `asRegions` 0: a closed polyline for each loop of lines and arcs, and for other loops the curve of
+    /// each edge; else one region for each loop. 0 for what is no hatch or has no loops.
+    static int MakeHatchBoundary(AcDbObjectId hatch, AcDbObjectIdArray& ids, int asRegions = 0);
+    /// A new region, which is not added: the caller owns it. World coordinates; the points are the corners of
+    /// a polygon, the last may repeat the first. Null unless they lie in a plane and the polygon does not
+    /// cross itself.
+    static AcDbRegion* MakeRegion(const AcGePoint3dArray& points);
+    /// The curves (AcDbCurve*, which stay the caller's) make closed chains; what lies inside of an odd number
+    /// of them is the region. Null when they do not, or leave one plane.
+    static AcDbRegion* MakeRegion(const AcArray<void*>& curves);
+
+    // Boundaries, traced around a point among the curves, regions and block references of the current space
+    // that are shown and lie parallel to the XY plane. The outlines lie in that plane at the height of the
+    // point. 0 when a gap leaves the area open, the point lies on a curve or outside of everything.
+
+    /// Appends the ids of the smallest outline around the point and, with `islands` not 0, of those that lie
+    /// inside: closed polylines where lines and circular arcs bound the area, regions elsewhere; with
+    /// `asRegions` not 0 regions always.
+    static int MakeBoundary(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int islands, int asRegions);
+    /// One entity: the outline without its islands, or a region; with `islands` what they cover is cut out of
+    /// it.
+    static int MakeBoundary(const AcGePoint3d& pt, AcDbObjectId& id, int islands, int asRegions);
+
+    // Groups.
+
+    /// A selectable group of entities under a name. 0 for a name that is empty, not allowed or taken, an
+    /// empty list, and ids that are null, erased or no entities.
+    static int MakeGroup(CGTStringW name, const AcDbObjectIdArray& ids, AcDbObjectId& id);
+    /// A group under a name of the drawing's own ("*A1" ...).
+    static int MakeNoNameGroup(const AcDbObjectIdArray& ids, AcDbObjectId& id);
+    /// Dissolves the anonymous groups whose names match ("*A1"); an empty text means all of them. Their
+    /// entities stay, named groups do too. 0 when there was none.
+    static int ExplodNoNameGroup(CGTStringW name);
+
+    // Ordinate dimensions. Each measures, from the origin of the user coordinate system, the coordinate of
+    // the point across its leader: along X for a leader along Y, along Y for a leader along X. Their leaders,
+    // of the given length, point to the sides 0 (+X), 1 (+Y), 2 (-X), 3 (-Y) of the point: the first to
+    // `side` (further numbers go on round), each of the others to the next one counter-clockwise. `style` is
+    // a dimension style, empty: the current one. The ids are appended. 0, and none of them made, for a style
+    // that is not there or a length that is not above 0.
+
+    static int MakeCoordDim1(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double length,
+                             CGTStringW style = L"");
+    static int MakeCoordDim2(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double length,
+                             CGTStringW style = L"");
+    static int MakeCoordDim3(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double length,
+                             CGTStringW style = L"");
+    static int MakeCoordDim4(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double length,
+                             CGTStringW style = L"");
+};

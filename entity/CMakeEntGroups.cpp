@@ -1,0 +1,104 @@
+/// Groups.
+
+#include "CMakeEnt.h"
+
+#include "dbapserv.h"
+#include "dbdict.h"
+#include "dbgroup.h"
+#include "dbobjptr.h"
+
+#include <memory>
+
+namespace
+{
+AcDbDatabase* workingDatabase()
+{
+    return acdbHostApplicationServices()->workingDatabase();
+}
+
+/// The group dictionary of the working drawing.
+class Groups : public AcDbObjectPointer<AcDbDictionary>
+{
+public:
+    explicit Groups(AcDb::OpenMode mode)
+    {
+        if (AcDbDatabase* const database = workingDatabase()) open(database->groupDictionaryId(), mode);
+    }
+};
+
+bool isAllowed(const CString& name)
+{
+    return !name.IsEmpty() && name.FindOneOf(L"<>/\\\":;?*|,=`") < 0;
+}
+
+bool areEntities(const AcDbObjectIdArray& ids)
+{
+    for (const AcDbObjectId& id : ids) {
+        const AcDbEntityPointer entity(id, AcDb::kForRead);
+        if (entity.openStatus() != Acad::eOk || entity->database() != workingDatabase()) return false;
+    }
+    return !ids.isEmpty();
+}
+
+/// An empty group in the dictionary, open for write; null when the name is taken. The dictionary is closed
+/// again, for giving the group another name opens it.
+AcDbGroup* newGroup(const CString& name)
+{
+    const Groups groups(AcDb::kForWrite);
+    if (groups.openStatus() != Acad::eOk || groups->has(name)) return nullptr;
+    auto group = std::make_unique<AcDbGroup>(L"");
+    AcDbObjectId id;
+    return groups->setAt(name, group.get(), id) == Acad::eOk ? group.release() : nullptr;
+}
+
+/// Adds a group of entities; a name that begins with "*" leaves the number to the drawing.
+int addGroup(const CString& name, const AcDbObjectIdArray& ids, AcDbObjectId& id)
+{
+    if (!areEntities(ids)) return 0;
+    const AcDbObjectPointer<AcDbGroup> group(newGroup(name));
+    if (!group) return 0;
+    bool isWhole = group->append(ids) == Acad::eOk;
+    if (isWhole && name[0] == L'*') isWhole = group->setAnonymous() == Acad::eOk;
+    if (!isWhole) {
+        group->erase();
+        return 0;
+    }
+    id = group->objectId();
+    return 1;
+}
+
+AcDbObjectIdArray anonymousGroups(const CString& name)
+{
+    AcDbObjectIdArray found;
+    const Groups groups(AcDb::kForRead);
+    if (groups.openStatus() != Acad::eOk) return found;
+    const std::unique_ptr<AcDbDictionaryIterator> entry(groups->newIterator());
+    for (; !entry->done(); entry->next()) {
+        const AcDbObjectPointer<AcDbGroup> group(entry->objectId(), AcDb::kForRead);
+        const bool isMeant = name.IsEmpty() || name.CompareNoCase(entry->name()) == 0;
+        if (group.openStatus() == Acad::eOk && group->isAnonymous() && isMeant)
+            found.append(entry->objectId());
+    }
+    return found;
+}
+} // namespace
+
+int CArxEntity::CMakeEnt::MakeGroup(CGTStringW name, const AcDbObjectIdArray& ids, AcDbObjectId& id)
+{
+    return isAllowed(name) ? addGroup(name, ids, id) : 0;
+}
+
+int CArxEntity::CMakeEnt::MakeNoNameGroup(const AcDbObjectIdArray& ids, AcDbObjectId& id)
+{
+    return addGroup(L"*A", ids, id);
+}
+
+int CArxEntity::CMakeEnt::ExplodNoNameGroup(CGTStringW name)
+{
+    int dissolved = 0;
+    for (const AcDbObjectId& id : anonymousGroups(name)) {
+        const AcDbObjectPointer<AcDbGroup> group(id, AcDb::kForWrite);
+        if (group.openStatus() == Acad::eOk && group->erase() == Acad::eOk) dissolved = 1;
+    }
+    return dissolved;
+}

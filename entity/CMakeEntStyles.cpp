@@ -1,0 +1,78 @@
+/// Text styles.
+
+#include "CMakeEnt.h"
+
+#include "dbapserv.h"
+#include "dbobjptr.h"
+
+namespace
+{
+using StyleRecord = AcDbTextStyleTableRecord;
+
+struct StyleData {
+    CString font, bigFont; ///< files; empty for a typeface
+    CString typeface;
+    double height, widthFactor, oblique;
+};
+
+bool isFile(const CString& font)
+{
+    return font.ReverseFind(L'.') > 0;
+}
+
+/// Takes "file", "file,big font" or "typeface" apart.
+void setFont(StyleData& data, const CString& font)
+{
+    const int comma = font.Find(L',');
+    CString first = comma < 0 ? font : font.Left(comma);
+    if (comma >= 0) data.bigFont = font.Mid(comma + 1).Trim();
+    (isFile(first) || comma >= 0 ? data.font : data.typeface) = first.Trim();
+}
+
+bool apply(const StyleData& data, StyleRecord& style)
+{
+    return style.setTextSize(data.height) == Acad::eOk && style.setXScale(data.widthFactor) == Acad::eOk &&
+           style.setObliquingAngle(data.oblique) == Acad::eOk && style.setFileName(data.font) == Acad::eOk &&
+           style.setBigFontFileName(data.bigFont) == Acad::eOk;
+}
+
+/// A style that is in the drawing. An empty typeface takes away the one that the style had.
+bool applyTypeface(const StyleData& data, StyleRecord& style)
+{
+    constexpr int charset = 134, pitchAndFamily = 0; // GB 2312
+    return style.setFont(data.typeface, false, false, charset, pitchAndFamily) == Acad::eOk;
+}
+
+bool change(StyleRecord& style, const StyleData& data)
+{
+    if (apply(data, style) && applyTypeface(data, style)) return style.close() == Acad::eOk;
+    style.cancel();
+    return false;
+}
+
+bool addNew(AcDbTextStyleTable& table, const CString& name, const StyleData& data)
+{
+    auto style = std::make_unique<StyleRecord>();
+    if (style->setName(name) != Acad::eOk || !apply(data, *style) || table.add(style.get()) != Acad::eOk)
+        return false;
+    StyleRecord* const added = style.release();
+    const bool isWhole = applyTypeface(data, *added);
+    if (!isWhole) added->erase();
+    added->close();
+    return isWhole;
+}
+} // namespace
+
+int CArxEntity::CMakeEnt::MakeTxtStyle(CGTStringW name, CGTStringW font, double height, double widthFactor,
+                                       double oblique)
+{
+    AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    StyleData data{{}, {}, {}, height, widthFactor, oblique};
+    setFont(data, font);
+    if (!database || name.IsEmpty() || (data.font.IsEmpty() && data.typeface.IsEmpty())) return 0;
+    const AcDbTextStyleTablePointer table(database, AcDb::kForWrite);
+    if (table.openStatus() != Acad::eOk) return 0;
+    StyleRecord* style = nullptr;
+    if (table->getAt(name, style, AcDb::kForWrite) == Acad::eOk) return change(*style, data);
+    return !table->has(name) && addNew(*table, name, data);
+}

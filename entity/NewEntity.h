@@ -1,0 +1,55 @@
+#pragma once
+
+/// The steps that the makers of entities share.
+
+#include "dbentity.h"
+#include "dbidar.h"
+
+#include <afxwin.h>
+
+#include <memory>
+
+namespace entity
+{
+/// A new entity with what the working database gives to new ones.
+template <class Entity>
+std::unique_ptr<Entity> begin()
+{
+    auto made = std::make_unique<Entity>();
+    made->setDatabaseDefaults();
+    return made;
+}
+
+/// Takes a colour number; one below 0 is by block, one above 256 by layer.
+bool setColor(AcDbEntity& entity, int color);
+/// Takes a layer by its name; an empty name leaves the current one. False for a layer that is not there.
+bool setLayer(AcDbEntity& entity, const CString& layer);
+
+/// Adds an entity that has world coordinates to the current space and closes it. 0 when that fails: it is
+/// deleted then and `id` is unchanged.
+int addInWorld(std::unique_ptr<AcDbEntity> entity, AcDbObjectId& id);
+/// The same for an entity in the coordinates of the current user coordinate system.
+int add(std::unique_ptr<AcDbEntity> entity, AcDbObjectId& id);
+
+/// The map from the current user coordinate system to the world.
+AcGeMatrix3d ucsToWorld();
+
+/// Entities that are added together or not at all.
+class Batch
+{
+public:
+    Batch() = default;
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+    /// Erases those that were added, unless they are kept.
+    ~Batch();
+
+    /// As entity::addInWorld.
+    int addInWorld(std::unique_ptr<AcDbEntity> entity);
+    /// Appends the ids to a list and leaves the entities in the drawing. 1.
+    int keep(AcDbObjectIdArray& ids);
+
+private:
+    AcDbObjectIdArray m_added;
+};
+} // namespace entity

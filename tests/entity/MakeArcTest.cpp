@@ -1,0 +1,193 @@
+#include "EntityFixture.h"
+
+#include "dbcircle.h"
+#include "dbelipse.h"
+#include "dbsolid.h"
+
+namespace
+{
+using MakeArc = EntityTest;
+using MakeCircle = EntityTest;
+using MakeEllipse = EntityTest;
+using MakeSolid = EntityTest;
+
+const AcGePoint3d east(1, 0, 0), north(0, 1, 0), west(-1, 0, 0), south(0, -1, 0);
+
+TEST_F(MakeArc, ThreePointsAreOnTheArcInEitherDirection)
+{
+    turnUcs();
+    AcDbObjectId left, right;
+    ASSERT_EQ(CMakeEnt::MakeArc(east, north, west, left), 1);
+    ASSERT_EQ(CMakeEnt::MakeArc(west, north, east, L"0", 300, right), 1);
+    for (const AcDbObjectId& id : {left, right}) {
+        const Open<AcDbArc> arc(id);
+        EXPECT_POINT(arc->center(), 10, 20, 0);
+        EXPECT_NEAR(arc->totalAngle(), kPi, 1e-9);
+        EXPECT_NEAR(arc->normal().z, 1.0, 1e-12);
+        AcGePoint3d start;
+        arc->getStartPoint(start);
+        EXPECT_POINT(start, 10, 21, 0); // the user's east lies in the world's north
+    }
+}
+
+TEST_F(MakeArc, PointsInLineOrEqualMakeNone)
+{
+    AcDbObjectId id;
+    EXPECT_EQ(CMakeEnt::MakeArc(east, {0, 0, 0}, west), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc(east, east, west, 1), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc(east, north, east, id), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc(east, north, west, L"NOWHERE", 1, id), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc({0, 0, 0}, 0.0, 0.0, 1.0, id), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc({0, 0, 0}, -1.0, 0.0, 1.0, id), 0);
+    EXPECT_EQ(entityCount(), 0);
+}
+
+TEST_F(MakeArc, PointerFormGivesTheArcOpenForWrite)
+{
+    AcDbArc* arc = nullptr;
+    ASSERT_EQ(CMakeEnt::MakeArc(east, north, west, arc), 1);
+    EXPECT_EQ(arc->setRadius(2.0), Acad::eOk);
+    arc->close();
+    EXPECT_EQ(entityCount(), 1);
+}
+
+TEST_F(MakeArc, AnglesAreThoseOfTheUserCoordinateSystem)
+{
+    turnUcs();
+    AcDbObjectId id;
+    ASSERT_EQ(CMakeEnt::MakeArc({0, 0, 0}, 2.0, 0.0, kPi / 2, id), 1);
+    const Open<AcDbArc> arc(id);
+    EXPECT_NEAR(arc->startAngle(), kPi / 2, 1e-9);
+    EXPECT_NEAR(arc->endAngle(), kPi, 1e-9);
+}
+
+TEST(MakeFreeArc, BulgeIsTheTangentOfAQuarterOfTheAngle)
+{
+    AcGeCircArc2d* flat = nullptr;
+    ASSERT_EQ(CMakeEnt::MakeArc(AcGePoint2d(0, 0), AcGePoint2d(2, 0), 1.0, flat), 1);
+    const std::unique_ptr<AcGeCircArc2d> owned(flat);
+    // A half circle that runs counter-clockwise lies below its chord.
+    EXPECT_NEAR(flat->evalPoint((flat->startAng() + flat->endAng()) / 2).y, -1.0, 1e-9);
+    AcGeCircArc3d arc;
+    const double quarterTurn = std::tan(kPi / 8);
+    ASSERT_EQ(CMakeEnt::MakeArc(east, north, quarterTurn, AcGeVector3d::kZAxis, arc), 1);
+    EXPECT_POINT(arc.center(), 0, 0, 0);
+    ASSERT_EQ(CMakeEnt::MakeArc(east, north, quarterTurn, -AcGeVector3d::kZAxis, arc), 1);
+    EXPECT_POINT(arc.center(), 1, 1, 0);
+}
+
+TEST(MakeFreeArc, BadInputLeavesTheArcAsItWas)
+{
+    AcGeCircArc3d arc(AcGePoint3d(7, 8, 9), AcGeVector3d::kZAxis, 3.0);
+    AcGeCircArc3d* pointer = nullptr;
+    AcGeCircArc2d* flat = nullptr;
+    EXPECT_EQ(CMakeEnt::MakeArc(east, east, 1.0, AcGeVector3d::kZAxis, arc), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc(east, north, 0.0, AcGeVector3d::kZAxis, arc), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc(east, west, 1.0, AcGeVector3d::kXAxis, arc), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc(east, west, kNan, AcGeVector3d::kZAxis, pointer), 0);
+    EXPECT_EQ(CMakeEnt::MakeArc(AcGePoint2d(kInf, 0), AcGePoint2d(2, 0), 1.0, flat), 0);
+    EXPECT_POINT(arc.center(), 7, 8, 9);
+    EXPECT_EQ(pointer, nullptr);
+    EXPECT_EQ(flat, nullptr);
+}
+
+TEST_F(MakeCircle, LiesInTheUsersPlane)
+{
+    setUcs({1, 2, 3}, AcGeVector3d::kYAxis, AcGeVector3d::kZAxis);
+    AcDbObjectId id;
+    ASSERT_EQ(CMakeEnt::MakeCircle({1, 0, 0}, 5.0, id), 1);
+    const Open<AcDbCircle> circle(id);
+    EXPECT_POINT(circle->center(), 1, 3, 3);
+    EXPECT_TRUE(circle->normal().isEqualTo(AcGeVector3d::kXAxis));
+    EXPECT_EQ(circle->radius(), 5.0);
+    EXPECT_EQ(CMakeEnt::MakeCircle({1, 0, 0}, 0.0, id), 0);
+    EXPECT_EQ(CMakeEnt::MakeCircle({1, 0, 0}, -5.0, id), 0);
+}
+
+TEST_F(MakeEllipse, EitherRadiusMayBeTheLarger)
+{
+    AcDbObjectId wide, tall;
+    ASSERT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {7, 0, 0}, 3.0, 2.0, wide, 0.0, kPi / 2), 1);
+    ASSERT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {7, 0, 0}, 2.0, 3.0, tall, 0.0, kPi / 2), 1);
+    AcGePoint3d start, end;
+    const Open<AcDbEllipse> first(wide), second(tall);
+    first->getStartPoint(start);
+    first->getEndPoint(end);
+    EXPECT_POINT(start, 3, 0, 0);
+    EXPECT_POINT(end, 0, 2, 0);
+    second->getStartPoint(start);
+    second->getEndPoint(end);
+    EXPECT_POINT(start, 2, 0, 0);
+    EXPECT_POINT(end, 0, 3, 0);
+    EXPECT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {0, 0, 0}, 2.0, 3.0, wide), 0);
+    EXPECT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {1, 0, 1}, 2.0, 1.0, wide), 0) << "an axis out of the plane";
+    EXPECT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {1, 0, 0}, 0.0, 1.0, wide), 0);
+}
+
+double areaOf(const AcDbSolid& solid)
+{
+    AcGePoint3d p[3];
+    for (std::uint16_t i = 0; i < 3; ++i)
+        solid.getPointAt(i, p[i]);
+    return (p[1] - p[0]).crossProduct(p[2] - p[0]).length() / 2.0;
+}
+
+TEST_F(MakeSolid, TriangleHasItsThirdCornerTwice)
+{
+    turnUcs();
+    AcDbObjectId id;
+    ASSERT_EQ(CMakeEnt::MakeSolid({0, 0, 0}, {4, 0, 0}, {0, 3, 0}, id), 1);
+    const Open<AcDbSolid> solid(id);
+    AcGePoint3d third, fourth;
+    solid->getPointAt(2, third);
+    solid->getPointAt(3, fourth);
+    EXPECT_POINT(third, 7, 20, 0);
+    EXPECT_POINT(fourth, third);
+    EXPECT_NEAR(areaOf(*solid.object()), 6.0, 1e-9);
+}
+
+TEST_F(MakeSolid, TrianglesCoverAClosedCurveOnce)
+{
+    AcCmColor blue;
+    blue.setColorIndex(5);
+    AcGePoint3dArray points; // an L: 3 x 3 without its upper right 2 x 2
+    const double corners[][2] = {{0, 0}, {3, 0}, {3, 1}, {1, 1}, {1, 3}, {0, 3}};
+    for (const auto& c : corners)
+        points.append({c[0], c[1], 0});
+    AcDbObjectId outline, circle;
+    ASSERT_EQ(CMakeEnt::MakePline(points, outline, 1), 1);
+    ASSERT_EQ(CMakeEnt::MakeCircle({10, 0, 0}, 2.0, circle), 1);
+    AcDbObjectIdArray ofOutline, ofCircle;
+    ASSERT_EQ(CMakeEnt::MakeSolid(outline, blue, ofOutline), 1);
+    ASSERT_EQ(CMakeEnt::MakeSolid(circle, blue, ofCircle), 1);
+    EXPECT_EQ(ofOutline.length(), 4); // n - 2
+    const std::pair<AcDbObjectIdArray*, double> cases[] = {{&ofOutline, 5.0}, {&ofCircle, 4 * kPi}};
+    for (const auto& [ids, area] : cases) {
+        double sum = 0.0;
+        for (const AcDbObjectId& id : *ids) {
+            const Open<AcDbSolid> solid(id);
+            EXPECT_EQ(solid->colorIndex(), 5);
+            sum += areaOf(*solid.object());
+        }
+        EXPECT_NEAR(sum, area, 0.01 * area);
+    }
+}
+
+TEST_F(MakeSolid, OpenAndCrossingCurvesAreNotFilled)
+{
+    AcCmColor color;
+    AcDbObjectIdArray ids;
+    AcGePoint3dArray points; // a bow tie
+    const double corners[][2] = {{0, 0}, {2, 2}, {2, 0}, {0, 1}};
+    for (const auto& c : corners)
+        points.append({c[0], c[1], 0});
+    AcDbObjectId open, crossing, line;
+    ASSERT_EQ(CMakeEnt::MakePline(points, open, 0), 1);
+    ASSERT_EQ(CMakeEnt::MakePline(points, crossing, 1), 1);
+    ASSERT_EQ(CMakeEnt::MakeLine(east, west, line), 1);
+    for (const AcDbObjectId& id : {open, crossing, line, AcDbObjectId()})
+        EXPECT_EQ(CMakeEnt::MakeSolid(id, color, ids), 0);
+    EXPECT_TRUE(ids.isEmpty());
+    EXPECT_EQ(entityCount(), 3);
+}
+} // namespace

@@ -1,0 +1,266 @@
+#include "EntityFixture.h"
+
+#include "dbcircle.h"
+#include "dbelipse.h"
+#include "dbhatch.h"
+#include "dbline.h"
+#include "dbspline.h"
+
+namespace
+{
+class AreaTest : public EntityTest
+{
+protected:
+    AcDbObjectId rectangle(double x0, double y0, double x1, double y1)
+    {
+        AcDbObjectId id;
+        EXPECT_EQ(CMakeEnt::MakeRect({x0, y0, 0}, {x1, y1, 0}, id), 1);
+        return id;
+    }
+    AcDbObjectId circle(double x, double y, double r)
+    {
+        AcDbObjectId id;
+        EXPECT_EQ(CMakeEnt::MakeCircle({x, y, 0}, r, id), 1);
+        return id;
+    }
+    double hatchArea(AcDbObjectId id)
+    {
+        double area = -1.0;
+        Open<AcDbHatch>(id)->getArea(area);
+        return area;
+    }
+};
+using MakeHatch = AreaTest;
+using MakeHatchBoundary = AreaTest;
+using MakeRegion = AreaTest;
+using MakeBoundary = AreaTest;
+
+AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
+{
+    AcDbObjectIdArray list;
+    for (const AcDbObjectId& id : ids)
+        list.append(id);
+    return list;
+}
+
+TEST_F(MakeHatch, NestedCurvesAreIslandsByTurns)
+{
+    AcDbObjectId id;
+    const auto ids = listOf({rectangle(0, 0, 10, 10), circle(5, 5, 3), rectangle(4, 4, 6, 6)});
+    ASSERT_EQ(CMakeEnt::MakeHatch(ids, id, L"ansi31", 2.0, 0.5), 1);
+    EXPECT_NEAR(hatchArea(id), 100 - 9 * kPi + 4, 1e-6);
+    const Open<AcDbHatch> hatch(id);
+    EXPECT_TRUE(hatch->associative());
+    EXPECT_EQ(hatch->patternScale(), 2.0);
+    EXPECT_EQ(hatch->patternAngle(), 0.5);
+    EXPECT_TRUE(hatch->loopTypeAt(0) & AcDbHatch::kExternal);
+    EXPECT_FALSE(hatch->loopTypeAt(1) & AcDbHatch::kExternal);
+}
+
+TEST_F(MakeHatch, HatchFollowsItsBoundary)
+{
+    AcDbObjectId id;
+    const AcDbObjectId round = circle(0, 0, 1);
+    AcCmColor green;
+    green.setColorIndex(3);
+    ASSERT_EQ(CMakeEnt::MakeHatch(round, L"SOLID", 1.0, 0.0, green, id), 1);
+    EXPECT_EQ(Open<AcDbHatch>(id)->colorIndex(), 3);
+    Open<AcDbCircle>(round, AcDb::kForWrite)->setRadius(2.0);
+    EXPECT_NEAR(hatchArea(id), 4 * kPi, 1e-6);
+}
+
+TEST_F(MakeHatch, OpenCurvesMakeChainsInAnyOrderAndPlane)
+{
+    // A quarter of a disc that stands upright in the world's XZ plane at y = -2.
+    setUcs({0, -2, 0}, AcGeVector3d::kXAxis, AcGeVector3d::kZAxis);
+    AcDbObjectId bottom, left, arc, hatch;
+    ASSERT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {4, 0, 0}, bottom), 1);
+    ASSERT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {0, 4, 0}, left), 1);
+    ASSERT_EQ(CMakeEnt::MakeArc({0, 0, 0}, 4.0, 0.0, kPi / 2, arc), 1);
+    const AcDbObjectId hole = circle(1.5, 1.5, 0.5);
+    ASSERT_EQ(CMakeEnt::MakeHatch(listOf({left, arc, hole, bottom}), hatch, L"SOLID", 1.0, 0.0), 1);
+    EXPECT_NEAR(hatchArea(hatch), 4 * kPi - 0.25 * kPi, 1e-6);
+    AcDbExtents box;
+    ASSERT_EQ(Open<AcDbHatch>(hatch)->getGeomExtents(box), Acad::eOk);
+    EXPECT_NEAR(box.minPoint().y, -2.0, 1e-9);
+    EXPECT_NEAR(box.maxPoint().y, -2.0, 1e-9);
+    EXPECT_NEAR(box.maxPoint().z, 4.0, 1e-3);
+}
+
+TEST_F(MakeHatch, BadInputAddsNothing)
+{
+    AcDbObjectId line, id;
+    ASSERT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {4, 0, 0}, line), 1);
+    const AcDbObjectId round = circle(0, 0, 1);
+    const int before = entityCount();
+    EXPECT_EQ(CMakeEnt::MakeHatch(AcDbObjectIdArray(), id, L"SOLID", 1.0, 0.0), 0);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({AcDbObjectId()}), id, L"SOLID", 1.0, 0.0), 0);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({line}), id, L"SOLID", 1.0, 0.0), 0) << "an open chain";
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round, line}), id, L"SOLID", 1.0, 0.0), 0);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"no such pattern", 1.0, 0.0), 0);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"ANSI31", 0.0, 0.0), 0);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"ANSI31", kNan, 0.0), 0);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"ANSI31", 1.0, kInf), 0);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"ANSI31", 1e-9, 0.0), 0) << "too dense";
+    EXPECT_TRUE(id.isNull());
+    EXPECT_EQ(entityCount(), before);
+}
+
+TEST_F(MakeHatchBoundary, PolylinesEncloseTheAreaOfTheLoops)
+{
+    turnUcs();
+    AcDbObjectId hatch;
+    ASSERT_EQ(
+        CMakeEnt::MakeHatch(listOf({rectangle(0, 0, 10, 10), circle(5, 5, 3)}), hatch, L"SOLID", 1.0, 0.0),
+        1);
+    AcDbObjectIdArray ids;
+    ASSERT_EQ(CMakeEnt::MakeHatchBoundary(hatch, ids), 1);
+    ASSERT_EQ(ids.length(), 2);
+    const double areas[] = {100.0, 9 * kPi};
+    for (int i = 0; i < 2; ++i) {
+        const Open<AcDbPolyline> outline(ids[i]);
+        ASSERT_EQ(outline.openStatus(), Acad::eOk);
+        double area = 0.0;
+        outline->getArea(area);
+        EXPECT_NEAR(area, areas[i], 1e-6);
+        AcDbExtents box;
+        outline->getGeomExtents(box);
+        EXPECT_NEAR((box.minPoint().x + box.maxPoint().x) / 2, 5.0, 1e-6); // 10 - 5
+        EXPECT_NEAR((box.minPoint().y + box.maxPoint().y) / 2, 25.0, 1e-6);
+    }
+}
+
+TEST_F(MakeHatchBoundary, OtherCurvesAreGivenEdgeByEdgeOrAsRegions)
+{
+    AcDbObjectId ellipse, hatch;
+    ASSERT_EQ(CMakeEnt::MakeEllipse({1, 2, 0}, {1, 1, 0}, 5.0, 2.0, ellipse), 1);
+    ASSERT_EQ(CMakeEnt::MakeHatch(listOf({ellipse}), hatch, L"SOLID", 1.0, 0.0), 1);
+    AcDbObjectIdArray curves, regions;
+    ASSERT_EQ(CMakeEnt::MakeHatchBoundary(hatch, curves, 0), 1);
+    ASSERT_EQ(CMakeEnt::MakeHatchBoundary(hatch, regions, 1), 1);
+    ASSERT_EQ(curves.length(), 1);
+    ASSERT_EQ(regions.length(), 1);
+    double area = 0.0;
+    Open<AcDbEllipse>(curves[0])->getArea(area);
+    EXPECT_NEAR(area, 10 * kPi, 1e-6);
+    Open<AcDbRegion>(regions[0])->getArea(area);
+    EXPECT_NEAR(area, 10 * kPi, 1e-6);
+    for (const AcDbObjectId& id : {ellipse, AcDbObjectId()})
+        EXPECT_EQ(CMakeEnt::MakeHatchBoundary(id, curves, 0), 0);
+    EXPECT_EQ(curves.length(), 1);
+}
+
+double areaOf(const AcDbRegion& region)
+{
+    double area = -1.0;
+    region.getArea(area);
+    return area;
+}
+
+AcGePoint3dArray polygon(std::initializer_list<AcGePoint3d> corners)
+{
+    AcGePoint3dArray points;
+    for (const AcGePoint3d& corner : corners)
+        points.append(corner);
+    return points;
+}
+
+TEST_F(MakeRegion, PolygonIsClosedOnceAndInTheWorld)
+{
+    turnUcs();
+    const auto corners = polygon({{0, 0, 1}, {4, 0, 1}, {4, 3, 1}, {0, 0, 1}});
+    const std::unique_ptr<AcDbRegion> region(CMakeEnt::MakeRegion(corners));
+    ASSERT_TRUE(region);
+    EXPECT_NEAR(areaOf(*region), 6.0, 1e-9);
+    AcDbExtents box;
+    region->getGeomExtents(box);
+    EXPECT_POINT(box.minPoint(), 7, 20, 1);
+    EXPECT_POINT(box.maxPoint(), 10, 24, 1);
+    EXPECT_EQ(region->database(), nullptr);
+    EXPECT_EQ(entityCount(), 0);
+}
+
+TEST_F(MakeRegion, BadPolygonsMakeNone)
+{
+    EXPECT_EQ(CMakeEnt::MakeRegion(AcGePoint3dArray()), nullptr);
+    EXPECT_EQ(CMakeEnt::MakeRegion(polygon({{0, 0, 0}, {1, 0, 0}})), nullptr);
+    EXPECT_EQ(CMakeEnt::MakeRegion(polygon({{1, 1, 0}, {1, 1, 0}, {1, 1, 0}})), nullptr);
+    EXPECT_EQ(CMakeEnt::MakeRegion(polygon({{0, 0, 0}, {2, 2, 0}, {2, 0, 0}, {0, 1, 0}})), nullptr)
+        << "it crosses itself";
+    EXPECT_EQ(CMakeEnt::MakeRegion(polygon({{0, 0, 0}, {2, 0, 0}, {2, 2, 1}, {0, 2, 0}})), nullptr)
+        << "it is not flat";
+}
+
+TEST_F(MakeRegion, ChainsOfCurvesCountByTurns)
+{
+    AcDbCircle outer({0, 0, 0}, AcGeVector3d::kZAxis, 5.0), hole({0, 0, 0}, AcGeVector3d::kZAxis, 3.0),
+        core({0, 0, 0}, AcGeVector3d::kZAxis, 1.0), apart({20, 0, 0}, AcGeVector3d::kZAxis, 2.0);
+    AcArray<void*> curves;
+    for (AcDbCircle* circle : {&hole, &outer, &apart, &core})
+        curves.append(circle);
+    const std::unique_ptr<AcDbRegion> region(CMakeEnt::MakeRegion(curves));
+    ASSERT_TRUE(region);
+    EXPECT_NEAR(areaOf(*region), (25 - 9 + 1 + 4) * kPi, 1e-6);
+    AcDbCircle raised({0, 0, 1}, AcGeVector3d::kZAxis, 5.0);
+    curves.append(&raised);
+    EXPECT_EQ(CMakeEnt::MakeRegion(curves), nullptr) << "out of the plane";
+    AcDbLine open({0, 0, 0}, {1, 0, 0});
+    AcArray<void*> loose;
+    loose.append(&open);
+    EXPECT_EQ(CMakeEnt::MakeRegion(loose), nullptr);
+    EXPECT_EQ(CMakeEnt::MakeRegion(AcArray<void*>()), nullptr);
+}
+
+TEST_F(MakeBoundary, OutlinesAreAppendedWithTheirIslands)
+{
+    turnUcs();
+    rectangle(0, 0, 10, 10);
+    circle(5, 5, 3);
+    rectangle(4, 4, 6, 6);
+    AcDbObjectIdArray ids;
+    ASSERT_EQ(CMakeEnt::MakeBoundary({1, 1, 0}, ids, 0, 0), 1);
+    EXPECT_EQ(ids.length(), 1);
+    ASSERT_EQ(CMakeEnt::MakeBoundary({1, 1, 0}, ids, 1, 0), 1);
+    ASSERT_EQ(ids.length(), 4);
+    double area = 0.0;
+    Open<AcDbPolyline>(ids[1])->getArea(area);
+    EXPECT_NEAR(area, 100.0, 1e-6);
+    AcDbExtents box;
+    Open<AcDbPolyline>(ids[1])->getGeomExtents(box);
+    EXPECT_POINT(box.minPoint(), 0, 20, 0);
+    EXPECT_POINT(box.maxPoint(), 10, 30, 0);
+}
+
+TEST_F(MakeBoundary, OneRegionHasItsIslandsCutOut)
+{
+    rectangle(0, 0, 10, 10);
+    circle(5, 5, 3);
+    AcDbObjectId ellipse, whole, polyline, region;
+    ASSERT_EQ(CMakeEnt::MakeEllipse({5, 5, 0}, AcGeVector3d::kXAxis, 2.0, 1.0, ellipse), 1);
+    ASSERT_EQ(CMakeEnt::MakeBoundary({1, 1, 0}, whole, 0, 1), 1);
+    EXPECT_NEAR(areaOf(*Open<AcDbRegion>(whole).object()), 100.0, 1e-6);
+    Open<AcDbEntity>(whole, AcDb::kForWrite)->erase();
+    ASSERT_EQ(CMakeEnt::MakeBoundary({1, 1, 0}, region, 1, 1), 1);
+    EXPECT_NEAR(areaOf(*Open<AcDbRegion>(region).object()), 100 - 9 * kPi + 2 * kPi, 1e-6);
+    Open<AcDbEntity>(region, AcDb::kForWrite)->erase();
+    ASSERT_EQ(CMakeEnt::MakeBoundary({1, 1, 0}, polyline, 1, 0), 1);
+    EXPECT_EQ(Open<AcDbPolyline>(polyline).openStatus(), Acad::eOk);
+}
+
+TEST_F(MakeBoundary, OpenAreasAndBadPointsAddNothing)
+{
+    AcDbObjectId line, id;
+    AcDbObjectIdArray ids;
+    CMakeEnt::MakeLine({0, 0, 0}, {10, 0, 0}, line);
+    CMakeEnt::MakeLine({10, 0, 0}, {10, 10, 0}, line);
+    CMakeEnt::MakeLine({10, 10, 0}, {0, 0.01, 0}, line);
+    for (const AcGePoint3d& point :
+         {AcGePoint3d(8, 1, 0), AcGePoint3d(5, 0, 0), AcGePoint3d(kNan, 0, 0), AcGePoint3d(0, kInf, 0)})
+        for (const int asRegions : {0, 1}) {
+            EXPECT_EQ(CMakeEnt::MakeBoundary(point, ids, 1, asRegions), 0);
+            EXPECT_EQ(CMakeEnt::MakeBoundary(point, id, 1, asRegions), 0);
+        }
+    EXPECT_TRUE(id.isNull() && ids.isEmpty());
+    EXPECT_EQ(entityCount(), 3);
+}
+} // namespace
