@@ -201,4 +201,22 @@ public:
                              CGTStringW style = L"");
     static int MakeCoordDim4(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double length,
                              CGTStringW style = L"");
+
+    // With the user and the screen.
+
+    /// Draws lines through the points on the screen, back to the first one with `closed` not 0. Nothing is
+    /// added, and the next redraw wipes them away. 0 for fewer than two points.
+    static int MakeGrPl(const AcGePoint3dArray& points, int color, int closed = 0);
+    /// Lets the user draw polylines, one after the other, until there is no more first point; appends their
+    /// ids. At each further point a band runs to the cursor; Undo takes the last point back, Close closes the
+    /// polyline and ends it, Enter ends it, Esc drops the one that is being drawn. All points are at the
+    /// height of the first. 1 when one was drawn at least.
+    static int DrawPl(AcDbObjectIdArray& ids, const CString& layer = L"", int color = 256,
+                      double width = 0.0);
+    /// The same for one polyline.
+    static int DrawPlCmd(AcDbObjectId& id, const CString& layer = L"", int color = 256, double width = 0.0);
+    /// One closed polyline, for areas: two bands run to the cursor, from the last point and from the first,
+    /// so that its shape is seen all the time. Close and Enter end it with three points at least.
+    static int DrawPlWithDoubleElastic(AcDbObjectId& id, const CString& layer = L"", int color = 256,
+                                       double width = 0.0);
 };
