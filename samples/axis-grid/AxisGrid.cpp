@@ -1,0 +1,79 @@
+#include "AxisGrid.h"
+
+#include "QmCADLib.h"
+
+#include <cmath>
+#include <numeric>
+
+namespace
+{
+constexpr wchar_t letters[] = L"ABCDEFGHJKLMNPQRSTUVWXY";
+constexpr int letterCount = static_cast<int>(std::size(letters)) - 1;
+constexpr std::size_t mostSpacings = 200;
+
+/// "6000" or "3*6000"; appends the distances.
+bool readItem(const CString& item, std::vector<double>& spacings)
+{
+    const int asterisk = item.Find(L'*');
+    const CString count = asterisk < 0 ? CString(L"1") : item.Left(asterisk), number = item.Mid(asterisk + 1);
+    double whole = 0.0;
+    if (!CFamStuStr::IsDigitFactor(whole, number)) return false;
+    const double distance = _wtof(number);
+    const int repeats = _wtoi(count);
+    if (!(distance > 0.0) || !std::isfinite(distance)) return false;
+    if (repeats < 1 || repeats > static_cast<int>(mostSpacings)) return false;
+    spacings.insert(spacings.end(), static_cast<std::size_t>(repeats), distance);
+    return spacings.size() <= mostSpacings;
+}
+} // namespace
+
+double AxisGrid::width() const { return std::accumulate(columns.begin(), columns.end(), 0.0); }
+
+double AxisGrid::depth() const { return std::accumulate(rows.begin(), rows.end(), 0.0); }
+
+bool readSpacings(const CString& text, std::vector<double>& spacings)
+{
+    CString line = text;
+    line.Replace(L',', L' ');
+    std::vector<double> read;
+    int at = 0;
+    for (CString item = line.Tokenize(L" ", at); at >= 0; item = line.Tokenize(L" ", at)) {
+        if (!readItem(item, read)) return false;
+    }
+    if (read.empty()) return false;
+    spacings = read;
+    return true;
+}
+
+CString spacingsText(const std::vector<double>& spacings)
+{
+    CString text;
+    for (std::size_t i = 0; i < spacings.size();) {
+        std::size_t end = i;
+        while (end < spacings.size() && spacings[end] == spacings[i]) ++end;
+        if (end - i > 1) text.AppendFormat(L"%d*", static_cast<int>(end - i));
+        text.AppendFormat(L"%g ", spacings[i]);
+        i = end;
+    }
+    return text.TrimRight();
+}
+
+std::vector<double> axisPlaces(const std::vector<double>& spacings)
+{
+    std::vector<double> places(1, 0.0);
+    for (const double spacing : spacings) places.push_back(places.back() + spacing);
+    return places;
+}
+
+CString axisLetter(int index)
+{
+    CString text(letters[index % letterCount]);
+    if (index >= letterCount) text.AppendFormat(L"%d", index / letterCount);
+    return text;
+}
+
+int axisLetterIndex(const CString& letter)
+{
+    if (letter.GetLength() != 1) return -1;
+    return CString(letters).Find(letter.GetAt(0) >= L'a' ? letter.GetAt(0) - L'a' + L'A' : letter.GetAt(0));
+}

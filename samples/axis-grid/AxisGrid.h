@@ -1,0 +1,33 @@
+#pragma once
+
+#include <afxwin.h>
+
+#include <vector>
+
+/// A grid of axes as a building is set out by: vertical axes, numbered from the left, and horizontal ones, lettered
+/// from below. Drawing units, in the coordinates of the grid: its origin is where the first two axes meet.
+struct AxisGrid {
+    std::vector<double> columns; ///< distances between vertical axes, from the left
+    std::vector<double> rows;    ///< distances between horizontal axes, from below
+    int firstNumber = 1;         ///< of the vertical axes
+    int firstLetter = 0;         ///< of the horizontal ones, counted from A = 0
+
+    double width() const;
+    double depth() const;
+};
+
+/// Reads distances such as "3*6600 2*6000 4500": a count before the asterisk repeats the distance. Blanks or commas
+/// between them. False, and `spacings` unchanged, unless all are numbers above 0 and there are 1 to 200 of them.
+bool readSpacings(const CString& text, std::vector<double>& spacings);
+
+/// The distances as readSpacings reads them, equal neighbours with their count.
+CString spacingsText(const std::vector<double>& spacings);
+
+/// The places of the axes: 0, then the sums of the distances.
+std::vector<double> axisPlaces(const std::vector<double>& spacings);
+
+/// The letter of a horizontal axis, counted from A = 0: A to Y without I, O and Z, which look like numbers
+/// (GB/T 50001-2017, 8.0.4), then A1 to Y1, A2 ...
+CString axisLetter(int index);
+/// The count of a letter, in either case; -1 for a text that is no such letter.
+int axisLetterIndex(const CString& letter);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "GridOrder.h"
+#include "dbidar.h"
+
+/// What a grid became.
+struct DrawnGrid {
+    AcDbObjectIdArray axes, bubbles, labels, dimensions;
+    AcDbObjectId outline; ///< a region
+    AcDbObjectId area;    ///< the text in it
+    AcDbObjectId frame;   ///< around that text, an island of the hatch
+    AcDbObjectId hatch;   ///< null when none was asked for
+    double areaInSquareMetres = 0.0;
+
+    /// Everything, in the order in which it was drawn.
+    AcDbObjectIdArray all() const;
+};
+
+/// Draws the grid into the current space: layers and styles, axes, bubbles and labels, the outline as a region with its
+/// area, its hatch, the dimensions. False, and no entity left in the drawing, when a step fails.
+bool drawGrid(const GridOrder& order, DrawnGrid& drawn);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "gemat3d.h"
+#include "gepnt3d.h"
+
+/// Makes the coordinate system of the grid the current one while it lives: its origin at a point of the system before,
+/// turned about that one's Z axis.
+class GridUcs
+{
+public:
+    GridUcs(const AcGePoint3d& origin, double rotation);
+    ~GridUcs();
+    GridUcs(const GridUcs&) = delete;
+    GridUcs& operator=(const GridUcs&) = delete;
+
+    bool isSet() const { return m_isSet; }
+
+private:
+    AcGeMatrix3d m_before;
+    bool m_isSet = false;
+};
