@@ -13,9 +13,10 @@ struct Chain {
     std::vector<CDynLinkLibrary*> modules; // the one that joined last is at the end
 };
 
+/// Never destroyed: modules that are still loaded leave it at the very end of the program.
 Chain& chain()
 {
-    static Chain instance;
+    static Chain& instance = *new Chain;
     return instance;
 }
 
