@@ -4,7 +4,8 @@
 
 #include "rxclass.h"
 
-/// In the class: its descriptor, the checked cast, isA and registration.
+/// In the class: its descriptor, the checked cast, isA and registration. isA stands in the source file, so that the class has
+/// one table of virtual functions: were it a module's own, objects that the module made would not outlive its unloading.
 #define ACRX_DECLARE_MEMBERS(CLASS)                                                                          \
     static AcRxClass* desc() { return gpDesc; }                                                              \
     static CLASS* cast(const AcRxObject* object)                                                             \
@@ -12,7 +13,7 @@
         return object && object->isKindOf(gpDesc) ? const_cast<CLASS*>(static_cast<const CLASS*>(object))    \
                                                   : nullptr;                                                 \
     }                                                                                                        \
-    AcRxClass* isA() const override { return gpDesc; }                                                       \
+    AcRxClass* isA() const override;                                                                         \
     static AcRxClass* gpDesc;                                                                                \
     static void rxInit()
 
@@ -21,6 +22,7 @@
 /// Of a class with no objects of its own.
 #define ACRX_NO_CONS_DEFINE_MEMBERS(CLASS, PARENT)                                                           \
     AcRxClass* CLASS::gpDesc = nullptr;                                                                      \
+    AcRxClass* CLASS::isA() const { return gpDesc; }                                                         \
     void CLASS::rxInit()                                                                                     \
     {                                                                                                        \
         PARENT::rxInit();                                                                                    \
@@ -31,6 +33,7 @@
 #define ACRX_CONS_DEFINE_MEMBERS(CLASS, PARENT, VERNO)                                                       \
     static AcRxObject* make##CLASS() { return new CLASS(); }                                                 \
     AcRxClass* CLASS::gpDesc = nullptr;                                                                      \
+    AcRxClass* CLASS::isA() const { return gpDesc; }                                                         \
     void CLASS::rxInit()                                                                                     \
     {                                                                                                        \
         PARENT::rxInit();                                                                                    \
@@ -41,6 +44,7 @@
 #define ACRX_DXF_DEFINE_MEMBERS(CLASS, PARENT, DWGVER, MAINTVER, PROXYFLAGS, DXFNAME, APP)                   \
     static AcRxObject* make##CLASS() { return new CLASS(); }                                                 \
     AcRxClass* CLASS::gpDesc = nullptr;                                                                      \
+    AcRxClass* CLASS::isA() const { return gpDesc; }                                                         \
     void CLASS::rxInit()                                                                                     \
     {                                                                                                        \
         PARENT::rxInit();                                                                                    \
