@@ -5,7 +5,8 @@
 // found in one read of a table of 8 bytes a handle, beside the system's own hash table as the peer. An id is
 // opened by two reads, of 200 bytes a line. A name is read at six places (bucket, entry, its letters, the
 // entry behind, stub and the stub's state): a thousand layers lie in the nearest cache, a hundred thousand
-// behind all of them, which makes the sixfold time.
+// behind all of them, which
+// takes three to six times as long.
 
 #include "dbdatabase.h"
 #include "dbents.h"
@@ -160,5 +161,5 @@ BENCHMARK_CAPTURE(byHandle, growth, largeCount, 0.5)->Name("FindByHandleGrowth/o
 BENCHMARK_CAPTURE(byHandle, small, smallCount, 0)->Name("FindByHandleGrowth/tenth");
 BENCHMARK_CAPTURE(byId, large, largeCount, 0.4)->Name("OpenByIdGrowth/ours");
 BENCHMARK_CAPTURE(byId, small, smallCount, 0)->Name("OpenByIdGrowth/tenth");
-BENCHMARK_CAPTURE(byName, large, 100000, 0.1)->Name("FindByNameGrowth/ours");
+BENCHMARK_CAPTURE(byName, large, 100000, 0.15)->Name("FindByNameGrowth/ours");
 BENCHMARK_CAPTURE(byName, small, 1000, 0)->Name("FindByNameGrowth/hundredth");
