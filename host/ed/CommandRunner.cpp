@@ -101,6 +101,8 @@ Outcome runCommand(const std::shared_ptr<AcEdCommand>& command, bool transparent
         return Outcome::failed;
     }
     const ActiveEntry entry(document, {command->globalName(), transparent, false});
+    if (!(command->commandFlags() & (ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW)) && !transparent)
+        documents::stateOf(document)->selection.implied.clear();
     ed::tellEditor([&](AcEditorReactor& reactor) { reactor.commandWillStart(command->globalName()); });
     const Outcome outcome = call(document, *command);
     announce(outcome, command->globalName());

@@ -3,6 +3,7 @@
 #include "ActiveCommand.h"
 #include "InputSource.h"
 #include "LispFunctions.h"
+#include "SelectionState.h"
 #include "VariableValues.h"
 #include "ViewHistory.h"
 #include "acdocman.h"
@@ -29,6 +30,7 @@ struct DocumentState {
     std::vector<ed::ActiveCommand> commands; ///< the outermost first
     std::wstring lastCommand;                ///< what Enter repeats
     ed::LispFunctions lisp;
+    ed::SelectionState selection;
     ed::VariableValues variables; ///< those that live with the document
     std::vector<AcDbObjectId> tiles; ///< the viewports of model space by number, from 2 on
     AcDbObjectId lastWindow;         ///< the viewport of the layout in which one worked last

@@ -1,9 +1,9 @@
 #include "SpacePlot.h"
 
 #include "Progress.h"
+#include "DrawOrder.h"
 #include "Stub.h"
 #include "dbblock.h"
-#include "dbdict.h"
 #include "dbsortentstbl.h"
 
 #include <cmath>
@@ -27,16 +27,6 @@ private:
     ViewGeometry& mGeometry;
     PlotTraits& mTraits;
 };
-
-/// The block's table of draw order; null when its entities lie in the order they came in.
-const AcDbSortentsTable* drawOrderOf(const AcDbBlockTableRecord& block)
-{
-    const auto* extension = AcDbDictionary::cast(residentObject(block.extensionDictionary()));
-    AcDbObjectId id;
-    if (!extension || extension->getAt(L"ACAD_SORTENTS", id) != Acad::eOk) return nullptr;
-    const auto* table = AcDbSortentsTable::cast(residentObject(id));
-    return table && table->isRelativeDrawOrderUsed() ? table : nullptr;
-}
 
 void addShown(std::vector<const AcDbEntity*>& shown, AcDbObjectId id)
 {

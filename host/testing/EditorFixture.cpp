@@ -43,11 +43,14 @@ void EditorTest::TearDown()
     for (AcApDocument* open : documents::all()) {
         EXPECT_EQ(openObjects(*open->database()), 0) << "objects are left open";
         EXPECT_EQ(open->lockMode(true), AcAp::kNotLocked) << "a lock is left";
+        EXPECT_TRUE(DocumentAccess::of(*open).selection.sets.empty()) << "selection sets are left";
         EXPECT_TRUE(DocumentAccess::of(*open).input.empty()) << "answers are left that nobody asked for";
     }
     documents::closeAll();
     mLog.reset();
     ed::forgetAllHooks();
+    acedSSSetKwordCallbackPtr(nullptr);
+    acedSSSetOtherCallbackPtr(nullptr);
     dropMessageBoxAnswers();
     takePostedMessages(nullptr);
     ed::setCommandLineListener(mListenerBefore);

@@ -16,8 +16,8 @@
 
 namespace headless
 {
-/// Each test has one new document. At the end it fails when an object of it is open, when result buffers or command-line answers
-/// are left over, or when a lock is still held.
+/// Each test has one new document. At the end it fails when an object of it is open, when result buffers, selection sets or
+/// command-line answers are left over, or when a lock is still held.
 class EditorTest : public testing::Test
 {
 protected:

@@ -9,6 +9,7 @@
 #include "acedlisp.h"
 #include "acedmodules.h"
 #include "acedoutput.h"
+#include "acedselect.h"
 #include "acedtrace.h"
 #include "acedvars.h"
 #include "acedviews.h"
