@@ -176,7 +176,7 @@ AcDbObjectIdArray DrawnGrid::all() const
 bool drawGrid(const GridOrder& order, DrawnGrid& drawn)
 {
     const GridUcs ucs(order.origin, order.rotation);
-    if (!ucs.isSet() || !makeGridStyles(order.scale * order.unit)) return false;
+    if (!ucs.isSet() || !makeGridStyles(order.scale * order.unit, order.unit < 1.0 ? 3 : 0)) return false;
     const CurrentTextStyle style(gridStyle);
     if (GridPainter(order, drawn).draw()) return true;
     eraseAll(drawn.all());

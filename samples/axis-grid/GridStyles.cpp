@@ -65,15 +65,16 @@ bool makeLayer(const LayerLook& look, AcDbObjectId dashDotted)
                 }).isNull();
 }
 
-bool makeDimensionStyle(double scale)
+bool makeDimensionStyle(double scale, int decimals)
 {
     return !recordOf<AcDbDimStyleTable, AcDbDimStyleTableRecord>(
-                drawing()->dimStyleTableId(), gridStyle, [scale](AcDbDimStyleTableRecord& style) {
+                drawing()->dimStyleTableId(), gridStyle, [=](AcDbDimStyleTableRecord& style) {
                     style.setDimscale(scale);
                     style.setDimtxt(3.0);
                     style.setDimexo(1.0);
                     style.setDimgap(0.8);
-                    style.setDimdec(0);
+                    style.setDimdec(decimals);
+                    style.setDimzin(8); // no zeros at the end
                     style.setDimtad(1);
                     const AcDbObjectPointer<AcDbTextStyleTable> styles(drawing()->textStyleTableId(), AcDb::kForRead);
                     AcDbObjectId textStyle;
@@ -83,12 +84,13 @@ bool makeDimensionStyle(double scale)
 }
 } // namespace
 
-bool makeGridStyles(double scale)
+bool makeGridStyles(double scale, int decimals)
 {
     const AcDbObjectId dashDotted = makeAxisLinetype(scale);
     if (dashDotted.isNull()) return false;
     for (const LayerLook& look : layers) {
         if (!makeLayer(look, dashDotted)) return false;
     }
-    return CArxEntity::CMakeEnt::MakeTxtStyle(gridStyle, L"simsun.ttf", 0.0, 0.8, 0.0) && makeDimensionStyle(scale);
+    return CArxEntity::CMakeEnt::MakeTxtStyle(gridStyle, L"simsun.ttf", 0.0, 0.8, 0.0) &&
+           makeDimensionStyle(scale, decimals);
 }

@@ -11,5 +11,5 @@ constexpr wchar_t dimensionLayer[] = L"轴网-坐标";
 constexpr wchar_t gridStyle[] = L"轴网"; ///< a text style, and a dimension style
 
 /// Makes what is missing of them in the working database; what is there stays as it is. `scale` is the number of drawing
-/// units for one millimetre of paper. False when the drawing refuses.
-bool makeGridStyles(double scale);
+/// units for one millimetre of paper; dimensions have up to `decimals` places. False when the drawing refuses.
+bool makeGridStyles(double scale, int decimals);
