@@ -86,6 +86,23 @@ public:
     /// box that names `b` and `a`, and gives 0.
     static int SameFileVersion(CString a, CString b);
 
+    // Picking. Points are in the current user coordinate system. A filter is a list of groups as acedSSGet
+    // takes it, or null; it stays the caller's.
+
+    /// Asks for one object that fits the filter until one is picked. Null, and `point` unchanged, when the
+    /// user gives up.
+    static AcDbObjectId PickObject(AcGePoint3d& point, resbuf* filter, CString prompt);
+    /// Gathers objects: those that a window from `p1` to `p2` touches, when both are given; else those of the
+    /// whole drawing, with `all` not 0; else those that the user selects. Groups are not taken as a whole,
+    /// and what was selected before is not any more. The number of ids, which replace those in `ids`.
+    static int SelectObjects(AcDbObjectIdArray& ids, CString prompt, resbuf* filter,
+                             AcGePoint3d* p1 = nullptr, AcGePoint3d* p2 = nullptr, int all = 0);
+    /// Makes a selection set, which the caller frees (acedSSFree); its length. Ids that are no entities are
+    /// left out. A null name and 0 when AutoCAD makes no set.
+    static long Idstoss(ads_name ss, const AcDbObjectIdArray& ids);
+    /// The entities of a selection set in its order; the set stays the caller's.
+    static AcDbObjectIdArray SStoIds(ads_name ss);
+
     // Entities by their names in lists.
 
     /// The handle in hexadecimal digits; empty for a name that is none.
@@ -135,4 +152,8 @@ public:
     /// The Chinese text of a status for users. A number that has none gets AutoCAD's own text, with
     /// "未知错误" for its "Unknown error".
     static CString acadErrorStatusTextChs(Acad::ErrorStatus status);
+
+private:
+    /// Sets PICKSTYLE and gives what it was.
+    static int SetPickStyle(int style);
 };

@@ -3,8 +3,8 @@
 #include "arxHeaders.h"
 #include "dbblkref.h"
 #include "dbindex.h"
-#include "dbobjptr.h"
 #include "dbsortentstbl.h"
+#include "Drawing.h"
 #include "EditorFixture.h"
 
 #include <memory>
@@ -21,14 +21,6 @@ protected:
         AsdkBlockOrderFilter::rxInit();
         AsdkBlockOrderIndex::rxInit();
         asCommand([this] { draw(); });
-    }
-    AcDbObjectId addTo(AcDbObjectId block, AcDbEntity* entity)
-    {
-        const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForWrite);
-        AcDbObjectId id;
-        EXPECT_EQ(record->appendAcDbEntity(id, entity), Acad::eOk);
-        entity->close();
-        return id;
     }
     void draw()
     {

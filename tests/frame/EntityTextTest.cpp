@@ -3,8 +3,8 @@
 #include "acdbads.h"
 #include "arxHeaders.h"
 #include "dbmtext.h"
-#include "dbobjptr.h"
 #include "dbtext.h"
+#include "Drawing.h"
 #include "EditorFixture.h"
 
 namespace
@@ -13,14 +13,7 @@ namespace
 class EntityText : public headless::EditorTest
 {
 protected:
-    AcDbObjectId add(AcDbEntity* entity)
-    {
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database()->currentSpaceId(), AcDb::kForWrite);
-        AcDbObjectId id;
-        EXPECT_EQ(space->appendAcDbEntity(id, entity), Acad::eOk);
-        entity->close();
-        return id;
-    }
+    AcDbObjectId add(AcDbEntity* entity) { return addTo(database()->currentSpaceId(), entity); }
     struct Name {
         explicit Name(AcDbObjectId id) { acdbGetAdsName(name, id); }
         ads_name name = {};

@@ -2,8 +2,8 @@
 
 #include "acedads.h"
 #include "arxHeaders.h"
-#include "dbobjptr.h"
 #include "dbview.h"
+#include "Drawing.h"
 #include "EditorFixture.h"
 
 #include <cmath>
@@ -18,13 +18,7 @@ protected:
     AcDbObjectId addLine(const AcGePoint3d& from, const AcGePoint3d& to)
     {
         AcDbObjectId id;
-        asCommand([&] {
-            const AcDbObjectPointer<AcDbBlockTableRecord> space(database()->currentSpaceId(),
-                                                                AcDb::kForWrite);
-            auto* line = new AcDbLine(from, to);
-            EXPECT_EQ(space->appendAcDbEntity(id, line), Acad::eOk);
-            line->close();
-        });
+        asCommand([&] { id = addTo(database()->currentSpaceId(), new AcDbLine(from, to)); });
         return id;
     }
     static double real(const wchar_t* name)
