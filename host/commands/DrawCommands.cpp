@@ -1,4 +1,4 @@
-/// LINE, CIRCLE and POINT.
+/// LINE, CIRCLE, POINT and ERASE.
 
 #include "acdocman.h"
 #include "acedinput.h"
@@ -7,6 +7,7 @@
 #include "dbents.h"
 #include "dbobjptr.h"
 #include "geassign.h"
+#include "Selection.h"
 #include "Status.h"
 
 #include <vector>
@@ -107,9 +108,19 @@ void point()
         append(new AcDbPoint(asPnt3d(position)));
 }
 
+void erase()
+{
+    for (const AcDbObjectId id : commands::selectObjects()) {
+        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
+        const Acad::ErrorStatus status = entity.openStatus();
+        if (!commands::succeeds(status == Acad::eOk ? entity->erase() : status)) return;
+    }
+}
+
 [[maybe_unused]] const bool added = commands::add({
     {L"LINE", L"L", ACRX_CMD_MODAL, line, L"Draws lines from point to point"},
     {L"CIRCLE", L"C", ACRX_CMD_MODAL, circle, L"Draws a circle by its center and radius or diameter"},
+    {L"ERASE", L"E", ACRX_CMD_USEPICKSET, erase, L"Erases the entities that are chosen"},
     {L"POINT", L"PO", ACRX_CMD_MODAL, point, L"Draws a point"},
 });
 } // namespace

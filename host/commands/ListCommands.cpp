@@ -5,6 +5,7 @@
 #include "CommandTable.h"
 #include "dbobjptr.h"
 #include "EntityReport.h"
+#include "Selection.h"
 
 namespace
 {
@@ -28,7 +29,15 @@ void listDrawing()
     }
 }
 
+void listSelected()
+{
+    for (const AcDbObjectId id : commands::selectObjects())
+        report(id);
+}
+
 [[maybe_unused]] const bool added = commands::add({
+    {L"LIST", L"LI", ACRX_CMD_USEPICKSET, listSelected,
+     L"Tells of the entities that are chosen, with their extended data"},
     {L"DBLIST", L"", ACRX_CMD_MODAL | ACRX_CMD_DOCREADLOCK, listDrawing,
      L"Tells of every entity of the drawing, with its extended data"},
 });

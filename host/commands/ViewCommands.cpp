@@ -4,6 +4,7 @@
 #include "CommandTable.h"
 #include "Faults.h"
 #include "geassign.h"
+#include "Selection.h"
 #include "Status.h"
 #include "ViewChange.h"
 
@@ -66,6 +67,14 @@ void askCenter()
         commands::succeeds(ed::zoomCenter(asPnt3d(center), height));
 }
 
+void askObjects()
+{
+    AcDbObjectIdArray ids;
+    for (const AcDbObjectId id : commands::selectObjects())
+        ids.append(id);
+    if (!ids.isEmpty()) commands::succeeds(ed::zoomObjects(ids));
+}
+
 /// A keyword, or a scale.
 void zoomBy(const std::wstring& word)
 {
@@ -79,6 +88,8 @@ void zoomBy(const std::wstring& word)
         askFirstCorner();
     else if (word == L"Center")
         askCenter();
+    else if (word == L"Object")
+        askObjects();
     else if (word == L"Scale")
         askScale();
     else
@@ -89,10 +100,10 @@ void zoom()
 {
     ads_point corner;
     wchar_t word[100];
-    acedInitGet(RSG_OTHER | RSG_NODDIST, L"All Center Extents Previous Scale Window");
+    acedInitGet(RSG_OTHER | RSG_NODDIST, L"All Center Extents Previous Scale Window Object");
     const int code = acedGetPoint(nullptr,
                                   L"Specify corner of window, enter a scale factor (nX or nXP), or\n"
-                                  L"[All/Center/Extents/Previous/Scale/Window]: ",
+                                  L"[All/Center/Extents/Previous/Scale/Window/Object]: ",
                                   corner);
     if (code == RTNORM) askWindow(corner);
     if (code == RTKWORD && acedGetInput(word) == RTNORM) zoomBy(word);

@@ -130,6 +130,20 @@ TEST_F(BuiltIn, LinesCirclesAndPointsAreDrawn)
     EXPECT_EQ(count(L"POINT  Layer"), 1);
 }
 
+TEST_F(BuiltIn, ChosenEntitiesAreListedErasedAndZoomedTo)
+{
+    type(L"LINE 0,0 10,0 \nCIRCLE 50,50 1\n");
+    const std::wstring last = type(L"LIST L \n");
+    EXPECT_NE(last.find(L"CIRCLE  Layer"), std::wstring::npos) << last;
+    EXPECT_EQ(last.find(L"LINE  Layer"), std::wstring::npos);
+    type(L"ZOOM O L \n");
+    EXPECT_NE(type(L"SETVAR VIEWCTR\n^C").find(L"50.0000,50.0000"), std::wstring::npos);
+    type(L"ERASE L \n");
+    const std::wstring rest = type(L"LIST ALL \n");
+    EXPECT_NE(rest.find(L"LINE  Layer"), std::wstring::npos) << rest;
+    EXPECT_EQ(rest.find(L"CIRCLE"), std::wstring::npos);
+}
+
 TEST_F(BuiltIn, ZoomAndPanChangeTheView)
 {
     const auto view = [&] { return type(L"SETVAR VIEWCTR\nSETVAR VIEWSIZE\n^C"); };
