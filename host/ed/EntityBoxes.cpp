@@ -32,9 +32,20 @@ double widestOf(const AcDb2dPolyline& polyline)
 /// Extents are those of the line in the middle.
 double widestOf(const AcDbEntity& entity)
 {
-    if (const auto* polyline = AcDbPolyline::cast(&entity)) return widestOf(*polyline);
-    const auto* old = AcDb2dPolyline::cast(&entity);
-    return old ? widestOf(*old) : 0.0;
+    const AcRxClass* const kind = entity.isA();
+    if (kind == AcDbPolyline::desc()) return widestOf(static_cast<const AcDbPolyline&>(entity));
+    return kind == AcDb2dPolyline::desc() ? widestOf(static_cast<const AcDb2dPolyline&>(entity)) : 0.0;
+}
+
+/// The range that one row of a matrix makes of a box.
+void mappedRange(const double (&row)[4], const AcGePoint3d& low, const AcGePoint3d& high, double& least, double& most)
+{
+    least = most = row[3];
+    for (unsigned axis = 0; axis < 3; ++axis) {
+        const double one = row[axis] * low[axis], other = row[axis] * high[axis];
+        least += std::min(one, other);
+        most += std::max(one, other);
+    }
 }
 } // namespace
 
@@ -45,12 +56,8 @@ bool EntityBoxes::boxOf(const AcDbEntity& entity, PlaneBox& box)
     AcDbExtents extents;
     if (!extentsOf(entity, extents)) return false;
     const AcGePoint3d low = extents.minPoint(), high = extents.maxPoint();
-    box = PlaneBox();
-    for (int corner = 0; corner < 8; ++corner) {
-        const AcGePoint3d at = mToPlane * AcGePoint3d(corner & 1 ? high.x : low.x, corner & 2 ? high.y : low.y,
-                                                      corner & 4 ? high.z : low.z);
-        box.add(AcGePoint2d(at.x, at.y));
-    }
+    mappedRange(mToPlane.entry[0], low, high, box.min.x, box.max.x);
+    mappedRange(mToPlane.entry[1], low, high, box.min.y, box.max.y);
     return true;
 }
 
@@ -59,7 +66,7 @@ bool EntityBoxes::extentsOf(const AcDbEntity& entity, AcDbExtents& extents)
     if (entity.isA() == AcDbBlockReference::desc())
         return extentsOf(static_cast<const AcDbBlockReference&>(entity), extents);
     if (entity.getGeomExtents(extents) != Acad::eOk) return false;
-    const double half = entity.isKindOf(AcDbCurve::desc()) ? widestOf(entity) / 2.0 : 0.0;
+    const double half = widestOf(entity) / 2.0;
     if (half > 0.0) {
         const AcGeVector3d aside(half, half, half);
         extents.addPoint(extents.minPoint() - aside);
