@@ -78,6 +78,13 @@ AcDbDimension& AcDbDimension::operator=(const AcDbDimension& other)
     return *this;
 }
 
+void AcDbDimension::begin(const AcGePoint3d& defPoint, const ACHAR* dimText, AcDbObjectId dimStyle)
+{
+    mDefPoint = defPoint;
+    if (dimText) setDimensionText(dimText);
+    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
+}
+
 Acad::ErrorStatus AcDbDimension::beginReshape()
 {
     const Acad::ErrorStatus status = beginChange();

@@ -158,15 +158,19 @@ DimensionArc DbArcingDimension::arcOfPoints() const
     return findArc(plane, arc) ? arc : DimensionArc();
 }
 
+double DbArcingDimension::measure() const
+{
+    const DimensionArc arc = arcOfPoints();
+    return arc.to - arc.from;
+}
+
 AcDb2LineAngularDimension::AcDb2LineAngularDimension(
     const AcGePoint3d& xLine1Start, const AcGePoint3d& xLine1End, const AcGePoint3d& xLine2Start,
     const AcGePoint3d& xLine2End, const AcGePoint3d& arcPoint, const ACHAR* dimText, AcDbObjectId dimStyle)
     : DbArcingDimension(angularType), mLine1Start(xLine1Start), mLine1End(xLine1End),
       mLine2Start(xLine2Start), mArcPoint(arcPoint)
 {
-    mDefPoint = xLine2End;
-    if (dimText) setDimensionText(dimText);
-    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
+    begin(xLine2End, dimText, dimStyle);
 }
 
 AcGePoint3d AcDb2LineAngularDimension::arcPoint() const
@@ -177,12 +181,6 @@ AcGePoint3d AcDb2LineAngularDimension::arcPoint() const
 Acad::ErrorStatus AcDb2LineAngularDimension::setArcPoint(const AcGePoint3d& point)
 {
     return change(mArcPoint, ocs::fromWorld(normal()) * point);
-}
-
-double AcDb2LineAngularDimension::measure() const
-{
-    const DimensionArc arc = arcOfPoints();
-    return arc.to - arc.from;
 }
 
 bool AcDb2LineAngularDimension::findArc(const DimensionPicture& picture, DimensionArc& arc) const
@@ -216,43 +214,41 @@ std::vector<AcGePoint3d*> AcDb2LineAngularDimension::ownPoints()
     return {&mLine1Start, &mLine1End, &mLine2Start};
 }
 
-AcDb3PointAngularDimension::AcDb3PointAngularDimension(const AcGePoint3d& centerPoint,
-                                                       const AcGePoint3d& xLine1Point,
-                                                       const AcGePoint3d& xLine2Point,
-                                                       const AcGePoint3d& arcPoint, const ACHAR* dimText,
-                                                       AcDbObjectId dimStyle)
-    : DbArcingDimension(angular3PointType), mPoint1(xLine1Point), mPoint2(xLine2Point), mCenter(centerPoint)
+DbCenteredArcDimension::DbCenteredArcDimension(Type type, const AcGePoint3d& center,
+                                               const AcGePoint3d& point1, const AcGePoint3d& point2,
+                                               const AcGePoint3d& arcPoint, const ACHAR* dimText,
+                                               AcDbObjectId dimStyle)
+    : DbArcingDimension(type), mPoint1(point1), mPoint2(point2), mCenter(center)
 {
-    mDefPoint = arcPoint;
-    if (dimText) setDimensionText(dimText);
-    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
+    begin(arcPoint, dimText, dimStyle);
 }
 
-double AcDb3PointAngularDimension::measure() const
-{
-    const DimensionArc arc = arcOfPoints();
-    return arc.to - arc.from;
-}
-
-bool AcDb3PointAngularDimension::findArc(const DimensionPicture& picture, DimensionArc& arc) const
+bool DbCenteredArcDimension::findArc(const DimensionPicture& picture, DimensionArc& arc) const
 {
     return arcAround(picture.toPlane(mCenter), picture.toPlane(mPoint1), picture.toPlane(mPoint2),
                      picture.toPlane(mDefPoint), arc);
 }
 
-std::vector<AcGePoint3d*> AcDb3PointAngularDimension::ownPoints()
+std::vector<AcGePoint3d*> DbCenteredArcDimension::ownPoints()
 {
     return {&mPoint1, &mPoint2, &mCenter};
+}
+
+AcDb3PointAngularDimension::AcDb3PointAngularDimension(const AcGePoint3d& centerPoint,
+                                                       const AcGePoint3d& xLine1Point,
+                                                       const AcGePoint3d& xLine2Point,
+                                                       const AcGePoint3d& arcPoint, const ACHAR* dimText,
+                                                       AcDbObjectId dimStyle)
+    : DbCenteredArcDimension(angular3PointType, centerPoint, xLine1Point, xLine2Point, arcPoint, dimText,
+                             dimStyle)
+{
 }
 
 AcDbArcDimension::AcDbArcDimension(const AcGePoint3d& centerPoint, const AcGePoint3d& xLine1Point,
                                    const AcGePoint3d& xLine2Point, const AcGePoint3d& arcPoint,
                                    const ACHAR* dimText, AcDbObjectId dimStyle)
-    : DbArcingDimension(arcType), mPoint1(xLine1Point), mPoint2(xLine2Point), mCenter(centerPoint)
+    : DbCenteredArcDimension(arcType, centerPoint, xLine1Point, xLine2Point, arcPoint, dimText, dimStyle)
 {
-    mDefPoint = arcPoint;
-    if (dimText) setDimensionText(dimText);
-    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
 }
 
 Acad::ErrorStatus AcDbArcDimension::setIsPartial(bool partial)
@@ -275,12 +271,6 @@ double AcDbArcDimension::measure() const
     return (arc.to - arc.from) * mCenter.distanceTo(mPoint1);
 }
 
-bool AcDbArcDimension::findArc(const DimensionPicture& picture, DimensionArc& arc) const
-{
-    return arcAround(picture.toPlane(mCenter), picture.toPlane(mPoint1), picture.toPlane(mPoint2),
-                     picture.toPlane(mDefPoint), arc);
-}
-
 bool AcDbArcDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const
 {
     if (!DbArcingDimension::layOut(picture, textMiddle)) return false;
@@ -298,5 +288,7 @@ bool AcDbArcDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle
 
 std::vector<AcGePoint3d*> AcDbArcDimension::ownPoints()
 {
-    return {&mPoint1, &mPoint2, &mCenter, &mLeader1, &mLeader2};
+    std::vector<AcGePoint3d*> points = DbCenteredArcDimension::ownPoints();
+    points.insert(points.end(), {&mLeader1, &mLeader2});
+    return points;
 }

@@ -57,9 +57,7 @@ DbLinearDimension::DbLinearDimension(Type type, const AcGePoint3d& point1, const
                                      AcDbObjectId dimStyle)
     : AcDbDimension(type), mPoint1(point1), mPoint2(point2)
 {
-    mDefPoint = linePoint;
-    if (dimText) setDimensionText(dimText);
-    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
+    begin(linePoint, dimText, dimStyle);
 }
 
 double AcDbAlignedDimension::direction() const

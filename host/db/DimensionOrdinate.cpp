@@ -28,10 +28,8 @@ AcDbOrdinateDimension::AcDbOrdinateDimension(const AcGePoint3d& origin, bool use
                                              AcDbObjectId dimStyle)
     : AcDbDimension(ordinateType), mFeature(definingPoint), mLeaderEnd(leaderEndPoint)
 {
-    mDefPoint = origin;
     if (useXAxis) this->useXAxis();
-    if (dimText) setDimensionText(dimText);
-    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
+    begin(origin, dimText, dimStyle);
 }
 
 Acad::ErrorStatus AcDbOrdinateDimension::useXAxis()

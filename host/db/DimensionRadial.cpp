@@ -109,34 +109,40 @@ void drawOutside(DimensionPicture& picture, const RadialShape& shape, const AcGe
 }
 } // namespace
 
-AcDbRadialDimension::AcDbRadialDimension(const AcGePoint3d& center, const AcGePoint3d& chordPoint,
-                                         double leaderLength, const ACHAR* dimText, AcDbObjectId dimStyle)
-    : AcDbDimension(radialType), mChordPoint(chordPoint), mLeaderLength(leaderLength)
+DbChordDimension::DbChordDimension(Type type, const AcGePoint3d& across, const AcGePoint3d& chordPoint,
+                                   const ACHAR* dimText, AcDbObjectId dimStyle)
+    : AcDbDimension(type), mChordPoint(chordPoint)
 {
-    mDefPoint = center;
-    if (dimText) setDimensionText(dimText);
-    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
+    begin(across, dimText, dimStyle);
 }
 
-double AcDbRadialDimension::measure() const
+double DbChordDimension::measure() const
 {
     return mChordPoint.distanceTo(mDefPoint);
 }
 
-bool AcDbRadialDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const
+DbLeaderDimension::DbLeaderDimension(Type type, const AcGePoint3d& across, const AcGePoint3d& chordPoint,
+                                     double leaderLength, const ACHAR* dimText, AcDbObjectId dimStyle)
+    : DbChordDimension(type, across, chordPoint, dimText, dimStyle), mLeaderLength(leaderLength)
 {
-    const RadialShape shape(picture.toPlane(mDefPoint), picture.toPlane(mChordPoint));
+}
+
+bool DbLeaderDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const
+{
+    const AcGePoint2d across = picture.toPlane(mDefPoint), tip = picture.toPlane(mChordPoint);
+    const RadialShape shape(isDiameter() ? across + (tip - across) / 2.0 : across, tip);
     if (shape.radius == 0.0) return false;
-    const DimVariables& v = picture.variables();
     const bool isOwn = !isUsingDefaultTextPosition();
     const bool isInside = isOwn && (textInPlane() - shape.center).length() < shape.radius;
-    const double angle = textAngle(v, shape.outwards.angle(), isInside);
+    const double angle = textAngle(picture.variables(), shape.outwards.angle(), isInside);
     textMiddle = isOwn ? textInPlane() : defaultMiddle(picture, shape, mLeaderLength, angle);
     if (isInside) {
-        drawInside(picture, shape, textMiddle, angle, shape.center);
+        const double farArrow = isDiameter() ? picture.arrowSize() : 0.0;
+        drawInside(picture, shape, textMiddle, angle, across + shape.outwards * farArrow);
+        if (isDiameter()) picture.arrow(across, -shape.outwards, true);
         picture.arrow(shape.tip, shape.outwards, false);
     } else {
-        drawOutside(picture, shape, textMiddle, angle, shape.center);
+        drawOutside(picture, shape, textMiddle, angle, across);
     }
     picture.text(textMiddle, angle);
     for (const AcGePoint3d& point : {mChordPoint, mDefPoint})
@@ -144,99 +150,47 @@ bool AcDbRadialDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMid
     return true;
 }
 
-void AcDbRadialDimension::mapPoints(const AcGeMatrix3d& xform)
+void DbLeaderDimension::mapPoints(const AcGeMatrix3d& xform)
 {
     const double before = measure();
-    const AcGeVector3d radius = mChordPoint - mDefPoint;
+    const AcGeVector3d line = mChordPoint - mDefPoint;
     mChordPoint.transformBy(xform);
-    if (before > 0.0) mLeaderLength *= (xform * radius).length() / before;
+    if (before > 0.0) mLeaderLength *= (xform * line).length() / before;
 }
 
-AcGePoint3dArray AcDbRadialDimension::definingPoints() const
+AcGePoint3dArray DbLeaderDimension::definingPoints() const
 {
     AcGePoint3dArray points;
-    points.append(mDefPoint);
-    points.append(mChordPoint);
+    points.append(isDiameter() ? mChordPoint : mDefPoint);
+    points.append(isDiameter() ? mDefPoint : mChordPoint);
     return points;
 }
 
-void AcDbRadialDimension::setDefiningPoint(int index, const AcGePoint3d& point)
+void DbLeaderDimension::setDefiningPoint(int index, const AcGePoint3d& point)
 {
-    (index == 0 ? mDefPoint : mChordPoint) = point;
+    ((index == 0) == isDiameter() ? mChordPoint : mDefPoint) = point;
+}
+
+AcDbRadialDimension::AcDbRadialDimension(const AcGePoint3d& center, const AcGePoint3d& chordPoint,
+                                         double leaderLength, const ACHAR* dimText, AcDbObjectId dimStyle)
+    : DbLeaderDimension(radialType, center, chordPoint, leaderLength, dimText, dimStyle)
+{
 }
 
 AcDbDiametricDimension::AcDbDiametricDimension(const AcGePoint3d& chordPoint,
                                                const AcGePoint3d& farChordPoint, double leaderLength,
                                                const ACHAR* dimText, AcDbObjectId dimStyle)
-    : AcDbDimension(diametricType), mChordPoint(chordPoint), mLeaderLength(leaderLength)
+    : DbLeaderDimension(diametricType, farChordPoint, chordPoint, leaderLength, dimText, dimStyle)
 {
-    mDefPoint = farChordPoint;
-    if (dimText) setDimensionText(dimText);
-    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
-}
-
-double AcDbDiametricDimension::measure() const
-{
-    return mChordPoint.distanceTo(mDefPoint);
-}
-
-bool AcDbDiametricDimension::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const
-{
-    const AcGePoint2d far = picture.toPlane(mDefPoint), near = picture.toPlane(mChordPoint);
-    const RadialShape shape(far + (near - far) / 2.0, near);
-    if (shape.radius == 0.0) return false;
-    const DimVariables& v = picture.variables();
-    const bool isOwn = !isUsingDefaultTextPosition();
-    const bool isInside = isOwn && (textInPlane() - shape.center).length() < shape.radius;
-    const double angle = textAngle(v, shape.outwards.angle(), isInside);
-    textMiddle = isOwn ? textInPlane() : defaultMiddle(picture, shape, mLeaderLength, angle);
-    if (isInside) {
-        drawInside(picture, shape, textMiddle, angle, far + shape.outwards * picture.arrowSize());
-        picture.arrow(far, -shape.outwards, true);
-        picture.arrow(shape.tip, shape.outwards, false);
-    } else {
-        drawOutside(picture, shape, textMiddle, angle, far);
-    }
-    picture.text(textMiddle, angle);
-    for (const AcGePoint3d& point : {mChordPoint, mDefPoint})
-        picture.definitionPoint(point);
-    return true;
-}
-
-void AcDbDiametricDimension::mapPoints(const AcGeMatrix3d& xform)
-{
-    mChordPoint.transformBy(xform);
-    mLeaderLength *= (xform * AcGeVector3d::kXAxis).length();
-}
-
-AcGePoint3dArray AcDbDiametricDimension::definingPoints() const
-{
-    AcGePoint3dArray points;
-    points.append(mChordPoint);
-    points.append(mDefPoint);
-    return points;
-}
-
-void AcDbDiametricDimension::setDefiningPoint(int index, const AcGePoint3d& point)
-{
-    (index == 0 ? mChordPoint : mDefPoint) = point;
 }
 
 AcDbRadialDimensionLarge::AcDbRadialDimensionLarge(const AcGePoint3d& center, const AcGePoint3d& chordPoint,
                                                    const AcGePoint3d& overrideCenter,
                                                    const AcGePoint3d& jogPoint, double jogAngle,
                                                    const ACHAR* dimText, AcDbObjectId dimStyle)
-    : AcDbDimension(largeRadialType), mChordPoint(chordPoint), mOverrideCenter(overrideCenter),
-      mJogPoint(jogPoint), mJogAngle(jogAngle)
+    : DbChordDimension(largeRadialType, center, chordPoint, dimText, dimStyle),
+      mOverrideCenter(overrideCenter), mJogPoint(jogPoint), mJogAngle(jogAngle)
 {
-    mDefPoint = center;
-    if (dimText) setDimensionText(dimText);
-    if (!dimStyle.isNull()) setDimensionStyle(dimStyle);
-}
-
-double AcDbRadialDimensionLarge::measure() const
-{
-    return mChordPoint.distanceTo(mDefPoint);
 }
 
 bool AcDbRadialDimensionLarge::layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const

@@ -24,6 +24,7 @@ protected:
     /// False for points that make no arc.
     virtual bool findArc(const DimensionPicture& picture, DimensionArc& arc) const = 0;
     bool isAngular() const override { return true; }
+    double measure() const override;
     bool layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const override;
     void mapPoints(const AcGeMatrix3d& xform) override;
     AcGePoint3dArray definingPoints() const override;
@@ -61,7 +62,6 @@ public:
     static const DxfClass dxf;
 
 protected:
-    double measure() const override;
     bool findArc(const DimensionPicture& picture, DimensionArc& arc) const override;
     std::vector<AcGePoint3d*> ownPoints() override;
     void mapAngles(const AcGeMatrix3d& map) override { mArcPoint.transformBy(map); }
@@ -71,58 +71,58 @@ private:
     AcGePoint3d mArcPoint; ///< in object coordinates
 };
 
+/// An arc around a centre, between two points and through a third.
+class DbCenteredArcDimension : public DbArcingDimension
+{
+public:
+    /// A point of the arc.
+    AcGePoint3d arcPoint() const { return mDefPoint; }
+    Acad::ErrorStatus setArcPoint(const AcGePoint3d& point) { return change(mDefPoint, point); }
+    /// The two points; those of AcDbArcDimension are the ends of the arc, counter-clockwise.
+    AcGePoint3d xLine1Point() const { return mPoint1; }
+    Acad::ErrorStatus setXLine1Point(const AcGePoint3d& point) { return change(mPoint1, point); }
+    AcGePoint3d xLine2Point() const { return mPoint2; }
+    Acad::ErrorStatus setXLine2Point(const AcGePoint3d& point) { return change(mPoint2, point); }
+    AcGePoint3d centerPoint() const { return mCenter; }
+    Acad::ErrorStatus setCenterPoint(const AcGePoint3d& point) { return change(mCenter, point); }
+
+protected:
+    using DbArcingDimension::DbArcingDimension;
+    DbCenteredArcDimension(Type type, const AcGePoint3d& center, const AcGePoint3d& point1,
+                           const AcGePoint3d& point2, const AcGePoint3d& arcPoint, const ACHAR* dimText,
+                           AcDbObjectId dimStyle);
+    bool findArc(const DimensionPicture& picture, DimensionArc& arc) const override;
+    std::vector<AcGePoint3d*> ownPoints() override;
+
+    AcGePoint3d mPoint1, mPoint2, mCenter;
+};
+
 /// The angle that two points are seen under from a third, on the side of the arc point.
-class AcDb3PointAngularDimension : public DbArcingDimension
+class AcDb3PointAngularDimension : public DbCenteredArcDimension
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDb3PointAngularDimension);
     ACDB_STATE_MEMBERS(AcDb3PointAngularDimension)
-    AcDb3PointAngularDimension() : DbArcingDimension(angular3PointType) {}
+    AcDb3PointAngularDimension() : DbCenteredArcDimension(angular3PointType) {}
     AcDb3PointAngularDimension(const AcGePoint3d& centerPoint, const AcGePoint3d& xLine1Point,
                                const AcGePoint3d& xLine2Point, const AcGePoint3d& arcPoint,
                                const ACHAR* dimText = nullptr, AcDbObjectId dimStyle = AcDbObjectId::kNull);
 
-    AcGePoint3d arcPoint() const { return mDefPoint; }
-    Acad::ErrorStatus setArcPoint(const AcGePoint3d& point) { return change(mDefPoint, point); }
-    AcGePoint3d xLine1Point() const { return mPoint1; }
-    Acad::ErrorStatus setXLine1Point(const AcGePoint3d& point) { return change(mPoint1, point); }
-    AcGePoint3d xLine2Point() const { return mPoint2; }
-    Acad::ErrorStatus setXLine2Point(const AcGePoint3d& point) { return change(mPoint2, point); }
-    AcGePoint3d centerPoint() const { return mCenter; }
-    Acad::ErrorStatus setCenterPoint(const AcGePoint3d& point) { return change(mCenter, point); }
-
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
 
-protected:
-    double measure() const override;
-    bool findArc(const DimensionPicture& picture, DimensionArc& arc) const override;
-    std::vector<AcGePoint3d*> ownPoints() override;
-
-private:
-    AcGePoint3d mPoint1, mPoint2, mCenter;
 };
 
 /// The length of an arc.
-class AcDbArcDimension : public DbArcingDimension
+class AcDbArcDimension : public DbCenteredArcDimension
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbArcDimension);
     ACDB_STATE_MEMBERS(AcDbArcDimension)
-    AcDbArcDimension() : DbArcingDimension(arcType) {}
+    AcDbArcDimension() : DbCenteredArcDimension(arcType) {}
     AcDbArcDimension(const AcGePoint3d& centerPoint, const AcGePoint3d& xLine1Point,
                      const AcGePoint3d& xLine2Point, const AcGePoint3d& arcPoint,
                      const ACHAR* dimText = nullptr, AcDbObjectId dimStyle = AcDbObjectId::kNull);
-
-    AcGePoint3d arcPoint() const { return mDefPoint; }
-    Acad::ErrorStatus setArcPoint(const AcGePoint3d& point) { return change(mDefPoint, point); }
-    /// The ends of the arc, counter-clockwise.
-    AcGePoint3d xLine1Point() const { return mPoint1; }
-    Acad::ErrorStatus setXLine1Point(const AcGePoint3d& point) { return change(mPoint1, point); }
-    AcGePoint3d xLine2Point() const { return mPoint2; }
-    Acad::ErrorStatus setXLine2Point(const AcGePoint3d& point) { return change(mPoint2, point); }
-    AcGePoint3d centerPoint() const { return mCenter; }
-    Acad::ErrorStatus setCenterPoint(const AcGePoint3d& point) { return change(mCenter, point); }
 
     bool isPartial() const { return mIsPartial; }
     Acad::ErrorStatus setIsPartial(bool partial);
@@ -148,12 +148,11 @@ protected:
     double measure() const override;
     bool isAngular() const override { return false; }
     const wchar_t* measureSign() const override { return L""; }
-    bool findArc(const DimensionPicture& picture, DimensionArc& arc) const override;
     bool layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const override;
     std::vector<AcGePoint3d*> ownPoints() override;
 
 private:
-    AcGePoint3d mPoint1, mPoint2, mCenter, mLeader1, mLeader2;
+    AcGePoint3d mLeader1, mLeader2;
     double mStartParam = 0.0, mEndParam = 0.0;
     bool mIsPartial = false, mHasLeader = false;
 };

@@ -188,6 +188,8 @@ protected:
     virtual AcGePoint3dArray definingPoints() const = 0;
     virtual void setDefiningPoint(int index, const AcGePoint3d& point) = 0;
 
+    /// For constructors: the point of group 10, and the text and style where they are given.
+    void begin(const AcGePoint3d& defPoint, const ACHAR* dimText, AcDbObjectId dimStyle);
     /// The gate of a setter: what was drawn no longer holds.
     Acad::ErrorStatus beginReshape();
     /// Sets a point of the class.

@@ -4,89 +4,102 @@
 
 #include "dbdimension.h"
 
-class AcDbRadialDimension : public AcDbDimension
+/// What they have in common: a point of the curve, which an arrow touches.
+class DbChordDimension : public AcDbDimension
+{
+public:
+    AcGePoint3d chordPoint() const { return mChordPoint; }
+    Acad::ErrorStatus setChordPoint(const AcGePoint3d& point) { return change(mChordPoint, point); }
+
+protected:
+    using AcDbDimension::AcDbDimension;
+    /// `across` is the point that the chord point is measured from.
+    DbChordDimension(Type type, const AcGePoint3d& across, const AcGePoint3d& chordPoint, const ACHAR* dimText,
+                     AcDbObjectId dimStyle);
+    double measure() const override;
+
+    AcGePoint3d mChordPoint;
+};
+
+/// A radius or diameter whose leader goes beyond the chord point.
+class DbLeaderDimension : public DbChordDimension
+{
+public:
+    double leaderLength() const { return mLeaderLength; }
+    Acad::ErrorStatus setLeaderLength(double length) { return change(mLeaderLength, length); }
+
+protected:
+    using DbChordDimension::DbChordDimension;
+    DbLeaderDimension(Type type, const AcGePoint3d& across, const AcGePoint3d& chordPoint, double leaderLength,
+                      const ACHAR* dimText, AcDbObjectId dimStyle);
+    /// Measured from the far side of the curve, not from its centre.
+    virtual bool isDiameter() const = 0;
+    bool layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const override;
+    /// The leader grows with the measure.
+    void mapPoints(const AcGeMatrix3d& xform) override;
+    AcGePoint3dArray definingPoints() const override;
+    void setDefiningPoint(int index, const AcGePoint3d& point) override;
+
+    double mLeaderLength = 0.0;
+};
+
+class AcDbRadialDimension : public DbLeaderDimension
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbRadialDimension);
     ACDB_STATE_MEMBERS(AcDbRadialDimension)
-    AcDbRadialDimension() : AcDbDimension(radialType) {}
+    AcDbRadialDimension() : DbLeaderDimension(radialType) {}
     /// `leaderLength` is how far the leader goes beyond the chord point.
     AcDbRadialDimension(const AcGePoint3d& center, const AcGePoint3d& chordPoint, double leaderLength,
                         const ACHAR* dimText = nullptr, AcDbObjectId dimStyle = AcDbObjectId::kNull);
 
     AcGePoint3d center() const { return mDefPoint; }
     Acad::ErrorStatus setCenter(const AcGePoint3d& point) { return change(mDefPoint, point); }
-    /// The point of the curve that the arrow touches.
-    AcGePoint3d chordPoint() const { return mChordPoint; }
-    Acad::ErrorStatus setChordPoint(const AcGePoint3d& point) { return change(mChordPoint, point); }
-    double leaderLength() const { return mLeaderLength; }
-    Acad::ErrorStatus setLeaderLength(double length) { return change(mLeaderLength, length); }
 
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
 
 protected:
-    double measure() const override;
+    bool isDiameter() const override { return false; }
     const wchar_t* measureSign() const override { return L"R"; }
-    bool layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const override;
-    void mapPoints(const AcGeMatrix3d& xform) override;
-    AcGePoint3dArray definingPoints() const override;
-    void setDefiningPoint(int index, const AcGePoint3d& point) override;
-
-private:
-    AcGePoint3d mChordPoint;
-    double mLeaderLength = 0.0;
 };
 
-class AcDbDiametricDimension : public AcDbDimension
+/// The chord point is the end of the diameter on the text's side.
+class AcDbDiametricDimension : public DbLeaderDimension
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDiametricDimension);
     ACDB_STATE_MEMBERS(AcDbDiametricDimension)
-    AcDbDiametricDimension() : AcDbDimension(diametricType) {}
+    AcDbDiametricDimension() : DbLeaderDimension(diametricType) {}
     AcDbDiametricDimension(const AcGePoint3d& chordPoint, const AcGePoint3d& farChordPoint,
                            double leaderLength, const ACHAR* dimText = nullptr,
                            AcDbObjectId dimStyle = AcDbObjectId::kNull);
 
-    /// The end of the diameter on the text's side, and the one across.
-    AcGePoint3d chordPoint() const { return mChordPoint; }
-    Acad::ErrorStatus setChordPoint(const AcGePoint3d& point) { return change(mChordPoint, point); }
+    /// The end of the diameter across.
     AcGePoint3d farChordPoint() const { return mDefPoint; }
     Acad::ErrorStatus setFarChordPoint(const AcGePoint3d& point) { return change(mDefPoint, point); }
-    double leaderLength() const { return mLeaderLength; }
-    Acad::ErrorStatus setLeaderLength(double length) { return change(mLeaderLength, length); }
 
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
 
 protected:
-    double measure() const override;
+    bool isDiameter() const override { return true; }
     const wchar_t* measureSign() const override { return L"\u2205"; }
-    bool layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const override;
-    void mapPoints(const AcGeMatrix3d& xform) override;
-    AcGePoint3dArray definingPoints() const override;
-    void setDefiningPoint(int index, const AcGePoint3d& point) override;
-
-private:
-    AcGePoint3d mChordPoint;
-    double mLeaderLength = 0.0;
 };
 
 /// A radius whose centre lies off the page: the line starts elsewhere and is jogged.
-class AcDbRadialDimensionLarge : public AcDbDimension
+class AcDbRadialDimensionLarge : public DbChordDimension
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbRadialDimensionLarge);
     ACDB_STATE_MEMBERS(AcDbRadialDimensionLarge)
-    AcDbRadialDimensionLarge() : AcDbDimension(largeRadialType) {}
+    AcDbRadialDimensionLarge() : DbChordDimension(largeRadialType) {}
     AcDbRadialDimensionLarge(const AcGePoint3d& center, const AcGePoint3d& chordPoint,
                              const AcGePoint3d& overrideCenter, const AcGePoint3d& jogPoint, double jogAngle,
                              const ACHAR* dimText = nullptr, AcDbObjectId dimStyle = AcDbObjectId::kNull);
 
     AcGePoint3d center() const { return mDefPoint; }
     Acad::ErrorStatus setCenter(const AcGePoint3d& point) { return change(mDefPoint, point); }
-    AcGePoint3d chordPoint() const { return mChordPoint; }
-    Acad::ErrorStatus setChordPoint(const AcGePoint3d& point) { return change(mChordPoint, point); }
     /// Where the line starts instead of the centre.
     AcGePoint3d overrideCenter() const { return mOverrideCenter; }
     Acad::ErrorStatus setOverrideCenter(const AcGePoint3d& point) { return change(mOverrideCenter, point); }
@@ -99,7 +112,6 @@ public:
     static const DxfClass dxf;
 
 protected:
-    double measure() const override;
     const wchar_t* measureSign() const override { return L"R"; }
     bool layOut(DimensionPicture& picture, AcGePoint2d& textMiddle) const override;
     void mapPoints(const AcGeMatrix3d& xform) override;
@@ -107,6 +119,6 @@ protected:
     void setDefiningPoint(int index, const AcGePoint3d& point) override;
 
 private:
-    AcGePoint3d mChordPoint, mOverrideCenter, mJogPoint;
+    AcGePoint3d mOverrideCenter, mJogPoint;
     double mJogAngle = 0.0;
 };
