@@ -1,68 +1,18 @@
 #include "gecint2d.h"
 
-#include "CurveMeet.h"
-#include "Dimension.h"
+#include "DimensionNames.h"
 #include "geponc2d.h"
-
-#include <algorithm>
 
 using namespace gecore;
 
-/// A meeting as it is handed out, with how each curve passes the other.
-struct AcGeCurveCurveInt2d::Result {
-    Meeting meeting;
-    double gap;
-    AcGe::AcGeXConfig config1, config2;
-};
-
 namespace
 {
-double lowerOf(const AcGeInterval& i)
-{
-    return i.isBoundedBelow() ? i.lowerBound() : -kInfinity;
-}
-double upperOf(const AcGeInterval& i)
-{
-    return i.isBoundedAbove() ? i.upperBound() : kInfinity;
-}
-
-/// A form cut to a range; chains stay whole, and their meetings are sifted.
-CurveForm within(const CurveForm& form, const AcGeInterval& range)
-{
-    if (form.kind == FormKind::kChain) return form;
-    return trimmed(form, std::max(form.lo, lowerOf(range)), std::min(form.hi, upperOf(range)));
-}
-
-/// On which side of a curve another one is, a little before or after they meet: 1 left, -1 right, 0 unknown.
-int sideOf(const CurveForm& curve, double s, const CurveForm& other, double t, double step,
-           const Arrow& normal)
-{
-    const double at = t + step;
-    if (at < other.lo || at > other.hi) return 0;
-    Arrow d[3];
-    derivatives(curve, s, 2, d);
-    const Arrow to = pointAt(other, at) - (Place() + d[0]);
-    const double along = d[1].lengthSqrd() > 0 ? to.dotProduct(d[1]) / d[1].lengthSqrd() : 0;
-    const Arrow off = to - d[1] * along - d[2] * (along * along / 2); // from the curve, bent as it is
-    const double side = normal.dotProduct(d[1].crossProduct(off));
-    return side > 0 ? 1 : side < 0 ? -1 : 0;
-}
-
-AcGe::AcGeXConfig configOf(const CurveForm& curve, double s, const CurveForm& other, double t,
-                           const Arrow& normal)
-{
-    Arrow d[2];
-    derivatives(other, t, 1, d);
-    const double reach = std::isfinite(other.hi - other.lo) ? (other.hi - other.lo) * 1e-4 : 1e-4;
-    const int before = sideOf(curve, s, other, t, -reach, normal),
-              after = sideOf(curve, s, other, t, reach, normal);
-    if (before == 0 && after == 0) return AcGe::kUnknown;
-    if (before == 0) return after > 0 ? AcGe::kPointLeft : AcGe::kPointRight;
-    if (after == 0) return before > 0 ? AcGe::kPointLeft : AcGe::kPointRight;
-    if (before > 0) return after > 0 ? AcGe::kLeftLeft : AcGe::kLeftRight;
-    return after > 0 ? AcGe::kRightLeft : AcGe::kRightRight;
-}
+GE_DIMENSION_NAMES(2d)
+using CurveCurveInt = AcGeCurveCurveInt2d;
+using PointOnCurve = AcGePointOnCurve2d;
 } // namespace
+
+#include "AcGeCurveCurveInt.inl"
 
 AcGeCurveCurveInt2d::AcGeCurveCurveInt2d() : mResults(std::make_shared<std::vector<Result>>()) {}
 
@@ -94,163 +44,12 @@ AcGeCurveCurveInt2d& AcGeCurveCurveInt2d::set(const AcGeCurve2d& curve1, const A
     mRange1 = range1;
     mRange2 = range2;
     mTol = tol;
-    mOverlaps.removeAll();
     const Arrow normal(0, 0, 1);
     const CurveForm a = within(curve1.form(), range1), b = within(curve2.form(), range2);
-    std::vector<Result> results;
-    if (a.lo <= a.hi && b.lo <= b.hi) {
-        const Meetings found = meet(a, b, tol.equalPoint());
-        for (std::size_t i = 0; i < found.points.size(); ++i) {
-            const Meeting& m = found.points[i];
-            if (!range1.contains(m.s) || !range2.contains(m.t)) continue;
-            results.push_back({m, m.point.distanceTo(pointAt(b, m.t)), configOf(a, m.s, b, m.t, normal),
-                               configOf(b, m.t, a, m.s, normal)});
-        }
-        for (std::size_t i = 0; i < found.overlaps.size(); ++i)
-            for (const double value :
-                 {found.overlaps[i].s0, found.overlaps[i].s1, found.overlaps[i].t0, found.overlaps[i].t1})
-                mOverlaps.append(value);
-    }
-    mResults = std::make_shared<const std::vector<Result>>(std::move(results));
-    return *this;
-}
-
-const AcGeCurveCurveInt2d::Result* AcGeCurveCurveInt2d::resultAt(int intNum) const
-{
-    return intNum >= 0 && intNum < numIntPoints() ? &(*mResults)[static_cast<std::size_t>(intNum)] : nullptr;
-}
-
-bool AcGeCurveCurveInt2d::isEqualTo(const AcGeEntity2d& entity, const AcGeTol& tol) const
-{
-    if (entity.type() != type()) return false;
-    const auto& other = static_cast<const AcGeCurveCurveInt2d&>(entity);
-    bool equal = numIntPoints() == other.numIntPoints() && overlapCount() == other.overlapCount();
-    for (int i = 0; equal && i < numIntPoints(); ++i)
-        equal = intPoint(i).isEqualTo(other.intPoint(i), tol);
-    return equal;
-}
-
-bool AcGeCurveCurveInt2d::isOn(const AcGePoint2d& pnt, const AcGeTol& tol) const
-{
-    for (int i = 0; i < numIntPoints(); ++i)
-        if (intPoint(i).isEqualTo(pnt, tol)) return true;
-    return false;
-}
-
-void AcGeCurveCurveInt2d::getIntRanges(AcGeInterval& range1, AcGeInterval& range2) const
-{
-    range1 = mRange1;
-    range2 = mRange2;
-}
-
-int AcGeCurveCurveInt2d::numIntPoints() const
-{
-    return static_cast<int>(mResults->size());
-}
-
-int AcGeCurveCurveInt2d::numIntPoints(AcGeIntersectError& err) const
-{
-    err = AcGe::kXXOk;
-    return numIntPoints();
-}
-
-AcGePoint2d AcGeCurveCurveInt2d::intPoint(int intNum) const
-{
-    AcGeIntersectError err;
-    return intPoint(intNum, err);
-}
-
-AcGePoint2d AcGeCurveCurveInt2d::intPoint(int intNum, AcGeIntersectError& err) const
-{
-    const Result* result = resultAt(intNum);
-    err = result ? AcGe::kXXOk : AcGe::kXXIndexOutOfRange;
-    return result ? toPoint2d(result->meeting.point) : AcGePoint2d::kOrigin;
-}
-
-void AcGeCurveCurveInt2d::getIntParams(int intNum, double& param1, double& param2) const
-{
-    AcGeIntersectError err;
-    getIntParams(intNum, param1, param2, err);
-}
-
-void AcGeCurveCurveInt2d::getIntParams(int intNum, double& param1, double& param2,
-                                       AcGeIntersectError& err) const
-{
-    const Result* result = resultAt(intNum);
-    err = result ? AcGe::kXXOk : AcGe::kXXIndexOutOfRange;
-    param1 = result ? result->meeting.s : 0;
-    param2 = result ? result->meeting.t : 0;
-}
-
-void AcGeCurveCurveInt2d::getPointOnCurve1(int intNum, AcGePointOnCurve2d& pnt) const
-{
-    if (const Result* result = resultAt(intNum)) pnt.setCurve(*mCurve1).setParameter(result->meeting.s);
-}
-
-void AcGeCurveCurveInt2d::getPointOnCurve2(int intNum, AcGePointOnCurve2d& pnt) const
-{
-    if (const Result* result = resultAt(intNum)) pnt.setCurve(*mCurve2).setParameter(result->meeting.t);
-}
-
-void AcGeCurveCurveInt2d::getIntConfigs(int intNum, AcGe::AcGeXConfig& config1wrt2,
-                                        AcGe::AcGeXConfig& config2wrt1) const
-{
-    const Result* result = resultAt(intNum);
-    config1wrt2 = result ? result->config2 : AcGe::kNotDefined;
-    config2wrt1 = result ? result->config1 : AcGe::kNotDefined;
-}
-
-bool AcGeCurveCurveInt2d::isTangential(int intNum) const
-{
-    const Result* result = resultAt(intNum);
-    return result && result->meeting.tangential;
-}
-
-bool AcGeCurveCurveInt2d::isTransversal(int intNum) const
-{
-    const Result* result = resultAt(intNum);
-    return result && !result->meeting.tangential;
-}
-
-double AcGeCurveCurveInt2d::intPointTol(int intNum) const
-{
-    const Result* result = resultAt(intNum);
-    return result ? result->gap : 0;
-}
-
-int AcGeCurveCurveInt2d::overlapCount() const
-{
-    return mOverlaps.length() / 4;
-}
-
-bool AcGeCurveCurveInt2d::overlapDirection() const
-{
-    return overlapCount() > 0 && mOverlaps[2] <= mOverlaps[3];
-}
-
-void AcGeCurveCurveInt2d::getOverlapRanges(int overlapNum, AcGeInterval& range1, AcGeInterval& range2) const
-{
-    if (overlapNum < 0 || overlapNum >= overlapCount()) return;
-    const double* o = mOverlaps.asArrayPtr() + 4 * overlapNum;
-    range1.set(o[0], o[1]);
-    range2.set(std::min(o[2], o[3]), std::max(o[2], o[3]));
-}
-
-AcGeCurveCurveInt2d& AcGeCurveCurveInt2d::orderWrt1()
-{
-    std::vector<Result> sorted = *mResults;
-    std::sort(sorted.begin(), sorted.end(),
-              [](const Result& a, const Result& b) { return a.meeting.s < b.meeting.s; });
-    mResults = std::make_shared<const std::vector<Result>>(std::move(sorted));
-    return *this;
-}
-
-AcGeCurveCurveInt2d& AcGeCurveCurveInt2d::orderWrt2()
-{
-    std::vector<Result> sorted = *mResults;
-    std::sort(sorted.begin(), sorted.end(),
-              [](const Result& a, const Result& b) { return a.meeting.t < b.meeting.t; });
-    mResults = std::make_shared<const std::vector<Result>>(std::move(sorted));
+    const Meetings found = a.lo <= a.hi && b.lo <= b.hi ? meet(a, b, tol.equalPoint()) : Meetings();
+    mOverlaps = overlapsOf(found);
+    mResults =
+        std::make_shared<const std::vector<Result>>(resultsOf<Result>(a, b, found, range1, range2, normal));
     return *this;
 }
 
