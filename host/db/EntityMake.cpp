@@ -1,30 +1,20 @@
 /// Making objects from lists.
 
-#include "BlockAccess.h"
-#include "DatabaseState.h"
-#include "DxfFields.h"
-#include "EntityAccess.h"
-#include "EntityLists.h"
-#include "ResbufSource.h"
-#include "Stub.h"
 #include "acdbads.h"
-#include "dbblock.h"
+#include "db3dpl.h"
+#include "dbblkref.h"
+#include "dbpolymesh.h"
+#include "dbvertex.h"
+#include "DxfFields.h"
+#include "EntityLists.h"
+#include "RecordClass.h"
+#include "ResbufSource.h"
+#include "UnfinishedEntities.h"
+
+#include <optional>
 
 namespace
 {
-/// What was begun and is not complete: an entity that waits for its SEQEND, a block for its ENDBLK.
-struct Unfinished {
-    AcDbDatabase* database = nullptr;
-    AcDbObjectId entity, block;
-};
-
-Unfinished& unfinished()
-{
-    static Unfinished state;
-    if (state.database != workingDatabase()) state = {workingDatabase(), {}, {}};
-    return state;
-}
-
 /// A list for making: what names an object that was is passed over, and the space is noted.
 class MakingSource : public ResbufSource
 {
@@ -40,6 +30,7 @@ private:
     bool mIsPaperSpace = false;
 };
 
+/// The groups of a list that describe the object, without those that name it and its owner.
 std::vector<const resbuf*> contentsOf(const resbuf* list)
 {
     std::vector<const resbuf*> nodes;
@@ -47,78 +38,100 @@ std::vector<const resbuf*> contentsOf(const resbuf* list)
     for (; list && list->restype != -3; list = list->rbnext) {
         const int code = list->restype;
         isInSection |= code == 100;
-        const bool isFrame = code <= 0 || (!isInSection && (code == 5 || code == 330 || code == 102 || code == 360));
+        const bool isFrame =
+            code <= 0 || (!isInSection && (code == 5 || code == 330 || code == 102 || code == 360));
         if (!isFrame) nodes.push_back(list);
     }
     return nodes;
 }
 
-AcDbObjectId append(AcDbObjectId blockId, AcDbEntity& entity)
+/// A list as what chooses the class of a record.
+class ListView : public RecordView
 {
-    AcDbObjectId id;
-    AcDbBlockTableRecord* block = nullptr;
-    if (acdbOpenObject(block, blockId, AcDb::kForWrite) != Acad::eOk) return id;
-    block->appendAcDbEntity(id, &entity);
-    block->close();
-    return id;
-}
-
-/// Gives a vertex, an attribute or an end mark to the entity that waits for it.
-AcDbObjectId appendTo(AcDbObjectId ownerId, AcDbEntity& entity)
-{
-    AcDbObjectId id;
-    AcDbEntity* owner = nullptr;
-    if (acdbOpenObject(owner, ownerId, AcDb::kForWrite) != Acad::eOk) return id;
-    owner->database()->addAcDbObject(id, &entity, ownerId);
-    EntityAccess::resolveProperties(entity);
-    DbSubentities& list = *owner->subentities();
-    if (entity.isKindOf(AcDbSequenceEnd::desc())) {
-        // The mark that the owner was given when it was added makes way for the one that the caller names.
-        if (AcDbStub* given = list.sequenceEnd) given->erased = true;
-        list.sequenceEnd = id;
-        owner->completeRead();
-    } else {
-        list.ids.push_back(id);
+public:
+    explicit ListView(const resbuf* list) : mNodes(contentsOf(list)) {}
+    bool hasSection(std::string_view marker) const override
+    {
+        return find([=](const DxfGroup& group) { return group.is(100) && group.text == marker; }).has_value();
     }
-    owner->close();
-    return id;
-}
-
-bool startsSequence(AcDbEntity& entity, const resbuf* list)
-{
-    if (!entity.subentities()) return false;
-    const CString kind = kindOf(list);
-    if (kind.CompareNoCase(L"POLYLINE") == 0) return true;
-    while (list && list->restype != 66) list = list->rbnext;
-    return list && list->resval.rint != 0;
-}
-
-/// Where an entity of a list goes; the state of what is unfinished follows.
-AcDbObjectId place(AcDbEntity& entity, const resbuf* list, bool isInPaperSpace)
-{
-    Unfinished& state = unfinished();
-    if (!state.entity.isNull()) {
-        const AcDbObjectId id = appendTo(state.entity, entity);
-        if (entity.isKindOf(AcDbSequenceEnd::desc())) state.entity.setNull();
-        return id;
+    std::int64_t integer(int code, std::int64_t otherwise) const override
+    {
+        return find([=](const DxfGroup& group) { return group.is(code); }).value_or(otherwise);
     }
-    const DatabaseState& database = DatabaseAccess::of(*state.database);
-    const AcDbObjectId space = isInPaperSpace ? database.paperSpace : state.database->currentSpaceId();
-    const AcDbObjectId id = append(state.block.isNull() ? space : state.block, entity);
-    if (!id.isNull() && startsSequence(entity, list)) state.entity = id;
-    return id;
+
+private:
+    /// The number of the first group that is wanted.
+    template <class Test>
+    std::optional<std::int64_t> find(Test isWanted) const
+    {
+        ResbufSource source(mNodes, nullptr);
+        for (; const DxfGroup* group = source.peek(); source.take()) {
+            if (isWanted(*group)) return group->integer;
+        }
+        return {};
+    }
+
+    std::vector<const resbuf*> mNodes;
+};
+
+/// The class of the vertices of a polyline or mesh; null where there are several.
+const AcRxClass* vertexClassOf(const AcDbEntity& owner)
+{
+    if (owner.isKindOf(AcDb3dPolyline::desc())) return AcDb3dPolylineVertex::desc();
+    return owner.isKindOf(AcDbPolygonMesh::desc()) ? AcDbPolygonMeshVertex::desc() : nullptr;
 }
 
-int addMade(std::unique_ptr<AcDbObject> object, const resbuf* list, bool isInPaperSpace, ads_name result)
+/// The class of the object that a list describes; null for none. A vertex whose list says no more than that
+/// takes the class that the polyline before it has use for.
+const AcRxClass* classOf(const resbuf* list)
 {
-    AcDbObjectId id;
-    auto* entity = AcDbEntity::cast(object.get());
-    if (entity) {
-        id = place(*entity, list, isInPaperSpace);
-    } else {
-        workingDatabase()->addAcDbObject(id, object.get());
-    }
-    if (id.isNull()) return RTERROR;
+    const ACHAR* kind = kindOf(list);
+    if (!kind) return nullptr;
+    const ListView view(list);
+    const AcRxClass* found = recordKindOf(utf8Of(CString(kind).MakeUpper())).classOf(view);
+    const AcDbEntity* owner = UnfinishedEntities::current().owner();
+    const bool isPlain = found == AcDb2dVertex::desc() && !view.hasSection("AcDb2dVertex");
+    const AcRxClass* wanted = isPlain && owner ? vertexClassOf(*owner) : nullptr;
+    return wanted ? wanted : found;
+}
+
+bool startsSequence(const AcDbEntity& entity, const resbuf* list)
+{
+    if (entity.isKindOf(AcDbBlockReference::desc())) return ListView(list).integer(66, 0) != 0;
+    return CString(kindOf(list)).CompareNoCase(L"POLYLINE") == 0;
+}
+
+/// Reads an object of a class; null for a list that it cannot be read from.
+std::unique_ptr<AcDbObject> readObject(const AcRxClass& wanted, MakingSource& source)
+{
+    std::unique_ptr<AcRxObject> made(wanted.create());
+    std::unique_ptr<AcDbObject> object(AcDbObject::cast(made.get()));
+    if (!object) return object;
+    made.release();
+    dxfRead(*object, source);
+    if (source.hasFault()) object.reset();
+    return object;
+}
+
+int makeEntity(std::unique_ptr<AcDbObject> object, const resbuf* list, bool isInPaperSpace, AcDbObjectId& id)
+{
+    MadeEntity made;
+    const resbuf* data = xdataOf(list);
+    ResbufSource source(data ? data->rbnext : nullptr, workingDatabase());
+    for (; const DxfGroup* group = source.peek(); source.take())
+        made.xdata.append(*group);
+    if (data && data->rbnext && !isXData(data, *workingDatabase())) return RTREJ;
+    made.entity.reset(static_cast<AcDbEntity*>(object.release()));
+    made.isInPaperSpace = isInPaperSpace;
+    const bool isFirst = startsSequence(*made.entity, list);
+    return UnfinishedEntities::current().take(std::move(made), isFirst, id);
+}
+
+/// Makes an object that nothing owns yet.
+int makeObject(std::unique_ptr<AcDbObject> object, const resbuf* list, AcDbObjectId& id)
+{
+    if (!UnfinishedEntities::current().isEmpty()) return RTREJ;
+    if (workingDatabase()->addAcDbObject(id, object.get()) != Acad::eOk) return RTERROR;
     AcDbObject* made = object.release();
     const resbuf* data = xdataOf(list);
     const bool isWhole = !data || !data->rbnext || made->setXData(data) == Acad::eOk;
@@ -127,70 +140,53 @@ int addMade(std::unique_ptr<AcDbObject> object, const resbuf* list, bool isInPap
     } else {
         made->cancel();
     }
-    return isWhole ? giveName(id, result) : RTREJ;
+    return isWhole ? RTNORM : RTREJ;
 }
 
 int beginBlock(const resbuf* list)
 {
-    AcDbDatabase& database = *workingDatabase();
     AcDbBlockBegin head;
-    ResbufSource source(contentsOf(list), &database);
+    ResbufSource source(contentsOf(list), workingDatabase());
     dxfRead(head, source);
-    AcDbBlockTable* table = nullptr;
-    if (source.hasFault() || database.getBlockTable(table, AcDb::kForWrite) != Acad::eOk) return RTREJ;
-    auto block = std::make_unique<AcDbBlockTableRecord>();
-    Acad::ErrorStatus status = block->setName(BlockAccess::nameOf(head));
-    BlockAccess::takeHead(*block, head);
-    AcDbObjectId id;
-    if (status == Acad::eOk) status = table->add(id, block.get());
-    table->close();
-    if (status != Acad::eOk) return RTERROR;
-    block.release()->close();
-    unfinished().block = id;
-    return RTNORM;
+    return source.hasFault() ? RTREJ : UnfinishedEntities::current().beginBlock(head);
 }
 
-int endBlock(ads_name result)
+int make(const resbuf* list, bool mayBeNoEntity, AcDbObjectId& id)
 {
-    Unfinished& state = unfinished();
-    if (state.block.isNull()) return RTERROR;
-    giveName(state.block, result);
-    state.block.setNull();
-    return RTKWORD;
+    const CString kind = kindOf(list);
+    if (kind.CompareNoCase(L"BLOCK") == 0) return beginBlock(list);
+    if (kind.CompareNoCase(L"ENDBLK") == 0) return UnfinishedEntities::current().endBlock(id);
+    const AcRxClass* wanted = classOf(list);
+    const bool isEntity = wanted && wanted->isDerivedFrom(AcDbEntity::desc());
+    if (!wanted || !(isEntity || mayBeNoEntity)) return RTREJ;
+    MakingSource source(contentsOf(list), *workingDatabase());
+    std::unique_ptr<AcDbObject> object = readObject(*wanted, source);
+    if (!object) return RTREJ;
+    return isEntity ? makeEntity(std::move(object), list, source.isPaperSpace(), id)
+                    : makeObject(std::move(object), list, id);
+}
+
+int makeOrGiveUp(const resbuf* list, bool mayBeNoEntity, ads_name name)
+{
+    AcDbObjectId id;
+    const int result = make(list, mayBeNoEntity, id);
+    if (result != RTNORM && result != RTKWORD) {
+        UnfinishedEntities::current().clear();
+        return result;
+    }
+    name[0] = name[1] = 0;
+    if (!id.isNull()) giveName(id, name);
+    return result;
 }
 } // namespace
 
-std::unique_ptr<AcDbObject> objectOf(const resbuf* list, AcDbDatabase& database, bool& isInPaperSpace)
-{
-    const ACHAR* kind = kindOf(list);
-    const AcRxClass* wanted = kind ? acrxClassOfDxfName(CString(kind).MakeUpper()) : nullptr;
-    std::unique_ptr<AcRxObject> made(wanted ? wanted->create() : nullptr);
-    std::unique_ptr<AcDbObject> object(AcDbObject::cast(made.get()));
-    if (!object) return object;
-    made.release();
-    MakingSource source(contentsOf(list), database);
-    dxfRead(*object, source);
-    isInPaperSpace = source.isPaperSpace();
-    if (source.hasFault()) object.reset();
-    return object;
-}
-
 int acdbEntMakeX(const resbuf* list, ads_name result)
 {
-    AcDbDatabase* database = workingDatabase();
-    if (!database || !list || !result) return RTERROR;
-    const CString kind = kindOf(list);
-    if (kind.CompareNoCase(L"BLOCK") == 0) return beginBlock(list);
-    if (kind.CompareNoCase(L"ENDBLK") == 0) return endBlock(result);
-    bool isInPaperSpace = false;
-    std::unique_ptr<AcDbObject> object = objectOf(list, *database, isInPaperSpace);
-    return object ? addMade(std::move(object), list, isInPaperSpace, result) : RTREJ;
+    return workingDatabase() && list && result ? makeOrGiveUp(list, true, result) : RTERROR;
 }
 
 int acdbEntMake(const resbuf* list)
 {
     ads_name name;
-    const ACHAR* kind = kindOf(list);
-    const AcRxClass* wanted = kind ? acrxClassOfDxfName(CString(kind).MakeUpper()) : nullptr;
-    return wanted && wanted->isDerivedFrom(AcDbEntity::desc()) ? acdbEntMakeX(list, name) : RTREJ;
+    return workingDatabase() ? makeOrGiveUp(list, false, name) : RTERROR;
 }

@@ -2,6 +2,7 @@
 
 #include "DatabaseState.h"
 #include "DbObjectAccess.h"
+#include "EntityLists.h"
 #include "RecordNames.h"
 #include "ResbufSink.h"
 #include "ResbufSource.h"
@@ -78,6 +79,12 @@ resbuf* AcDbObject::xData(const ACHAR* regappName) const
         writeGroups(data.groups, sink);
     }
     return sink.release();
+}
+
+bool isXData(const resbuf* list, AcDbDatabase& database)
+{
+    std::vector<AppXData> packed;
+    return packChain(list, &database, packed) == Acad::eOk && sizeOf(packed) <= mostBytes;
 }
 
 Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain)

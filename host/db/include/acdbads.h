@@ -30,11 +30,14 @@ resbuf* acdbEntGetX(const ads_name name, const resbuf* applications);
 /// application. RTREJ for a list that cannot be understood.
 int acdbEntMod(const resbuf* list);
 /// Makes an entity from a list that begins with its kind (group 0), in the current space, or in paper space with a
-/// group 67 of 1. A layer that the drawing does not have is made. The vertices and attributes behind an entity that
-/// has such belong to it up to the SEQEND; what stands between BLOCK and ENDBLK becomes the block. RTKWORD for the
-/// ENDBLK; RTREJ for a list that cannot be understood.
+/// group 67 of 1. A layer that the drawing does not have is made. Behind a POLYLINE, and an INSERT with a group 66
+/// of 1, follow its vertices or attributes up to the SEQEND, behind a BLOCK what it shows up to the ENDBLK; the drawing
+/// gets all of it with that end, and a block in place of one of the same name. RTKWORD for the ENDBLK; RTREJ for a
+/// list that cannot be understood or does not belong there. After a failure, and after null (RTREJ), nothing is left
+/// of an entity or a block that was begun.
 int acdbEntMake(const resbuf* list);
-/// The same, also of objects that are no entities, which nothing owns yet; `result` is the new object's name.
+/// The same, also of objects that are no entities, which nothing owns yet; `result` is the new object's name. It is
+/// zeros for what is not in the drawing yet; SEQEND and ENDBLK give the name of what they complete.
 int acdbEntMakeX(const resbuf* list, ads_name result);
 /// Erases an entity, or brings an erased one back.
 int acdbEntDel(const ads_name name);

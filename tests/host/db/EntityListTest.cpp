@@ -153,10 +153,13 @@ TEST_F(EntityList, BlockIsWhatStandsBetweenItsEnds)
     ads_name name;
     EXPECT_EQ(acdbEntMake(head.get()), RTNORM);
     makeLine(name);
+    EXPECT_EQ(name[0], 0) << "not in the drawing yet";
     EXPECT_EQ(acdbEntMake(end.get()), RTKWORD);
     const ResbufList block(acdbTblSearch(L"block", L"door", 0));
     ASSERT_TRUE(block);
-    EXPECT_TRUE(ads_name_equal(nodeOf(block.get(), -2)->resval.rlname, name));
+    const ResbufList line(acdbEntGet(nodeOf(block.get(), -2)->resval.rlname));
+    ASSERT_TRUE(line);
+    EXPECT_EQ(nodeOf(line.get(), 11)->resval.rpoint[Z], 6.0);
     EXPECT_EQ(nodeOf(block.get(), 10)->resval.rpoint[X], 1.0);
     EXPECT_EQ(acdbEntMake(end.get()), RTERROR);
 }
