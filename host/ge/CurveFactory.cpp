@@ -24,16 +24,32 @@ namespace gecore
 {
 namespace
 {
-/// Arrays for the constructors of splines.
-template <class PointArray, class ToPoint>
-void controlData(const Spline& spline, const ToPoint& toPoint, AcGeKnotVector& knots, PointArray& points,
-                 AcGeDoubleArray& weights)
+template <class Nurb, class Points, class ToPoint>
+Nurb* splineOf(const CurveForm& form, const ToPoint& toPoint)
 {
-    knots.set(static_cast<int>(spline.knots.size()), spline.knots.data());
+    const Spline& spline = *form.spline;
+    const AcGeKnotVector knots(static_cast<int>(spline.knots.size()), spline.knots.data());
+    Points points;
     for (const AcGePoint3d& p : spline.points)
         points.append(toPoint(p));
+    AcGeDoubleArray weights;
     for (const double w : spline.weights)
         weights.append(w);
+    auto* curve = new Nurb(spline.degree, knots, points, weights, spline.periodic);
+    curve->setInterval(AcGeInterval(form.lo, form.hi));
+    return curve;
+}
+
+template <class Composite, class CurveOf>
+Composite* chainOf(const CurveForm& form, const CurveOf& curveOf)
+{
+    AcGeVoidPointerArray parts;
+    AcGeIntArray owned;
+    for (const ChainLink& link : *form.chain) {
+        parts.append(curveOf(link.form));
+        owned.append(1);
+    }
+    return new Composite(parts, owned);
 }
 
 /// A segment with bounds of its own.
@@ -92,24 +108,12 @@ AcGeCurve2d* line2dOf(const CurveForm& f)
 
 AcGeCurve3d* chain3dOf(const CurveForm& f)
 {
-    AcGeVoidPointerArray parts;
-    AcGeIntArray owned;
-    for (const ChainLink& link : *f.chain) {
-        parts.append(curve3dOf(link.form));
-        owned.append(1);
-    }
-    return new AcGeCompositeCurve3d(parts, owned);
+    return chainOf<AcGeCompositeCurve3d>(f, curve3dOf);
 }
 
 AcGeCurve2d* chain2dOf(const CurveForm& f)
 {
-    AcGeVoidPointerArray parts;
-    AcGeIntArray owned;
-    for (const ChainLink& link : *f.chain) {
-        parts.append(curve2dOf(link.form));
-        owned.append(1);
-    }
-    return new AcGeCompositeCurve2d(parts, owned);
+    return chainOf<AcGeCompositeCurve2d>(f, curve2dOf);
 }
 
 /// A line or circle moved to the left; false when there is none.
@@ -145,13 +149,7 @@ AcGeCurve3d* curve3dOf(const CurveForm& form)
     case FormKind::kSpline:
         break;
     }
-    AcGeKnotVector knots;
-    AcGePoint3dArray points;
-    AcGeDoubleArray weights;
-    controlData(*form.spline, toPoint3d, knots, points, weights);
-    auto* curve = new AcGeNurbCurve3d(form.spline->degree, knots, points, weights, form.spline->periodic);
-    curve->setInterval(AcGeInterval(form.lo, form.hi));
-    return curve;
+    return splineOf<AcGeNurbCurve3d, AcGePoint3dArray>(form, toPoint3d);
 }
 
 AcGeCurve2d* curve2dOf(const CurveForm& form)
@@ -166,13 +164,7 @@ AcGeCurve2d* curve2dOf(const CurveForm& form)
     case FormKind::kSpline:
         break;
     }
-    AcGeKnotVector knots;
-    AcGePoint2dArray points;
-    AcGeDoubleArray weights;
-    controlData(*form.spline, toPoint2d, knots, points, weights);
-    auto* curve = new AcGeNurbCurve2d(form.spline->degree, knots, points, weights, form.spline->periodic);
-    curve->setInterval(AcGeInterval(form.lo, form.hi));
-    return curve;
+    return splineOf<AcGeNurbCurve2d, AcGePoint2dArray>(form, toPoint2d);
 }
 
 AcGeCurve3d* imageOf(const AcGeCurve3d& curve, const AcGeMatrix3d& map, const AcGeTol& tol)

@@ -132,69 +132,90 @@ inline void walkOf(const AcGeCurve2d& curve, int n, AcGePoint2dArray& points, Ac
     }
 }
 
+inline AcGePoint3d liftOf(const AcGePoint2d& p)
+{
+    return {p.x, p.y, 0};
+}
+
+inline AcGeVector3d liftOf(const AcGeVector2d& v)
+{
+    return {v.x, v.y, 0};
+}
+
+inline AcGePoint3dArray liftedControlPoints(const AcGeSplineEnt2d& curve)
+{
+    AcGePoint3dArray points;
+    for (int i = 0; i < curve.numControlPoints(); ++i)
+        points.append(liftOf(curve.controlPointAt(i)));
+    return points;
+}
+
+inline Curve3d liftOf(const AcGeNurbCurve2d& curve)
+{
+    AcGeDoubleArray weights;
+    for (int i = 0; i < curve.numWeights(); ++i)
+        weights.append(curve.weightAt(i));
+    return std::make_unique<AcGeNurbCurve3d>(curve.degree(), curve.knots(), liftedControlPoints(curve),
+                                             weights);
+}
+
+inline Curve3d liftOf(const AcGeCurve2d& curve, const AcGeMatrix3d& place);
+
+inline Curve3d liftOf(const AcGeCompositeCurve2d& curve)
+{
+    AcGeVoidPointerArray flat, parts;
+    AcGeIntArray owned;
+    curve.getCurveList(flat);
+    for (void* part : flat) {
+        parts.append(liftOf(*static_cast<AcGeCurve2d*>(part), AcGeMatrix3d()).release());
+        owned.append(1);
+    }
+    return std::make_unique<AcGeCompositeCurve3d>(parts, owned);
+}
+
 /// The curve of the plane put into space by a map that keeps lengths.
 inline Curve3d liftOf(const AcGeCurve2d& curve, const AcGeMatrix3d& place)
 {
-    const auto up = [](const AcGePoint2d& p) { return AcGePoint3d(p.x, p.y, 0); };
-    const auto vec = [](const AcGeVector2d& v) { return AcGeVector3d(v.x, v.y, 0); };
     Curve3d result;
     switch (curve.type()) {
     case AcGe::kLine2d: {
         const auto& c = static_cast<const AcGeLine2d&>(curve);
-        result = std::make_unique<AcGeLine3d>(up(c.pointOnLine()), up(c.evalPoint(1)));
+        result = std::make_unique<AcGeLine3d>(liftOf(c.pointOnLine()), liftOf(c.evalPoint(1)));
         break;
     }
     case AcGe::kRay2d: {
         const auto& c = static_cast<const AcGeRay2d&>(curve);
-        result = std::make_unique<AcGeRay3d>(up(c.pointOnLine()), up(c.evalPoint(1)));
+        result = std::make_unique<AcGeRay3d>(liftOf(c.pointOnLine()), liftOf(c.evalPoint(1)));
         break;
     }
     case AcGe::kLineSeg2d: {
         const auto& c = static_cast<const AcGeLineSeg2d&>(curve);
-        result = std::make_unique<AcGeLineSeg3d>(up(c.startPoint()), up(c.endPoint()));
+        result = std::make_unique<AcGeLineSeg3d>(liftOf(c.startPoint()), liftOf(c.endPoint()));
         break;
     }
     case AcGe::kCircArc2d: {
         const auto& c = static_cast<const AcGeCircArc2d&>(curve);
-        result = std::make_unique<AcGeCircArc3d>(up(c.center()), AcGeVector3d(0, 0, c.isClockWise() ? -1 : 1),
-                                                 vec(c.refVec()), c.radius(), c.startAng(), c.endAng());
+        result =
+            std::make_unique<AcGeCircArc3d>(liftOf(c.center()), AcGeVector3d(0, 0, c.isClockWise() ? -1 : 1),
+                                            liftOf(c.refVec()), c.radius(), c.startAng(), c.endAng());
         break;
     }
     case AcGe::kEllipArc2d: {
         const auto& c = static_cast<const AcGeEllipArc2d&>(curve);
-        result = std::make_unique<AcGeEllipArc3d>(up(c.center()), vec(c.majorAxis()), vec(c.minorAxis()),
-                                                  c.majorRadius(), c.minorRadius(), c.startAng(), c.endAng());
+        result =
+            std::make_unique<AcGeEllipArc3d>(liftOf(c.center()), liftOf(c.majorAxis()), liftOf(c.minorAxis()),
+                                             c.majorRadius(), c.minorRadius(), c.startAng(), c.endAng());
         break;
     }
-    case AcGe::kNurbCurve2d: {
-        const auto& c = static_cast<const AcGeNurbCurve2d&>(curve);
-        AcGePoint3dArray control;
-        AcGeDoubleArray weights;
-        for (int i = 0; i < c.numControlPoints(); ++i)
-            control.append(up(c.controlPointAt(i)));
-        for (int i = 0; i < c.numWeights(); ++i)
-            weights.append(c.weightAt(i));
-        result = std::make_unique<AcGeNurbCurve3d>(c.degree(), c.knots(), control, weights);
+    case AcGe::kNurbCurve2d:
+        result = liftOf(static_cast<const AcGeNurbCurve2d&>(curve));
         break;
-    }
-    case AcGe::kPolyline2d: {
-        const auto& c = static_cast<const AcGePolyline2d&>(curve);
-        AcGePoint3dArray control;
-        for (int i = 0; i < c.numControlPoints(); ++i)
-            control.append(up(c.controlPointAt(i)));
-        result = std::make_unique<AcGePolyline3d>(control);
+    case AcGe::kPolyline2d:
+        result =
+            std::make_unique<AcGePolyline3d>(liftedControlPoints(static_cast<const AcGePolyline2d&>(curve)));
         break;
-    }
-    default: {
-        AcGeVoidPointerArray flat, parts;
-        AcGeIntArray owned;
-        static_cast<const AcGeCompositeCurve2d&>(curve).getCurveList(flat);
-        for (void* part : flat) {
-            parts.append(liftOf(*static_cast<AcGeCurve2d*>(part), AcGeMatrix3d()).release());
-            owned.append(1);
-        }
-        result = std::make_unique<AcGeCompositeCurve3d>(parts, owned);
-    }
+    default:
+        result = liftOf(static_cast<const AcGeCompositeCurve2d&>(curve));
     }
     result->transformBy(place);
     return result;
