@@ -1,6 +1,6 @@
+#include "../DrawingFolder.h"
+
 #include <algorithm>
-#include <cstdlib>
-#include <filesystem>
 
 // Behind <filesystem>, whose paths would be Windows' own behind <windows.h>.
 #include "GroupTexts.h"
@@ -12,32 +12,10 @@ namespace
 {
 namespace fs = std::filesystem;
 
-fs::path drawingFolder()
+/// A drawing of the folder "damaged" may have the name of a sound one.
+std::string nameInFolder(const testing::TestParamInfo<fs::path>& info)
 {
-    const char* const folder = std::getenv("QM_DRAWINGS");
-    return folder && *folder ? folder : QM_DRAWINGS;
-}
-
-/// The drawings of the folder and of its folder "damaged"; one empty path when there are none.
-std::vector<fs::path> drawings()
-{
-    std::vector<fs::path> found;
-    for (const fs::path& folder : {drawingFolder(), drawingFolder() / "damaged"}) {
-        std::error_code error;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder, error))
-            if (entry.path().extension() == ".dxf") found.push_back(entry.path());
-    }
-    std::sort(found.begin(), found.end());
-    if (found.empty()) found.emplace_back();
-    return found;
-}
-
-std::string testName(const testing::TestParamInfo<fs::path>& info)
-{
-    std::string name = info.param.empty() ? "none" : info.param.lexically_relative(drawingFolder()).string();
-    for (char& c : name)
-        if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-    return name;
+    return info.param.empty() ? "none" : asTestName(info.param.lexically_relative(sharedFolder()).string());
 }
 
 class DrawingFiles : public testing::TestWithParam<fs::path>
@@ -45,7 +23,7 @@ class DrawingFiles : public testing::TestWithParam<fs::path>
 protected:
     void SetUp() override
     {
-        if (GetParam().empty()) GTEST_SKIP() << "no drawings in " << drawingFolder();
+        if (GetParam().empty()) GTEST_SKIP() << "no drawings in " << sharedFolder();
         opened = openDrawing(GetParam().wstring());
         ASSERT_EQ(opened.status, OpenStatus::opened) << reasonOf(opened.status);
     }
@@ -104,4 +82,5 @@ TEST_P(DrawingFiles, DecodedTextsAreWrittenUnchanged)
     EXPECT_EQ(countChangedTexts(*opened.reader), 0u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Shared, DrawingFiles, testing::ValuesIn(drawings()), testName);
+INSTANTIATE_TEST_SUITE_P(Shared, DrawingFiles, testing::ValuesIn(drawingsIn({sharedFolder(), sharedFolder() / "damaged"})),
+                         nameInFolder);

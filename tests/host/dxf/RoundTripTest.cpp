@@ -1,6 +1,6 @@
+#include "../DrawingFolder.h"
 #include "SavedDrawing.h"
 
-#include <algorithm>
 #include <fstream>
 
 #include "DrawingContents.h"
@@ -13,31 +13,6 @@ using namespace dxftest;
 namespace
 {
 namespace fs = std::filesystem;
-
-fs::path sharedFolder()
-{
-    const char* const folder = std::getenv("QM_DRAWINGS");
-    return folder && *folder ? folder : QM_DRAWINGS;
-}
-
-std::vector<fs::path> drawingsIn(const fs::path& folder)
-{
-    std::vector<fs::path> found;
-    std::error_code error;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error))
-        if (entry.path().extension() == ".dxf") found.push_back(entry.path());
-    std::sort(found.begin(), found.end());
-    if (found.empty()) found.emplace_back();
-    return found;
-}
-
-std::string testName(const testing::TestParamInfo<fs::path>& info)
-{
-    std::string name = info.param.empty() ? "none" : info.param.stem().string();
-    for (char& c : name)
-        if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-    return name;
-}
 
 DrawingContents contentsOf(const fs::path& path)
 {
@@ -137,5 +112,5 @@ TEST_P(RoundTrip, BinaryFileHoldsTheSame)
     EXPECT_TRUE(bytesOf(ascii) == bytesOf(back));
 }
 
-INSTANTIATE_TEST_SUITE_P(Shared, RoundTrip, testing::ValuesIn(drawingsIn(sharedFolder())), testName);
-INSTANTIATE_TEST_SUITE_P(Samples, RoundTrip, testing::ValuesIn(drawingsIn(QM_SAMPLE_DRAWINGS)), testName);
+INSTANTIATE_TEST_SUITE_P(Shared, RoundTrip, testing::ValuesIn(drawingsIn({sharedFolder()})), testName);
+INSTANTIATE_TEST_SUITE_P(Samples, RoundTrip, testing::ValuesIn(drawingsIn({QM_SAMPLE_DRAWINGS})), testName);

@@ -1,3 +1,4 @@
+#include "../DrawingFolder.h"
 #include "DrawingFixture.h"
 
 #include "DrawingFile.h"
@@ -12,24 +13,6 @@ namespace fs = std::filesystem;
 
 namespace
 {
-std::vector<fs::path> drawingsIn(const fs::path& folder)
-{
-    std::vector<fs::path> found;
-    std::error_code error;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder, error))
-        if (entry.path().extension() == ".dxf") found.push_back(entry.path());
-    std::sort(found.begin(), found.end());
-    if (found.empty()) found.emplace_back();
-    return found;
-}
-
-std::string testName(const testing::TestParamInfo<fs::path>& info)
-{
-    std::string name = info.param.empty() ? "none" : info.param.stem().string();
-    std::replace_if(name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
-    return name;
-}
-
 bool hasKnownEntities(const AcDbDatabase& drawing)
 {
     AcDbObjectPointer<AcDbBlockTableRecord> space(drawing.modelSpaceId());
@@ -74,8 +57,8 @@ TEST_P(DrawingPlot, ShowsItsModelSpace)
     EXPECT_EQ(inked() > 100, hasKnownEntities(drawing));
 }
 
-INSTANTIATE_TEST_SUITE_P(Shared, DrawingPlot, testing::ValuesIn(drawingsIn(QM_DRAWINGS)), testName);
-INSTANTIATE_TEST_SUITE_P(Samples, DrawingPlot, testing::ValuesIn(drawingsIn(QM_SAMPLE_DRAWINGS)), testName);
+INSTANTIATE_TEST_SUITE_P(Shared, DrawingPlot, testing::ValuesIn(drawingsIn({sharedFolder()})), testName);
+INSTANTIATE_TEST_SUITE_P(Samples, DrawingPlot, testing::ValuesIn(drawingsIn({QM_SAMPLE_DRAWINGS})), testName);
 
 TEST_F(PlotDrawingTest, ModelSpaceFillsThePaperInsideItsMargins)
 {
