@@ -3,25 +3,12 @@
 #include "dbpl.h"
 #include "geell3d.h"
 #include "genurb3d.h"
+#include "PlainTraits.h"
 
 namespace
 {
 using ed::DrawnShape;
 using Kind = DrawnShape::Kind;
-
-/// Traits do not matter to the record.
-class NoTraits final : public AcGiSubEntityTraits
-{
-public:
-    void setColor(std::uint16_t) override {}
-    void setTrueColor(const AcCmEntityColor&) override {}
-    void setLayer(AcDbObjectId) override {}
-    void setLineType(AcDbObjectId) override {}
-    void setLineTypeScale(double) override {}
-    void setLineWeight(AcDb::LineWeight) override {}
-    void setTransparency(const AcCmTransparency&) override {}
-    void setFillType(AcGiFillType) override {}
-};
 
 class ShapeRecorder final : public AcGiGeometry
 {
@@ -120,7 +107,7 @@ public:
     mutable ShapeRecorder recorder;
 
 private:
-    mutable NoTraits mTraits;
+    mutable PlainTraits mTraits;
 };
 } // namespace
 

@@ -2,15 +2,15 @@
 
 /// Whether what is drawn is seen, as layers and the blocks around it say.
 
-#include "acgi.h"
 #include "LayerStates.h"
+#include "PlainTraits.h"
 
 #include <vector>
 
 namespace ed
 {
 /// Inside a block reference the layer "0" is the reference's.
-class SelectionTraits final : public AcGiSubEntityTraits
+class SelectionTraits final : public PlainTraits
 {
 public:
     SelectionTraits(LayerStates& layers, AcDbObjectId layerZero) : mLayers(layers), mLayerZero(layerZero) {}
@@ -21,12 +21,6 @@ public:
         mLayer = isOuters && !mOuter.empty() ? mOuter.back().layer : layer;
     }
     void setFillType(AcGiFillType fill) override { mIsFilled = fill == kAcGiFillAlways; }
-    void setColor(std::uint16_t) override {}
-    void setTrueColor(const AcCmEntityColor&) override {}
-    void setLineType(AcDbObjectId) override {}
-    void setLineTypeScale(double) override {}
-    void setLineWeight(AcDb::LineWeight) override {}
-    void setTransparency(const AcCmTransparency&) override {}
 
     bool isFilled() const { return mIsFilled; }
     /// A layer that is off hides what is on it; one that is frozen also what is inside of references on it.

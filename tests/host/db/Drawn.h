@@ -5,6 +5,7 @@
 #include "acgi.h"
 #include "dbentity.h"
 #include "dbpl.h"
+#include "PlainTraits.h"
 
 #include <vector>
 
@@ -12,17 +13,10 @@ struct DrawnLine {
     AcGePoint3d start, end;
 };
 
-class DrawnTraits : public AcGiSubEntityTraits
+class DrawnTraits : public PlainTraits
 {
 public:
     void setColor(std::uint16_t index) override { color = index; }
-    void setTrueColor(const AcCmEntityColor&) override {}
-    void setLayer(AcDbObjectId) override {}
-    void setLineType(AcDbObjectId) override {}
-    void setLineTypeScale(double) override {}
-    void setLineWeight(AcDb::LineWeight) override {}
-    void setTransparency(const AcCmTransparency&) override {}
-    void setFillType(AcGiFillType) override {}
     std::uint16_t color = 256;
 };
 
