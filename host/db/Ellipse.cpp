@@ -2,6 +2,7 @@
 
 #include "acgi.h"
 #include "ClassRegistration.h"
+#include "CurveSnaps.h"
 #include "DxfFields.h"
 #include "gearc3d.h"
 #include "geell3d.h"
@@ -317,29 +318,7 @@ Acad::ErrorStatus AcDbEllipse::subGetOsnapPoints(AcDb::OsnapMode mode, const AcG
 {
     const std::unique_ptr<AcGeCurve3d> curve = makeGeCurve();
     if (!curve) return Acad::eOk;
-    double start = 0.0, end = 0.0;
-    paramRange(start, end);
-    AcGePoint3d found;
-    switch (mode) {
-    case AcDb::kOsModeCen:
-        points.append(mCenter);
-        break;
-    case AcDb::kOsModeEnd:
-        if (isClosed()) break;
-        found = pointAt(start);
-        points.append(found.distanceTo(pick) <= pointAt(end).distanceTo(pick) ? found : pointAt(end));
-        break;
-    case AcDb::kOsModeMid:
-        points.append(curve->evalPoint(curve->paramAtLength(start, curve->length(start, end) / 2)));
-        break;
-    case AcDb::kOsModeNear:
-        points.append(curve->closestPointTo(pick));
-        break;
-    case AcDb::kOsModePerp:
-        points.append(curve->closestPointTo(last));
-        break;
-    default:
-        break;
-    }
+    if (mode == AcDb::kOsModeCen) points.append(mCenter);
+    if (mode != AcDb::kOsModeEnd || !isClosed()) appendSnaps(*curve, mode, pick, last, points);
     return Acad::eOk;
 }

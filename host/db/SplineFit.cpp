@@ -1,6 +1,7 @@
 /// Splines through points.
 
 #include "acgi.h"
+#include "CurveSnaps.h"
 #include "dbpl.h"
 #include "dbspline.h"
 #include "PlanarCoords.h"
@@ -221,25 +222,6 @@ Acad::ErrorStatus AcDbSpline::subMoveGripPointsAt(const AcDbIntArray& indices, c
 Acad::ErrorStatus AcDbSpline::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                                 const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
-    const std::unique_ptr<AcGeNurbCurve3d> curve = nurbs();
-    if (!curve) return Acad::eOk;
-    const double from = curve->startParam(), to = curve->endParam();
-    const AcGePoint3d start = curve->evalPoint(from), end = curve->evalPoint(to);
-    switch (mode) {
-    case AcDb::kOsModeEnd:
-        points.append(start.distanceTo(pick) <= end.distanceTo(pick) ? start : end);
-        break;
-    case AcDb::kOsModeMid:
-        points.append(curve->evalPoint(curve->paramAtLength(from, curve->length(from, to) / 2.0)));
-        break;
-    case AcDb::kOsModeNear:
-        points.append(curve->closestPointTo(pick));
-        break;
-    case AcDb::kOsModePerp:
-        points.append(curve->closestPointTo(last));
-        break;
-    default:
-        break;
-    }
+    if (const std::unique_ptr<AcGeNurbCurve3d> curve = nurbs()) appendSnaps(*curve, mode, pick, last, points);
     return Acad::eOk;
 }
