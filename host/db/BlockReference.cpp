@@ -2,7 +2,7 @@
 
 #include "BlockAccess.h"
 #include "EntityAccess.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "Stub.h"
 #include "dbattrib.h"
 #include "dbblock.h"
@@ -66,12 +66,12 @@ void AcDbBlockReference::subClose()
     AcDbEntity::subClose();
 }
 
-AcGePoint3d AcDbBlockReference::position() const { return ocs::toWorld(mNormal) * mPosition; }
+AcGePoint3d AcDbBlockReference::position() const { return ocsToWorld(mNormal) * mPosition; }
 
 Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& position)
 {
     const Acad::ErrorStatus status = beginChange();
-    if (status == Acad::eOk) mPosition = ocs::fromWorld(mNormal) * position;
+    if (status == Acad::eOk) mPosition = worldToOcs(mNormal) * position;
     return status;
 }
 

@@ -1,6 +1,6 @@
 /// What a block reference shows: the entities of its block, mapped.
 
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "Stub.h"
 #include "acgi.h"
 #include "dbattdef.h"
@@ -80,7 +80,7 @@ AcGeMatrix3d AcDbBlockReference::blockTransform() const
     scale.entry[1][1] = mScale.sy;
     scale.entry[2][2] = mScale.sz;
     if (const AcDbBlockTableRecord* block = blockOf(mBlock)) origin.setToTranslation(-block->origin().asVector());
-    return ocs::toWorld(mNormal) * move * turn * scale * origin;
+    return ocsToWorld(mNormal) * move * turn * scale * origin;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setBlockTransform(const AcGeMatrix3d& xform)
@@ -95,10 +95,10 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTransform(const AcGeMatrix3d& xfor
     const bool mirrors = x.crossProduct(y).dotProduct(z) < 0.0;
     mScale.set(mirrors ? -x.length() : x.length(), y.length(), z.length());
     mNormal = z.normal();
-    const AcGeVector3d along = ocs::fromWorld(mNormal) * (mirrors ? -x : x);
+    const AcGeVector3d along = worldToOcs(mNormal) * (mirrors ? -x : x);
     mRotation = std::atan2(along.y, along.x);
     const AcDbBlockTableRecord* block = blockOf(mBlock);
-    mPosition = ocs::fromWorld(mNormal) * (xform * (block ? block->origin() : AcGePoint3d::kOrigin));
+    mPosition = worldToOcs(mNormal) * (xform * (block ? block->origin() : AcGePoint3d::kOrigin));
     return status;
 }
 
@@ -227,7 +227,7 @@ void AcDbBlockReference::getEcs(AcGeMatrix3d& matrix) const
     AcGeMatrix3d move, turn;
     move.setToTranslation(mPosition.asVector());
     turn.setToRotation(mRotation, AcGeVector3d::kZAxis);
-    matrix = ocs::toWorld(mNormal) * move * turn;
+    matrix = ocsToWorld(mNormal) * move * turn;
 }
 
 Acad::ErrorStatus AcDbBlockReference::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&, AcDbIntArray&) const

@@ -5,6 +5,7 @@
 #include "Stub.h"
 #include "dbblock.h"
 #include "dbextent.h"
+#include "PlanarCoords.h"
 
 #include <cmath>
 
@@ -16,11 +17,6 @@ AcGePoint3d pointOf(const AcGePoint3d& point) { return point; }
 void take(const AcGePoint3d& point, AcGePoint2d& to) { to.set(point.x, point.y); }
 void take(const AcGePoint3d& point, AcGePoint3d& to) { to = point; }
 void take(const AcGePoint3d& point, AcGeVector3d& to) { to = point.asVector(); }
-
-bool isFinite(const AcGePoint3d& point)
-{
-    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
-}
 
 AcDbObjectId orElse(AcDbObjectId id, AcDbObjectId otherwise) { return id.isNull() || id.isErased() ? otherwise : id; }
 

@@ -7,7 +7,7 @@
 #include "DimensionPicture.h"
 #include "DimensionText.h"
 #include "DimVariables.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "Stub.h"
 
 #include <cmath>
@@ -20,11 +20,6 @@ bool isInPaperSpace(const AcDbObject& object)
 {
     const auto* block = AcDbBlockTableRecord::cast(residentObject(object.ownerId()));
     return block && block->isLayout() && block->name().CompareNoCase(ACDB_MODEL_SPACE) != 0;
-}
-
-bool isFinite(const AcGePoint3d& p)
-{
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
 
 bool isPureMove(const AcGeMatrix3d& map)
@@ -123,14 +118,14 @@ Acad::ErrorStatus AcDbDimension::setDimBlockId(AcDbObjectId block)
 
 AcGePoint3d AcDbDimension::dimBlockPosition() const
 {
-    return ocs::toWorld(mNormal) * mBlockPosition;
+    return ocsToWorld(mNormal) * mBlockPosition;
 }
 
 Acad::ErrorStatus AcDbDimension::setDimBlockPosition(const AcGePoint3d& position)
 {
     if (!isFinite(position)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
-    if (status == Acad::eOk) mBlockPosition = ocs::fromWorld(mNormal) * position;
+    if (status == Acad::eOk) mBlockPosition = worldToOcs(mNormal) * position;
     return status;
 }
 
@@ -141,12 +136,12 @@ AcGeMatrix3d AcDbDimension::blockTransform() const
 
 AcGePoint3d AcDbDimension::textPosition() const
 {
-    return ocs::toWorld(mNormal) * mTextPosition;
+    return ocsToWorld(mNormal) * mTextPosition;
 }
 
 Acad::ErrorStatus AcDbDimension::setTextPosition(const AcGePoint3d& position)
 {
-    const Acad::ErrorStatus status = change(mTextPosition, ocs::fromWorld(mNormal) * position);
+    const Acad::ErrorStatus status = change(mTextPosition, worldToOcs(mNormal) * position);
     if (status == Acad::eOk) mFlags = static_cast<std::int16_t>(mFlags | userPosition);
     return status;
 }
@@ -241,7 +236,7 @@ Acad::ErrorStatus AcDbDimension::setNormal(const AcGeVector3d& normal)
     if (normal.isZeroLength() || !std::isfinite(normal.lengthSqrd())) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginReshape();
     if (status != Acad::eOk) return status;
-    const AcGeMatrix3d map = ocs::fromWorld(normal.normal()) * ocs::toWorld(mNormal);
+    const AcGeMatrix3d map = worldToOcs(normal.normal()) * ocsToWorld(mNormal);
     mTextPosition.transformBy(map);
     mBlockPosition.transformBy(map);
     mNormal = normal.normal();
@@ -298,14 +293,14 @@ Acad::ErrorStatus AcDbDimension::setArrowSecondIsFlipped(bool flipped)
 
 Acad::ErrorStatus AcDbDimension::getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const
 {
-    plane.set(ocs::toWorld(mNormal) * AcGePoint3d(0.0, 0.0, elevation()), mNormal);
+    plane.set(ocsToWorld(mNormal) * AcGePoint3d(0.0, 0.0, elevation()), mNormal);
     planarity = AcDb::kPlanar;
     return Acad::eOk;
 }
 
 void AcDbDimension::getEcs(AcGeMatrix3d& matrix) const
 {
-    matrix = ocs::toWorld(mNormal);
+    matrix = ocsToWorld(mNormal);
 }
 
 double AcDbDimension::textAngle(const DimVariables& variables, double along, bool isInside) const
@@ -323,8 +318,8 @@ bool AcDbDimension::draw(DimensionPicture& picture, AcGePoint2d& textMiddle) con
 
 Acad::ErrorStatus AcDbDimension::subTransformBy(const AcGeMatrix3d& xform)
 {
-    const AcGeVector3d normal = ocs::mappedNormal(xform, mNormal);
-    const AcGeMatrix3d map = ocs::mappedCoordinates(xform, mNormal, normal);
+    const AcGeVector3d normal = mappedNormal(xform, mNormal);
+    const AcGeMatrix3d map = mappedCoordinates(xform, mNormal, normal);
     const bool mirrors = map.entry[0][0] * map.entry[1][1] - map.entry[0][1] * map.entry[1][0] < 0.0;
     const bool keepsPicture = isPureMove(xform) && !mIsStale && !mBlock.isNull();
     mTextPosition.transformBy(map);

@@ -5,7 +5,7 @@
 #include "DimensionPicture.h"
 #include "DimVariables.h"
 #include "DxfFields.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 
 #include <cmath>
 
@@ -175,12 +175,12 @@ AcDb2LineAngularDimension::AcDb2LineAngularDimension(
 
 AcGePoint3d AcDb2LineAngularDimension::arcPoint() const
 {
-    return ocs::toWorld(normal()) * mArcPoint;
+    return ocsToWorld(normal()) * mArcPoint;
 }
 
 Acad::ErrorStatus AcDb2LineAngularDimension::setArcPoint(const AcGePoint3d& point)
 {
-    return change(mArcPoint, ocs::fromWorld(normal()) * point);
+    return change(mArcPoint, worldToOcs(normal()) * point);
 }
 
 bool AcDb2LineAngularDimension::findArc(const DimensionPicture& picture, DimensionArc& arc) const

@@ -8,7 +8,7 @@
 #include "DimVariables.h"
 #include "EntityAccess.h"
 #include "gecurv3d.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "Stub.h"
 #include "SymbolTableAccess.h"
 

@@ -4,7 +4,7 @@
 #include "DimensionLineText.h"
 #include "DimensionPicture.h"
 #include "DxfFields.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 
 #include <cmath>
 
@@ -62,7 +62,7 @@ DbLinearDimension::DbLinearDimension(Type type, const AcGePoint3d& point1, const
 
 double AcDbAlignedDimension::direction() const
 {
-    const AcGeVector3d along = ocs::fromWorld(normal()) * (mPoint2 - mPoint1);
+    const AcGeVector3d along = worldToOcs(normal()) * (mPoint2 - mPoint1);
     return std::atan2(along.y, along.x);
 }
 
@@ -76,7 +76,7 @@ struct LinearShape {
 
     LinearShape(const DbLinearDimension& dimension)
     {
-        const AcGeMatrix3d map = ocs::fromWorld(dimension.normal());
+        const AcGeMatrix3d map = worldToOcs(dimension.normal());
         const auto flat = [&](const AcGePoint3d& point) {
             const AcGePoint3d p = map * point;
             return AcGePoint2d(p.x, p.y);

@@ -3,7 +3,7 @@
 #include "ClassRegistration.h"
 #include "DimensionPicture.h"
 #include "DxfFields.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 
 #include <cmath>
 
@@ -54,7 +54,7 @@ AcGeVector2d AcDbOrdinateDimension::across() const
 
 double AcDbOrdinateDimension::measure() const
 {
-    const AcGeVector3d offset = ocs::fromWorld(normal()) * (mFeature - mDefPoint);
+    const AcGeVector3d offset = worldToOcs(normal()) * (mFeature - mDefPoint);
     return std::fabs(AcGeVector2d(offset.x, offset.y).crossProduct(across()));
 }
 

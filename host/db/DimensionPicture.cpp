@@ -9,7 +9,7 @@
 #include "dbpoint.h"
 #include "dbsolid.h"
 #include "MTextLayout.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "Stub.h"
 #include "TextLook.h"
 
@@ -61,13 +61,13 @@ double readableAngle(double angle)
 DimensionPicture::DimensionPicture(const DimVariables& variables, const AcGeVector3d& normal,
                                    double elevation, AcDbDatabase* database)
     : mVariables(variables), mNormal(normal),
-      mToWorld(ocs::toWorld(normal) * AcGeMatrix3d::translation({0.0, 0.0, elevation})), mDatabase(database)
+      mToWorld(ocsToWorld(normal) * AcGeMatrix3d::translation({0.0, 0.0, elevation})), mDatabase(database)
 {
 }
 
 AcGePoint2d DimensionPicture::toPlane(const AcGePoint3d& inWorld) const
 {
-    const AcGePoint3d point = ocs::fromWorld(mNormal) * inWorld;
+    const AcGePoint3d point = worldToOcs(mNormal) * inWorld;
     return {point.x, point.y};
 }
 

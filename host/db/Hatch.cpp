@@ -2,7 +2,6 @@
 
 #include "ClassRegistration.h"
 #include "HatchEdges.h"
-#include "Ocs.h"
 #include "PlanarCoords.h"
 
 ACDB_DXF_CLASS(AcDbHatch, AcDbEntity, HATCH)
@@ -73,8 +72,8 @@ Acad::ErrorStatus AcDbHatch::setHatchStyle(HatchStyle style)
 
 Acad::ErrorStatus AcDbHatch::subTransformBy(const AcGeMatrix3d& xform)
 {
-    const AcGeVector3d normal = ocs::mappedNormal(xform, mNormal);
-    const AcGeMatrix3d map = ocs::mappedCoordinates(xform, mNormal, normal);
+    const AcGeVector3d normal = mappedNormal(xform, mNormal);
+    const AcGeMatrix3d map = mappedCoordinates(xform, mNormal, normal);
     const AcGeMatrix2d plane = inPlane(map, mElevation.z);
     if (plane.isSingular()) return Acad::eCannotScaleNonUniformly;
     for (hatch::Loop& loop : mLoops)

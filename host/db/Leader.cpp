@@ -8,7 +8,7 @@
 #include "DxfFields.h"
 #include "genurb3d.h"
 #include "geplin3d.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "Stub.h"
 
 #include <algorithm>
@@ -62,11 +62,6 @@ const DxfClass AcDbLeader::dxf("AcDbLeader", &AcDbCurve::dxf,
 
 namespace
 {
-bool isFinite(const AcGePoint3d& p)
-{
-    return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
-
 AcGePoint3dArray arrayOf(const std::vector<AcGePoint3d>& points)
 {
     AcGePoint3dArray array;
@@ -244,7 +239,7 @@ std::unique_ptr<AcGeCurve3d> AcDbLeader::makeGeCurve() const
 Acad::ErrorStatus AcDbLeader::subTransformBy(const AcGeMatrix3d& xform)
 {
     const AcGeVector3d horizontal = xform * mHorizontal;
-    mNormal = ocs::mappedNormal(xform, mNormal);
+    mNormal = mappedNormal(xform, mNormal);
     for (AcGePoint3d& vertex : mVertices)
         vertex.transformBy(xform);
     if (!horizontal.isZeroLength()) mHorizontal = horizontal.normal();

@@ -3,7 +3,7 @@
 #include "DbObjectAccess.h"
 #include "MTextExtras.h"
 #include "MTextMembers.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "acutads.h"
 #include "dbapserv.h"
 #include "dbdatabase.h"
@@ -14,7 +14,7 @@ namespace
 {
 AcGeVector3d directionOf(const AcGeVector3d& normal, double rotation)
 {
-    return ocs::toWorld(normal) * AcGeVector3d(std::cos(rotation), std::sin(rotation), 0.0);
+    return ocsToWorld(normal) * AcGeVector3d(std::cos(rotation), std::sin(rotation), 0.0);
 }
 } // namespace
 
@@ -66,7 +66,7 @@ Acad::ErrorStatus AcDbMText::setDirection(const AcGeVector3d& direction)
 
 double AcDbMText::rotation() const
 {
-    const AcGeVector3d along = ocs::fromWorld(mNormal) * direction();
+    const AcGeVector3d along = worldToOcs(mNormal) * direction();
     return std::atan2(along.y, along.x);
 }
 
@@ -166,7 +166,7 @@ Acad::ErrorStatus AcDbMText::getPlane(AcGePlane& plane, AcDb::Planarity& planari
     return Acad::eOk;
 }
 
-void AcDbMText::getEcs(AcGeMatrix3d& matrix) const { matrix = ocs::toWorld(mNormal); }
+void AcDbMText::getEcs(AcGeMatrix3d& matrix) const { matrix = ocsToWorld(mNormal); }
 
 void AcDbMText::subSetDatabaseDefaults(AcDbDatabase* db) { mStyle = db->textstyle(); }
 

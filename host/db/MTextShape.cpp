@@ -3,7 +3,7 @@
 #include "MTextLayout.h"
 #include "MTextFrame.h"
 #include "MTextMembers.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "TextLook.h"
 #include "gecurv3d.h"
 #include "gelnsg3d.h"
@@ -131,7 +131,7 @@ Acad::ErrorStatus AcDbMText::setAttachmentMovingLocation(AttachmentPoint attachm
 
 Acad::ErrorStatus AcDbMText::subTransformBy(const AcGeMatrix3d& xform)
 {
-    const AcGeVector3d normal = ocs::mappedNormal(xform, mNormal);
+    const AcGeVector3d normal = mappedNormal(xform, mNormal);
     const AcGeVector3d along = xform * direction(), up = xform * mNormal.crossProduct(direction()).normal();
     if (along.isZeroLength() || normal.isZeroLength()) return Acad::eCannotScaleNonUniformly;
     const double stretch = along.length();

@@ -5,7 +5,7 @@
 #include "dbline.h"
 #include "DxfFields.h"
 #include "gelnsg3d.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 
 #include <algorithm>
 
@@ -207,7 +207,7 @@ Acad::ErrorStatus AcDbMline::subTransformBy(const AcGeMatrix3d& xform)
 {
     if (!xform.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;
     const double scale = (xform * AcGeVector3d::kXAxis).length();
-    mNormal = ocs::mappedNormal(xform, mNormal);
+    mNormal = mappedNormal(xform, mNormal);
     mStart.transformBy(xform);
     mScale *= scale;
     for (DbMlineVertex& vertex : mVertices) {

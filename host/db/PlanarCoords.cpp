@@ -14,6 +14,21 @@ AcGeMatrix3d worldToOcs(const AcGeVector3d& normal)
     return AcGeMatrix3d::worldToPlane(normal.normal());
 }
 
+AcGeVector3d mappedNormal(const AcGeMatrix3d& xform, const AcGeVector3d& normal)
+{
+    const AcGeMatrix3d plane = ocsToWorld(normal);
+    const AcGeVector3d perpendicular =
+        (xform * (plane * AcGeVector3d::kXAxis)).crossProduct(xform * (plane * AcGeVector3d::kYAxis));
+    if (perpendicular.isZeroLength(AcGeTol())) return normal;
+    const AcGeVector3d unit = perpendicular.normal();
+    return unit.dotProduct(xform * normal) < 0.0 ? -unit : unit;
+}
+
+AcGeMatrix3d mappedCoordinates(const AcGeMatrix3d& xform, const AcGeVector3d& before, const AcGeVector3d& after)
+{
+    return worldToOcs(after) * xform * ocsToWorld(before);
+}
+
 double mappedThickness(const AcGeMatrix3d& xform, const AcGeVector3d& normal, double thickness)
 {
     return thickness == 0.0 ? thickness : thickness * (xform * normal).length();

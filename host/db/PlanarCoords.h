@@ -39,6 +39,12 @@ inline bool isWorldZ(const AcGeVector3d& v)
 AcGeMatrix3d ocsToWorld(const AcGeVector3d& normal);
 AcGeMatrix3d worldToOcs(const AcGeVector3d& normal);
 
+/// The unit normal of the planes that a map makes of those with `normal`: on the side that the mapped normal points
+/// to, so that mirroring inside a plane keeps it.
+AcGeVector3d mappedNormal(const AcGeMatrix3d& xform, const AcGeVector3d& normal);
+/// The map from the object coordinates before to those after: points of entities follow it.
+AcGeMatrix3d mappedCoordinates(const AcGeMatrix3d& xform, const AcGeVector3d& before,
+                               const AcGeVector3d& after);
 /// The thickness of an entity after a map; its sign stays.
 double mappedThickness(const AcGeMatrix3d& xform, const AcGeVector3d& normal, double thickness);
 

@@ -2,7 +2,6 @@
 
 #include "ClassRegistration.h"
 #include "DxfFields.h"
-#include "Ocs.h"
 #include "PlanarCoords.h"
 #include "acgi.h"
 
@@ -72,8 +71,8 @@ Acad::ErrorStatus AcDbPoint::getPlane(AcGePlane& plane, AcDb::Planarity& planari
 Acad::ErrorStatus AcDbPoint::subTransformBy(const AcGeMatrix3d& xform)
 {
     mPosition.transformBy(xform);
-    mThickness = ocs::mappedThickness(xform, mNormal, mThickness);
-    mNormal = ocs::mappedNormal(xform, mNormal);
+    mThickness = mappedThickness(xform, mNormal, mThickness);
+    mNormal = mappedNormal(xform, mNormal);
     return Acad::eOk;
 }
 

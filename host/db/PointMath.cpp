@@ -4,6 +4,7 @@
 #include "gelent3d.h"
 #include "geline3d.h"
 #include "gelnsg3d.h"
+#include "PlanarCoords.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,11 +17,6 @@ constexpr double fullTurn = 6.28318530717958647692;
 AcGePoint3d pointOf(const ads_point point)
 {
     return {point[X], point[Y], point[Z]};
-}
-
-bool isFinite(const AcGePoint3d& p)
-{
-    return std::isfinite(p.x + p.y + p.z);
 }
 
 std::unique_ptr<AcGeLinearEnt3d> linear(const AcGePoint3d& from, const AcGePoint3d& to, bool segment)

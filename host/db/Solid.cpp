@@ -2,7 +2,6 @@
 
 #include "ClassRegistration.h"
 #include "DxfFields.h"
-#include "Ocs.h"
 #include "PlanarCoords.h"
 #include "acgi.h"
 #include "gecurv3d.h"
@@ -60,7 +59,7 @@ AcGePoint3d& AcDbFilledQuad::corner(int index)
 Acad::ErrorStatus AcDbFilledQuad::getPointAt(std::uint16_t index, AcGePoint3d& point) const
 {
     if (index > 3) return Acad::eInvalidIndex;
-    point = ocs::toWorld(mNormal) * corner(index);
+    point = ocsToWorld(mNormal) * corner(index);
     return Acad::eOk;
 }
 
@@ -69,7 +68,7 @@ Acad::ErrorStatus AcDbFilledQuad::setPointAt(std::uint16_t index, const AcGePoin
     if (index > 3) return Acad::eInvalidIndex;
     if (!isFinite(point)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
-    if (status == Acad::eOk) corner(index) = ocs::fromWorld(mNormal) * point;
+    if (status == Acad::eOk) corner(index) = worldToOcs(mNormal) * point;
     return status;
 }
 
@@ -90,26 +89,26 @@ Acad::ErrorStatus AcDbFilledQuad::setNormal(const AcGeVector3d& normal)
 
 Acad::ErrorStatus AcDbFilledQuad::getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const
 {
-    plane.set(ocs::toWorld(mNormal) * mCorner0, mNormal);
+    plane.set(ocsToWorld(mNormal) * mCorner0, mNormal);
     planarity = AcDb::kPlanar;
     return Acad::eOk;
 }
 
-void AcDbFilledQuad::getEcs(AcGeMatrix3d& matrix) const { matrix = ocs::toWorld(mNormal); }
+void AcDbFilledQuad::getEcs(AcGeMatrix3d& matrix) const { matrix = ocsToWorld(mNormal); }
 
 Acad::ErrorStatus AcDbFilledQuad::subTransformBy(const AcGeMatrix3d& xform)
 {
-    const AcGeVector3d normal = ocs::mappedNormal(xform, mNormal);
-    const AcGeMatrix3d map = ocs::mappedCoordinates(xform, mNormal, normal);
+    const AcGeVector3d normal = mappedNormal(xform, mNormal);
+    const AcGeMatrix3d map = mappedCoordinates(xform, mNormal, normal);
     for (int i = 0; i < 4; ++i) corner(i).transformBy(map);
-    mThickness = ocs::mappedThickness(xform, mNormal, mThickness);
+    mThickness = mappedThickness(xform, mNormal, mThickness);
     mNormal = normal;
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbFilledQuad::subGetGeomExtents(AcDbExtents& extents) const
 {
-    const AcGeMatrix3d world = ocs::toWorld(mNormal);
+    const AcGeMatrix3d world = ocsToWorld(mNormal);
     for (int i = 0; i < 4; ++i) extents.addPoint(world * corner(i));
     if (mThickness != 0.0) extents.expandBy(mThickness * mNormal);
     return Acad::eOk;
@@ -117,7 +116,7 @@ Acad::ErrorStatus AcDbFilledQuad::subGetGeomExtents(AcDbExtents& extents) const
 
 bool AcDbFilledQuad::subWorldDraw(AcGiWorldDraw* draw) const
 {
-    const AcGeMatrix3d world = ocs::toWorld(mNormal);
+    const AcGeMatrix3d world = ocsToWorld(mNormal);
     AcGePoint3d points[4];
     for (int i = 0; i < 4; ++i) points[i] = world * corner(around[i]);
     draw->subEntityTraits().setFillType(kAcGiFillAlways);
@@ -127,14 +126,14 @@ bool AcDbFilledQuad::subWorldDraw(AcGiWorldDraw* draw) const
 
 Acad::ErrorStatus AcDbFilledQuad::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&, AcDbIntArray&) const
 {
-    const AcGeMatrix3d world = ocs::toWorld(mNormal);
+    const AcGeMatrix3d world = ocsToWorld(mNormal);
     for (int i = 0; i < 4; ++i) gripPoints.append(world * corner(i));
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbFilledQuad::subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset)
 {
-    const AcGeVector3d moved = ocs::fromWorld(mNormal) * offset;
+    const AcGeVector3d moved = worldToOcs(mNormal) * offset;
     for (int i = 0; i < 4; ++i) {
         if (indices.contains(i)) corner(i) += moved;
     }
@@ -143,7 +142,7 @@ Acad::ErrorStatus AcDbFilledQuad::subMoveGripPointsAt(const AcDbIntArray& indice
 
 void AcDbFilledQuad::intersectionCurves(Curves& curves, bool) const
 {
-    const AcGeMatrix3d world = ocs::toWorld(mNormal);
+    const AcGeMatrix3d world = ocsToWorld(mNormal);
     for (int i = 0; i < 4; ++i) {
         const AcGePoint3d from = world * corner(around[i]);
         const AcGePoint3d to = world * corner(around[(i + 1) % 4]);

@@ -1,6 +1,5 @@
 #include "dbtext.h"
 
-#include "Ocs.h"
 #include "PlanarCoords.h"
 #include "TextLook.h"
 #include "acutads.h"
@@ -22,24 +21,24 @@ AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId 
     if (height > 0.0) mHeight = height;
 }
 
-AcGePoint3d AcDbText::position() const { return ocs::toWorld(mNormal) * mPosition; }
+AcGePoint3d AcDbText::position() const { return ocsToWorld(mNormal) * mPosition; }
 
 Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& position)
 {
     if (!isFinite(position)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
-    if (status == Acad::eOk) mPosition = ocs::fromWorld(mNormal) * position;
+    if (status == Acad::eOk) mPosition = worldToOcs(mNormal) * position;
     return status;
 }
 
-AcGePoint3d AcDbText::alignmentPoint() const { return ocs::toWorld(mNormal) * mAlignment; }
+AcGePoint3d AcDbText::alignmentPoint() const { return ocsToWorld(mNormal) * mAlignment; }
 
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point)
 {
     if (!isFinite(point)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status != Acad::eOk) return status;
-    mAlignment = ocs::fromWorld(mNormal) * point;
+    mAlignment = worldToOcs(mNormal) * point;
     mHasAlignment = true;
     return status;
 }
@@ -166,7 +165,7 @@ Acad::ErrorStatus AcDbText::getPlane(AcGePlane& plane, AcDb::Planarity& planarit
     return Acad::eOk;
 }
 
-void AcDbText::getEcs(AcGeMatrix3d& matrix) const { matrix = ocs::toWorld(mNormal); }
+void AcDbText::getEcs(AcGeMatrix3d& matrix) const { matrix = ocsToWorld(mNormal); }
 
 void AcDbText::subSetDatabaseDefaults(AcDbDatabase* db)
 {

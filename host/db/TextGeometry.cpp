@@ -1,6 +1,6 @@
 /// Where the characters of a text lie: its box, its alignment, its maps.
 
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "TextLook.h"
 #include "acgi.h"
 #include "dbtext.h"
@@ -61,7 +61,7 @@ AcGeMatrix3d AcDbText::textToWorld() const
             alignmentOffset(measureOf(drawnStyle(), shownText()), mHeight, mHorizontal, mVertical);
         hang.setToTranslation(AcGeVector3d(-offset.x, -offset.y, 0.0));
     }
-    return ocs::toWorld(mNormal) * move * turn * hang;
+    return ocsToWorld(mNormal) * move * turn * hang;
 }
 
 bool AcDbText::boundingPoints(AcGePoint3d (&corners)[4]) const
@@ -101,8 +101,8 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*)
 
 Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& xform)
 {
-    const AcGeVector3d normal = ocs::mappedNormal(xform, mNormal);
-    const AcGeMatrix3d map = ocs::mappedCoordinates(xform, mNormal, normal);
+    const AcGeVector3d normal = mappedNormal(xform, mNormal);
+    const AcGeMatrix3d map = mappedCoordinates(xform, mNormal, normal);
     AcGeVector3d along(std::cos(mRotation), std::sin(mRotation), 0.0);
     AcGeVector3d up(-along.y, along.x, 0.0);
     along.transformBy(map);
@@ -115,7 +115,7 @@ Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& xform)
     mRotation = std::atan2(along.y, along.x);
     mWidthFactor *= along.length() / upwards;
     mHeight *= upwards;
-    mThickness = ocs::mappedThickness(xform, mNormal, mThickness);
+    mThickness = mappedThickness(xform, mNormal, mThickness);
     mNormal = normal;
     return Acad::eOk;
 }

@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "CurrentUcs.h"
 #include "ObjectSnap.h"
+#include "PlanarCoords.h"
 #include "VariableStore.h"
 
 #include <cmath>
@@ -21,11 +22,6 @@ long integerVariable(const wchar_t* name)
 {
     const std::optional<ed::VariableValue> value = ed::readVariable(name);
     return value ? value->integer : 0;
-}
-
-bool isFinite(const AcGePoint3d& p)
-{
-    return std::isfinite(p.x + p.y + p.z);
 }
 
 AcGeVector3d towards(double angle)

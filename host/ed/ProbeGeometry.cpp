@@ -4,7 +4,7 @@
 #include "geell3d.h"
 #include "geintrvl.h"
 #include "genurb3d.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "TextLook.h"
 
 #include <cmath>
@@ -141,7 +141,7 @@ void SelectionProbe::Geometry::judgeFill(const std::vector<Loop>& loops)
 
 bool SelectionProbe::Geometry::circle(const AcGePoint3d& center, double radius, const AcGeVector3d& normal)
 {
-    const AcGeMatrix3d frame = ocs::toWorld(normal);
+    const AcGeMatrix3d frame = ocsToWorld(normal);
     judge(PlaneArc{place(center), place(frame * AcGeVector3d(radius, 0.0, 0.0)),
                    place(frame * AcGeVector3d(0.0, radius, 0.0)), 0.0, fullTurn});
     return true;

@@ -1,7 +1,7 @@
 /// Curves and marks on the canvas.
 
 #include "CurvePoints.h"
-#include "Ocs.h"
+#include "PlanarCoords.h"
 #include "ViewGeometry.h"
 #include "WideLine.h"
 #include "dbpl.h"
@@ -109,7 +109,7 @@ std::vector<Points> linesOf(std::vector<FlatSegment>& segments, bool perSegment)
 
 bool ViewGeometry::circle(const AcGePoint3d& center, double radius, const AcGeVector3d& normal)
 {
-    const AcGeMatrix3d frame = ocs::toWorld(normal);
+    const AcGeMatrix3d frame = ocsToWorld(normal);
     Points points = arcPoints(place(center), place(frame * AcGeVector3d(radius, 0, 0)),
                               place(frame * AcGeVector3d(0, radius, 0)), 0, fullTurn, mTolerance);
     points.pop_back();
