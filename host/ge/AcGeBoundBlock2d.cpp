@@ -7,7 +7,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using BoundBlock = AcGeBoundBlock2d;
 } // namespace
 
 #include "AcGeBoundBlock.inl"

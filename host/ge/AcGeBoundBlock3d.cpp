@@ -7,7 +7,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(3d)
-using BoundBlock = AcGeBoundBlock3d;
 } // namespace
 
 #include "AcGeBoundBlock.inl"

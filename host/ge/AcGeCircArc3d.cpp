@@ -5,6 +5,7 @@
 #include "gelent3d.h"
 #include "geline3d.h"
 #include "geplane.h"
+#include "PlaneMeet.h"
 #include "Turns.h"
 
 using namespace gecore;
@@ -75,15 +76,9 @@ bool AcGeCircArc3d::intersectWith(const AcGeCircArc3d& arc, int& intn, AcGePoint
 bool AcGeCircArc3d::intersectWith(const AcGePlanarEnt& plane, int& numOfIntersect, AcGePoint3d& p1,
                                   AcGePoint3d& p2, const AcGeTol& tol) const
 {
-    numOfIntersect = 0;
-    AcGePlane mine;
-    AcGeLine3d line;
-    getPlane(mine);
-    if (!mine.intersectWith(AcGePlane(plane.pointOnPlane(), plane.normal()), line, tol)) return false;
-    const Meetings found = meet(line.form(), form(), tol.equalPoint());
-    for (std::size_t i = 0; i < found.points.size() && numOfIntersect < 2; ++i)
-        if (plane.isOn(found.points[i].point, tol)) (numOfIntersect++ == 0 ? p1 : p2) = found.points[i].point;
-    return numOfIntersect > 0;
+    AcGePlane own;
+    getPlane(own);
+    return meetPlane(form(), own, plane, tol, numOfIntersect, p1, p2);
 }
 
 bool AcGeCircArc3d::tangent(const AcGePoint3d& pnt, AcGeLine3d& line, const AcGeTol& tol) const

@@ -7,8 +7,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using CompositeCurve = AcGeCompositeCurve2d;
-using Curve = AcGeCurve2d;
 } // namespace
 
 #include "AcGeCompositeCurve.inl"

@@ -7,8 +7,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(3d)
-using CompositeCurve = AcGeCompositeCurve3d;
-using Curve = AcGeCurve3d;
 } // namespace
 
 #include "AcGeCompositeCurve.inl"

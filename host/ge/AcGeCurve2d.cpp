@@ -1,6 +1,5 @@
 #include "gecurv2d.h"
 
-#include "CurveFactory.h"
 #include "DimensionNames.h"
 #include "geblok2d.h"
 #include "geline2d.h"
@@ -11,12 +10,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using BoundBlock = AcGeBoundBlock2d;
-using Curve = AcGeCurve2d;
-using Line = AcGeLine2d;
-using PointOnCurve = AcGePointOnCurve2d;
-constexpr AcGe::EntityId kPosition = AcGe::kPosition2d;
-constexpr auto curveOf = curve2dOf;
 } // namespace
 
 #include "AcGeCurve.inl"

@@ -1,6 +1,5 @@
 #include "gecurv3d.h"
 
-#include "CurveFactory.h"
 #include "DimensionNames.h"
 #include "geblok3d.h"
 #include "geline3d.h"
@@ -12,12 +11,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(3d)
-using BoundBlock = AcGeBoundBlock3d;
-using Curve = AcGeCurve3d;
-using Line = AcGeLine3d;
-using PointOnCurve = AcGePointOnCurve3d;
-constexpr AcGe::EntityId kPosition = AcGe::kPosition3d;
-constexpr auto curveOf = curve3dOf;
 } // namespace
 
 #include "AcGeCurve.inl"

@@ -10,9 +10,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using CircArc = AcGeCircArc2d;
-using EllipArc = AcGeEllipArc2d;
-using LinearEnt = AcGeLinearEnt2d;
 } // namespace
 
 #include "AcGeEllipArc.inl"

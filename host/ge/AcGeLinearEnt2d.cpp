@@ -10,10 +10,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using Line = AcGeLine2d;
-using LineSeg = AcGeLineSeg2d;
-using LinearEnt = AcGeLinearEnt2d;
-using Ray = AcGeRay2d;
 } // namespace
 
 #include "AcGeLinearEnt.inl"

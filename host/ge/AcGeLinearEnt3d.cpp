@@ -11,10 +11,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(3d)
-using Line = AcGeLine3d;
-using LineSeg = AcGeLineSeg3d;
-using LinearEnt = AcGeLinearEnt3d;
-using Ray = AcGeRay3d;
 } // namespace
 
 #include "AcGeLinearEnt.inl"

@@ -9,8 +9,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using NurbCurve = AcGeNurbCurve2d;
-using SplineEnt = AcGeSplineEnt2d;
 } // namespace
 
 #include "AcGeNurbCurve.inl"

@@ -9,8 +9,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(3d)
-using NurbCurve = AcGeNurbCurve3d;
-using SplineEnt = AcGeSplineEnt3d;
 } // namespace
 
 #include "AcGeNurbCurve.inl"

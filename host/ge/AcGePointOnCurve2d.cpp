@@ -8,8 +8,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using Curve = AcGeCurve2d;
-using PointOnCurve = AcGePointOnCurve2d;
 } // namespace
 
 #include "AcGePointOnCurve.inl"

@@ -8,8 +8,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(3d)
-using Curve = AcGeCurve3d;
-using PointOnCurve = AcGePointOnCurve3d;
 } // namespace
 
 #include "AcGePointOnCurve.inl"

@@ -7,8 +7,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using Polyline = AcGePolyline2d;
-using SplineEnt = AcGeSplineEnt2d;
 } // namespace
 
 #include "AcGePolyline.inl"

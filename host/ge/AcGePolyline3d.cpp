@@ -7,8 +7,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(3d)
-using Polyline = AcGePolyline3d;
-using SplineEnt = AcGeSplineEnt3d;
 } // namespace
 
 #include "AcGePolyline.inl"

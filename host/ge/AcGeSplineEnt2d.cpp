@@ -7,7 +7,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(2d)
-using SplineEnt = AcGeSplineEnt2d;
 } // namespace
 
 #include "AcGeSplineEnt.inl"

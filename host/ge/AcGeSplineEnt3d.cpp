@@ -7,7 +7,6 @@ using namespace gecore;
 namespace
 {
 GE_DIMENSION_NAMES(3d)
-using SplineEnt = AcGeSplineEnt3d;
 } // namespace
 
 #include "AcGeSplineEnt.inl"
