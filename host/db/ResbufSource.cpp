@@ -3,17 +3,23 @@
 #include "DatabaseState.h"
 #include "RecordNames.h"
 
+#include <cmath>
+
 namespace
 {
 std::vector<const resbuf*> nodesOf(const resbuf* chain)
 {
     std::vector<const resbuf*> nodes;
-    for (; chain; chain = chain->rbnext) nodes.push_back(chain);
+    for (; chain; chain = chain->rbnext)
+        nodes.push_back(chain);
     return nodes;
 }
 } // namespace
 
-ResbufSource::ResbufSource(const resbuf* chain, AcDbDatabase* database) : ResbufSource(nodesOf(chain), database) {}
+ResbufSource::ResbufSource(const resbuf* chain, AcDbDatabase* database)
+    : ResbufSource(nodesOf(chain), database)
+{
+}
 
 ResbufSource::ResbufSource(std::vector<const resbuf*> nodes, AcDbDatabase* database)
     : mNodes(std::move(nodes)), mDatabase(database)
@@ -44,22 +50,37 @@ void ResbufSource::load()
 bool ResbufSource::loadValue()
 {
     switch (acdbGroupCodeToType(node().restype)) {
-    case RT3DPOINT: mGroup.real = node().resval.rpoint[mCoordinate]; return true;
-    case RTREAL: mGroup.real = node().resval.rreal; return true;
-    case RTSHORT: mGroup.integer = node().resval.rint; return true;
-    case RTLONG: mGroup.integer = node().resval.rlong; return true;
-    case RTINT64: mGroup.integer = node().resval.mnInt64; return true;
+    case RT3DPOINT:
+        mGroup.real = node().resval.rpoint[mCoordinate];
+        return std::isfinite(mGroup.real);
+    case RTREAL:
+        mGroup.real = node().resval.rreal;
+        return std::isfinite(mGroup.real);
+    case RTSHORT:
+        mGroup.integer = node().resval.rint;
+        return true;
+    case RTLONG:
+        mGroup.integer = node().resval.rlong;
+        return true;
+    case RTINT64:
+        mGroup.integer = node().resval.mnInt64;
+        return true;
     case RTENAME:
-        mGroup.integer = static_cast<std::int64_t>(
-            AcDbObjectId().setFromOldId(static_cast<std::intptr_t>(node().resval.rlname[0])).handle().value());
+        mGroup.integer =
+            static_cast<std::int64_t>(AcDbObjectId()
+                                          .setFromOldId(static_cast<std::intptr_t>(node().resval.rlname[0]))
+                                          .handle()
+                                          .value());
         return true;
     case RTLB: {
         const ads_binary& chunk = node().resval.rbinary;
         if (chunk.clen > 0) mGroup.text = {chunk.buf, static_cast<std::size_t>(chunk.clen)};
         return chunk.clen >= 0;
     }
-    case RTSTR: return loadText();
-    default: return false;
+    case RTSTR:
+        return loadText();
+    default:
+        return false;
     }
 }
 

@@ -26,7 +26,7 @@ public:
     AcDbStub* recordOf(int code, std::string_view name) override;
     void report(const DxfGroup&, const char*) override { mHasFault = true; }
 
-    /// True when the chain held something that is no group, or its reader complained.
+    /// True when the chain held something that is no group or no finite number, or its reader complained.
     bool hasFault() const { return mHasFault; }
 
 private:

@@ -14,6 +14,7 @@ constexpr double kNode[] = {0.148874338981631211, 0.433395394129247191, 0.679409
 constexpr double kWeight[] = {0.295524224714752870, 0.269266719309996355, 0.219086362515982044,
                               0.149451349150580593, 0.066671344308688138};
 constexpr int kDeepest = 24;
+constexpr int kMostHalvings = 4096; // the roughest of sound curves need some hundreds
 
 template <class F>
 double gauss(const F& f, double a, double b)
@@ -25,15 +26,23 @@ double gauss(const F& f, double a, double b)
     return sum * half;
 }
 
-/// Halves the range until two halves agree with the whole.
+/// Halves the range until two halves agree with the whole, or `halvings` are used up: lengths of curves
+/// beyond the reach of numbers never agree.
 template <class F>
-double integrate(const F& f, double a, double b, double whole, double accuracy, int depth)
+double integrate(const F& f, double a, double b, double whole, double accuracy, int depth, int& halvings)
 {
     const double middle = (a + b) / 2, left = gauss(f, a, middle), right = gauss(f, middle, b);
     const double sum = left + right;
-    if (!(std::fabs(sum - whole) > accuracy) || depth >= kDeepest) return sum;
-    return integrate(f, a, middle, left, accuracy / 2, depth + 1) +
-           integrate(f, middle, b, right, accuracy / 2, depth + 1);
+    if (!(std::fabs(sum - whole) > accuracy) || depth >= kDeepest || --halvings < 0) return sum;
+    return integrate(f, a, middle, left, accuracy / 2, depth + 1, halvings) +
+           integrate(f, middle, b, right, accuracy / 2, depth + 1, halvings);
+}
+
+template <class F>
+double integrate(const F& f, double a, double b, double whole, double accuracy)
+{
+    int halvings = kMostHalvings;
+    return integrate(f, a, b, whole, accuracy, 0, halvings);
 }
 
 double speed(const CurveForm& form, double t)
@@ -49,7 +58,7 @@ double smoothLength(const CurveForm& form, double a, double b)
     if (isCircle(form)) return form.u.length() * (b - a);
     const auto f = [&](double t) { return speed(form, t); };
     const double whole = gauss(f, a, b);
-    return integrate(f, a, b, whole, 1e-13 * std::fabs(whole), 0);
+    return integrate(f, a, b, whole, 1e-13 * std::fabs(whole));
 }
 
 /// Runs over the smooth stretches of a..b.
@@ -82,7 +91,7 @@ double smoothArea(const CurveForm& form, double a, double b, const AcGePoint3d& 
     };
     const double whole = gauss(f, a, b);
     const double size = smoothLength(form, a, b);
-    return integrate(f, a, b, whole, 1e-14 * size * size, 0);
+    return integrate(f, a, b, whole, 1e-14 * size * size);
 }
 
 /// The extremes of one coordinate of a conic: cos t u + sin t v is largest where tan t = v / u.

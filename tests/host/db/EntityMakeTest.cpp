@@ -234,6 +234,16 @@ TEST_F(EntityMake, WhatDoesNotBelongThereTakesTheWholeWithIt)
     expectNothing();
 }
 
+TEST_F(EntityMake, NumbersThatAreNoneAreRefused)
+{
+    for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        const ads_point center = {0, 0, bad}, origin = {0, 0, 0};
+        EXPECT_EQ(make(acutBuildList(RTDXF0, L"CIRCLE", 10, center, 40, 1.0, RTNONE)), RTREJ);
+        EXPECT_EQ(make(acutBuildList(RTDXF0, L"CIRCLE", 10, origin, 40, bad, RTNONE)), RTREJ);
+    }
+    expectNothing();
+}
+
 TEST_F(EntityMake, BlockOfATakenNameIsRedefined)
 {
     for (const int count : {3, 1}) {
