@@ -1,22 +1,22 @@
 #include "RegexProgram.h"
 
-#include <climits>
+#include "RegexPattern.h"
+
 #include <cstdlib>
 
 namespace
 {
 using regex::CharacterSet;
 using regex::Instruction;
+using regex::isClassEscape;
+using regex::Malformed;
 using regex::Op;
+using regex::PatternText;
 using regex::Program;
 using regex::unlimited;
 
 constexpr int deepestNesting = 200;
 constexpr size_t longestProgram = 200000;
-
-/// What ends the reading of a malformed pattern. It does not leave this file.
-struct Malformed {
-};
 
 /// The instructions of a part of a pattern. Their distances do not depend on where the part will stand.
 struct Fragment {
@@ -55,15 +55,6 @@ Instruction choice(int preferred, int other, bool greedy)
     return {Op::split, greedy ? preferred : other, greedy ? other : preferred};
 }
 
-bool isDigit(wchar_t c)
-{
-    return c >= L'0' && c <= L'9';
-}
-bool isLetter(wchar_t c)
-{
-    return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z');
-}
-
 struct Quantifier {
     int least;
     int most; ///< or unlimited
@@ -71,16 +62,16 @@ struct Quantifier {
 };
 
 /// Reads a pattern by recursive descent.
-class Compiler
+class Compiler : private PatternText
 {
 public:
-    explicit Compiler(const std::wstring& pattern) : m_at(pattern.data()), m_end(m_at + pattern.size()) {}
+    explicit Compiler(const std::wstring& pattern) : PatternText(pattern) {}
 
     Program compile()
     {
         Fragment whole = single({Op::save, 0}, true);
         whole.append(alternatives());
-        if (m_at != m_end) throw Malformed(); // a ")" too many
+        if (!atEnd()) throw Malformed(); // a ")" too many
         whole.append(single({Op::save, 1}, true));
         whole.append(single({Op::accept}, true));
         m_program.instructions = std::move(whole.code);
@@ -93,34 +84,6 @@ public:
     }
 
 private:
-    // Characters of the pattern.
-
-    bool atEnd() const { return m_at == m_end; }
-    bool sees(wchar_t c) const { return m_at != m_end && *m_at == c; }
-    bool skip(wchar_t c)
-    {
-        if (!sees(c)) return false;
-        ++m_at;
-        return true;
-    }
-    bool skip(const wchar_t* text)
-    {
-        const wchar_t* at = m_at;
-        for (; *text; ++text, ++at)
-            if (at == m_end || *at != *text) return false;
-        m_at = at;
-        return true;
-    }
-    wchar_t take()
-    {
-        if (atEnd()) throw Malformed();
-        return *m_at++;
-    }
-    void expect(wchar_t c)
-    {
-        if (take() != c) throw Malformed();
-    }
-
     // Structure.
 
     Fragment alternatives()
@@ -250,15 +213,6 @@ private:
         expect(L'}');
         if (q.most != unlimited && q.most < q.least) throw Malformed();
     }
-    int number()
-    {
-        if (atEnd() || !isDigit(*m_at)) throw Malformed();
-        long long value = 0;
-        while (!atEnd() && isDigit(*m_at) && value <= INT_MAX)
-            value = value * 10 + (take() - L'0');
-        if (value > INT_MAX) throw Malformed();
-        return static_cast<int>(value);
-    }
     Fragment repeated(const Fragment& one, const Quantifier& q, int firstGroup)
     {
         if (takesOneCharacter(one)) {
@@ -323,134 +277,13 @@ private:
         }
         return consuming(Op::character, static_cast<int>(escapedCharacter(c)));
     }
-    static bool isClassEscape(wchar_t c)
-    {
-        return c == L'd' || c == L'D' || c == L's' || c == L'S' || c == L'w' || c == L'W';
-    }
     Fragment backReference()
     {
-        --m_at;
+        stepBack();
         const int group = number();
         if (group >= m_program.groups || m_open[group - 1]) throw Malformed();
         return single({Op::backReference, group}, true);
     }
-    wchar_t escapedCharacter(wchar_t c)
-    {
-        switch (c) {
-        case L't':
-            return L'\t';
-        case L'n':
-            return L'\n';
-        case L'v':
-            return L'\v';
-        case L'f':
-            return L'\f';
-        case L'r':
-            return L'\r';
-        case L'0':
-            if (!atEnd() && isDigit(*m_at)) throw Malformed();
-            return L'\0';
-        case L'c':
-            return controlCharacter(take());
-        case L'x':
-            return hexadecimal(2);
-        case L'u':
-            return hexadecimal(4);
-        default:
-            if (isLetter(c) || isDigit(c) || c == L'_') throw Malformed();
-            return c;
-        }
-    }
-    static wchar_t controlCharacter(wchar_t letter)
-    {
-        if (!isLetter(letter)) throw Malformed();
-        return static_cast<wchar_t>(letter % 32);
-    }
-    wchar_t hexadecimal(int digits)
-    {
-        unsigned value = 0;
-        for (int i = 0; i < digits; ++i) {
-            const wchar_t c = take();
-            if (isDigit(c))
-                value = value * 16 + static_cast<unsigned>(c - L'0');
-            else if ((c >= L'a' && c <= L'f') || (c >= L'A' && c <= L'F'))
-                value = value * 16 + static_cast<unsigned>(c % 32) + 9;
-            else
-                throw Malformed();
-        }
-        return static_cast<wchar_t>(value);
-    }
-
-    // Brackets.
-
-    CharacterSet bracket()
-    {
-        CharacterSet set;
-        if (skip(L'^')) set.negate();
-        while (!skip(L']'))
-            bracketItem(set);
-        return set;
-    }
-    /// One character, a range, or a class. A "-" beside a class, or first or last, stands for itself.
-    void bracketItem(CharacterSet& set)
-    {
-        const std::optional<wchar_t> first = bracketCharacter(set);
-        if (!first || !isRangeAhead()) {
-            if (first) set.add(*first, *first);
-            return;
-        }
-        ++m_at;
-        const std::optional<wchar_t> last = bracketCharacter(set);
-        if (last && *last < *first) throw Malformed();
-        set.add(*first, last ? *last : *first);
-        if (!last) set.add(L'-', L'-');
-    }
-    bool isRangeAhead() const { return m_end - m_at > 1 && m_at[0] == L'-' && m_at[1] != L']'; }
-    /// The next character of a bracket; nothing when it was a class, which is added to the set.
-    std::optional<wchar_t> bracketCharacter(CharacterSet& set)
-    {
-        if (skip(L"[:")) {
-            addClass(set, nameUntil(L':'));
-            return std::nullopt;
-        }
-        if (skip(L"[.")) return onlyCharacter(nameUntil(L'.'));
-        if (skip(L"[=")) return onlyCharacter(nameUntil(L'='));
-        if (!skip(L'\\')) return take();
-        const wchar_t c = take();
-        if (c == L'b') return L'\b';
-        if (!isClassEscape(c)) return escapedCharacter(c);
-        set.addEscape(c);
-        return std::nullopt;
-    }
-    std::wstring nameUntil(wchar_t mark)
-    {
-        std::wstring name;
-        while (!sees(mark))
-            name += take();
-        ++m_at;
-        expect(L']');
-        return name;
-    }
-    static wchar_t onlyCharacter(const std::wstring& name)
-    {
-        if (name.size() != 1) throw Malformed();
-        return name[0];
-    }
-    static void addClass(CharacterSet& set, const std::wstring& name)
-    {
-        if (name == L"d" || name == L"s" || name == L"w") return set.addEscape(name[0]);
-        std::string narrow;
-        for (const wchar_t c : name) {
-            if (!isLetter(c)) throw Malformed();
-            narrow += static_cast<char>(c);
-        }
-        const std::wctype_t named = std::wctype(narrow.c_str());
-        if (!named) throw Malformed();
-        set.add(named);
-    }
-
-    const wchar_t* m_at;
-    const wchar_t* m_end;
     Program m_program;
     std::vector<bool> m_open; ///< of the groups from 1 on: not closed yet
     int m_depth = 0;
