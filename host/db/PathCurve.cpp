@@ -62,6 +62,17 @@ std::unique_ptr<AcGeCurve3d> extendedPiece(std::unique_ptr<AcGeCurve3d> piece, b
     if (start && end) return std::make_unique<AcGeLine3d>(from, to - from);
     return start ? std::make_unique<AcGeRay3d>(to, from - to) : std::make_unique<AcGeRay3d>(from, to - from);
 }
+
+using SegmentDerivative = AcGeVector2d (BulgeSegment::*)(double) const;
+
+Acad::ErrorStatus derivative(const BulgePath& at, double param, SegmentDerivative of, AcGeVector3d& deriv)
+{
+    int index = 0;
+    double t = 0.0;
+    if (!at.locate(param, index, t) || at.segments() == 0) return Acad::eInvalidInput;
+    deriv = placed(at, (at.segment(index).*of)(t));
+    return Acad::eOk;
+}
 } // namespace
 
 Acad::ErrorStatus DbPathCurve::getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const
@@ -144,22 +155,12 @@ Acad::ErrorStatus DbPathCurve::getParamAtDist(double dist, double& param) const
 
 Acad::ErrorStatus DbPathCurve::getFirstDeriv(double param, AcGeVector3d& deriv) const
 {
-    const BulgePath at = path();
-    int index = 0;
-    double t = 0.0;
-    if (!at.locate(param, index, t) || at.segments() == 0) return Acad::eInvalidInput;
-    deriv = placed(at, at.segment(index).derivAt(t));
-    return Acad::eOk;
+    return derivative(path(), param, &BulgeSegment::derivAt, deriv);
 }
 
 Acad::ErrorStatus DbPathCurve::getSecondDeriv(double param, AcGeVector3d& deriv) const
 {
-    const BulgePath at = path();
-    int index = 0;
-    double t = 0.0;
-    if (!at.locate(param, index, t) || at.segments() == 0) return Acad::eInvalidInput;
-    deriv = placed(at, at.segment(index).secondDerivAt(t));
-    return Acad::eOk;
+    return derivative(path(), param, &BulgeSegment::secondDerivAt, deriv);
 }
 
 Acad::ErrorStatus DbPathCurve::getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
