@@ -8,7 +8,10 @@ namespace
 using ed::bindVariable;
 using ed::VariableValue;
 
-AcDbDatabase* database() { return acdbHostApplicationServices()->workingDatabase(); }
+AcDbDatabase* database()
+{
+    return acdbHostApplicationServices()->workingDatabase();
+}
 
 std::wstring nameOf(AcDbObjectId id)
 {
@@ -102,8 +105,8 @@ void bindScaleAndWeight()
     bindVariable(L"CELWEIGHT", RTSHORT,
                  {[] { return VariableValue::ofInteger(database() ? database()->celweight() : -1); },
                   [](const VariableValue& value) {
-                      return database() &&
-                             database()->setCelweight(static_cast<AcDb::LineWeight>(value.integer)) == Acad::eOk;
+                      return database() && database()->setCelweight(
+                                               static_cast<AcDb::LineWeight>(value.integer)) == Acad::eOk;
                   }});
 }
 
@@ -111,8 +114,10 @@ void bindScaleAndWeight()
     bindRecord<AcDbLayerTable>(L"CLAYER", &AcDbDatabase::clayer, &AcDbDatabase::setClayer);
     bindRecord<AcDbLinetypeTable>(L"CELTYPE", &AcDbDatabase::celtype, &AcDbDatabase::setCeltype);
     bindRecord<AcDbTextStyleTable>(L"TEXTSTYLE", &AcDbDatabase::textstyle, &AcDbDatabase::setTextstyle);
-    bindVariable(L"CECOLOR", RTSTR,
-                 {[] { return VariableValue::ofText(database() ? textOf(database()->cecolor()) : L"BYLAYER"); }, setColor});
+    bindVariable(
+        L"CECOLOR", RTSTR,
+        {[] { return VariableValue::ofText(database() ? textOf(database()->cecolor()) : L"BYLAYER"); },
+         setColor});
     bindScaleAndWeight();
     return true;
 }();

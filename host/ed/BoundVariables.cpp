@@ -12,13 +12,15 @@ namespace
 using ed::bindVariable;
 using ed::VariableValue;
 
-
 void readOnly(const wchar_t* name, short type, std::function<VariableValue()> read)
 {
     bindVariable(name, type, {std::move(read), nullptr});
 }
 
-std::wstring folderOf(const std::wstring& path) { return path.substr(0, path.find_last_of(L"\\/") + 1); }
+std::wstring folderOf(const std::wstring& path)
+{
+    return path.substr(0, path.find_last_of(L"\\/") + 1);
+}
 
 std::wstring currentFolder()
 {
@@ -58,7 +60,8 @@ void bindNames()
     });
     readOnly(L"DWGPREFIX", RTSTR, [] {
         const DocumentState* state = documents::current();
-        return VariableValue::ofText(state && !state->fileName.empty() ? folderOf(state->fileName) : currentFolder());
+        return VariableValue::ofText(state && !state->fileName.empty() ? folderOf(state->fileName)
+                                                                       : currentFolder());
     });
     readOnly(L"DWGTITLED", RTSHORT, [] {
         const DocumentState* state = documents::current();
@@ -96,7 +99,8 @@ void bindClocks()
 {
     readOnly(L"DATE", RTREAL, [] { return VariableValue::ofReal(julianDay(localTime())); });
     readOnly(L"CDATE", RTREAL, [] { return VariableValue::ofReal(calendarDate(localTime())); });
-    readOnly(L"MILLISECS", RTSHORT, [] { return VariableValue::ofInteger(static_cast<long>(GetTickCount() & 0x7fffffff)); });
+    readOnly(L"MILLISECS", RTSHORT,
+             [] { return VariableValue::ofInteger(static_cast<long>(GetTickCount() & 0x7fffffff)); });
 }
 
 [[maybe_unused]] const bool allBound = (bindNames(), bindActivity(), bindClocks(), true);

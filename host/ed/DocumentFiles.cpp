@@ -27,7 +27,8 @@ Acad::ErrorStatus readInto(const ACHAR* fileName, bool isTemplate)
     const Acad::ErrorStatus status = database->readDwgFile(path.c_str());
     if (status != Acad::eOk) return status;
     AcDbDatabase* opened = database.get();
-    documents::adopt(std::move(database), isTemplate ? std::wstring() : path, !isTemplate && isReadOnly(path));
+    documents::adopt(std::move(database), isTemplate ? std::wstring() : path,
+                     !isTemplate && isReadOnly(path));
     ed::tellEditor([&](AcEditorReactor& reactor) { reactor.endDwgOpen(&path[0], opened); });
     return Acad::eOk;
 }
@@ -51,14 +52,18 @@ Acad::ErrorStatus AcApDocManager::appContextOpenDocument(const ACHAR* fileName)
     return fileName && *fileName ? readInto(fileName, false) : Acad::eInvalidInput;
 }
 
-Acad::ErrorStatus AcApDocManager::newDocument() { return appContextNewDocument(nullptr); }
+Acad::ErrorStatus AcApDocManager::newDocument()
+{
+    return appContextNewDocument(nullptr);
+}
 
 Acad::ErrorStatus AcApDocManager::openDocument()
 {
     if (documents::executing()) return Acad::eInvalidContext;
     ed::print(L"Enter name of drawing to open: ");
     const ed::Answer answer = ed::currentInput().next(ed::Reading::word);
-    return answer.kind == ed::Answer::Kind::text ? appContextOpenDocument(answer.text.c_str()) : Acad::eUserBreak;
+    return answer.kind == ed::Answer::Kind::text ? appContextOpenDocument(answer.text.c_str())
+                                                 : Acad::eUserBreak;
 }
 
 Acad::ErrorStatus documents::save(AcApDocument* document, const std::wstring& fileName)
@@ -72,6 +77,7 @@ Acad::ErrorStatus documents::save(AcApDocument* document, const std::wstring& fi
     if (status != Acad::eOk) return status;
     state->dbmod = 0;
     nameDocument(document, path);
-    ed::tellEditor([&](AcEditorReactor& reactor) { reactor.saveComplete(state->database.get(), path.c_str()); });
+    ed::tellEditor(
+        [&](AcEditorReactor& reactor) { reactor.saveComplete(state->database.get(), path.c_str()); });
     return Acad::eOk;
 }

@@ -25,8 +25,14 @@ AcRxClass* editorClass()
 }();
 } // namespace
 
-AcRxClass* AcEditor::desc() { return editorClass(); }
-AcRxClass* AcEditor::isA() const { return editorClass(); }
+AcRxClass* AcEditor::desc()
+{
+    return editorClass();
+}
+AcRxClass* AcEditor::isA() const
+{
+    return editorClass();
+}
 
 AcEditor* AcEditor::cast(const AcRxObject* object)
 {
@@ -50,6 +56,7 @@ namespace ed
 void tellEditor(const std::function<void(AcEditorReactor&)>& event)
 {
     const std::vector<AcEditorReactor*> some = reactors(); // a reactor may remove itself
-    for (AcEditorReactor* reactor : some) event(*reactor);
+    for (AcEditorReactor* reactor : some)
+        event(*reactor);
 }
 } // namespace ed

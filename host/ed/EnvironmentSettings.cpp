@@ -1,6 +1,6 @@
+#include "acedvars.h"
 #include "ProfileSettings.h"
 #include "SupportFiles.h"
-#include "acedvars.h"
 
 #include <cwchar>
 

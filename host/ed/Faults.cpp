@@ -30,7 +30,10 @@ void noteFault(std::wstring_view reason)
 {
     lastReason = reason;
 }
-bool hasFailed() { return failed; }
+bool hasFailed()
+{
+    return failed;
+}
 bool takeFailure()
 {
     return std::exchange(failed, false);

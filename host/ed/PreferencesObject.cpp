@@ -38,15 +38,17 @@ public:
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override
     {
         if (!names || !ids || count == 0) return E_INVALIDARG;
-        for (UINT i = 0; i < count; ++i) ids[i] = i == 0 ? idOf(names[0]) : DISPID_UNKNOWN;
+        for (UINT i = 0; i < count; ++i)
+            ids[i] = i == 0 ? idOf(names[0]) : DISPID_UNKNOWN;
         return ids[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments, VARIANT* result,
-                                     EXCEPINFO*, UINT*) override
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* arguments,
+                                     VARIANT* result, EXCEPINFO*, UINT*) override
     {
         if (id < 1 || id > static_cast<DISPID>(mProperties.size())) return DISP_E_MEMBERNOTFOUND;
         const Property& property = mProperties[static_cast<std::size_t>(id - 1)];
-        return flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF) ? put(property, arguments) : get(property, result);
+        return flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF) ? put(property, arguments)
+                                                                        : get(property, result);
     }
 
 private:
@@ -123,8 +125,8 @@ PropertyObject& preferences()
 
 LPDISPATCH automation::applicationObject()
 {
-    static PropertyObject& object = *new PropertyObject({textProperty(L"Name", L"AutoCAD"),
-                                                         textProperty(L"Version", L"24.0s (LMS Tech)"),
-                                                         objectProperty(L"Preferences", preferences())});
+    static PropertyObject& object =
+        *new PropertyObject({textProperty(L"Name", L"AutoCAD"), textProperty(L"Version", L"24.0s (LMS Tech)"),
+                             objectProperty(L"Preferences", preferences())});
     return &object;
 }

@@ -5,7 +5,10 @@
 
 namespace
 {
-short valueType(const resbuf& node) { return node.restype >= RTNONE ? node.restype : acdbGroupCodeToType(node.restype); }
+short valueType(const resbuf& node)
+{
+    return node.restype >= RTNONE ? node.restype : acdbGroupCodeToType(node.restype);
+}
 
 void copyBinary(const ads_binary& from, ads_binary& to)
 {
@@ -23,7 +26,8 @@ OwnedResbuf copyNode(const resbuf* node)
     OwnedResbuf copy(acutNewRb(node->restype));
     copy->resval = node->resval;
     if (valueType(*node) == RTSTR) acutNewString(node->resval.rstring, copy->resval.rstring);
-    if (valueType(*node) == RTLB && node->restype < RTNONE) copyBinary(node->resval.rbinary, copy->resval.rbinary);
+    if (valueType(*node) == RTLB && node->restype < RTNONE)
+        copyBinary(node->resval.rbinary, copy->resval.rbinary);
     return copy;
 }
 
@@ -45,7 +49,8 @@ void append(OwnedResbuf& list, OwnedResbuf more)
         return;
     }
     resbuf* last = list.get();
-    while (last->rbnext) last = last->rbnext;
+    while (last->rbnext)
+        last = last->rbnext;
     last->rbnext = more.release();
 }
 } // namespace ed

@@ -1,7 +1,7 @@
 #include "SupportFiles.h"
 
-#include "Documents.h"
 #include "acedvars.h"
+#include "Documents.h"
 
 namespace
 {
@@ -60,7 +60,8 @@ std::vector<std::wstring> supportFolders()
 std::wstring findSupportFile(const std::wstring& name)
 {
     if (name.empty()) return {};
-    if (name.find_first_of(L"\\/:") != std::wstring::npos) return isFile(name) ? fullPath(name) : std::wstring();
+    if (name.find_first_of(L"\\/:") != std::wstring::npos)
+        return isFile(name) ? fullPath(name) : std::wstring();
     for (const std::wstring& folder : searched()) {
         if (folder.empty()) continue;
         const std::wstring path = folder + L"\\" + name;
