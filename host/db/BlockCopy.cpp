@@ -136,8 +136,13 @@ private:
 
 CopiedIds copyEntities(const AcDbBlockTableRecord& from, AcDbBlockTableRecord& to)
 {
-    Copier copier(*from.database());
-    for (const AcDbObjectId id : from.entityIds()) {
+    return copyEntities(from.entityIds(), to);
+}
+
+CopiedIds copyEntities(const std::vector<AcDbObjectId>& entities, AcDbBlockTableRecord& to)
+{
+    Copier copier(*to.database());
+    for (const AcDbObjectId id : entities) {
         if (id.isValid() && !id.isErased())
             BlockAccess::list(to, copier.add(*residentObject(id), to.objectId()));
     }

@@ -5,6 +5,7 @@
 #include "dbblock.h"
 
 #include <unordered_map>
+#include <vector>
 
 /// The copy of each object that was copied.
 using CopiedIds = std::unordered_map<AcDbObjectId, AcDbObjectId>;
@@ -13,3 +14,5 @@ using CopiedIds = std::unordered_map<AcDbObjectId, AcDbObjectId>;
 /// vertices, attributes, extended data and extension dictionaries. What they refer to among themselves, the
 /// copies refer to among themselves; all other references stay.
 CopiedIds copyEntities(const AcDbBlockTableRecord& from, AcDbBlockTableRecord& to);
+/// The same of some entities of the drawing, each of them once.
+CopiedIds copyEntities(const std::vector<AcDbObjectId>& entities, AcDbBlockTableRecord& to);

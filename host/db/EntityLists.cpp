@@ -2,7 +2,7 @@
 
 #include "DxfFields.h"
 #include "DxfKept.h"
-#include "Stub.h"
+#include "StubPool.h"
 #include "acdbads.h"
 #include "dbapserv.h"
 #include "dbdatabase.h"
@@ -13,7 +13,9 @@ AcDbDatabase* workingDatabase() { return acdbHostApplicationServices()->workingD
 
 AcDbObjectId idOf(const ads_name name)
 {
-    return name ? AcDbObjectId().setFromOldId(static_cast<std::intptr_t>(name[0])) : AcDbObjectId();
+    // Names come from lists and LISP, where anything may stand.
+    const AcDbObjectId id = name ? AcDbObjectId().setFromOldId(static_cast<std::intptr_t>(name[0])) : AcDbObjectId();
+    return StubPool::holds(id) ? id : AcDbObjectId();
 }
 
 int giveName(AcDbObjectId id, ads_name result)

@@ -127,6 +127,11 @@ Acad::ErrorStatus AcDbLayerTableRecord::subErase(bool erasing)
     return AcDbSymbolTableRecord::subErase(erasing);
 }
 
+void AcDbLayerTableRecord::addedToTable()
+{
+    if (mLinetype.isNull()) mLinetype = database()->continuousLinetype();
+}
+
 Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen)
 {
     if (frozen && database() && database()->clayer() == objectId()) return Acad::eInvalidLayer;

@@ -1,6 +1,7 @@
 #include "ResbufSource.h"
 
 #include "DatabaseState.h"
+#include "EntityLists.h"
 #include "RecordNames.h"
 
 #include <cmath>
@@ -66,11 +67,7 @@ bool ResbufSource::loadValue()
         mGroup.integer = node().resval.mnInt64;
         return true;
     case RTENAME:
-        mGroup.integer =
-            static_cast<std::int64_t>(AcDbObjectId()
-                                          .setFromOldId(static_cast<std::intptr_t>(node().resval.rlname[0]))
-                                          .handle()
-                                          .value());
+        mGroup.integer = static_cast<std::int64_t>(idOf(node().resval.rlname).handle().value());
         return true;
     case RTLB: {
         const ads_binary& chunk = node().resval.rbinary;

@@ -42,8 +42,7 @@ AcDbStub* StubTable::obtain(std::uint64_t handle)
 {
     AcDbStub*& at = slot(handle);
     if (!at) {
-        mStubs.push_back({nullptr, mDatabase, handle, false});
-        at = &mStubs.back();
+        at = &mStubs.add({nullptr, mDatabase, handle, false});
         raiseNextHandle(handle + 1);
     }
     return at;
@@ -51,8 +50,7 @@ AcDbStub* StubTable::obtain(std::uint64_t handle)
 
 AcDbStub* StubTable::addPending()
 {
-    mStubs.push_back({nullptr, mDatabase, 0, false});
-    mPending.push_back(&mStubs.back());
+    mPending.push_back(&mStubs.add({nullptr, mDatabase, 0, false}));
     return mPending.back();
 }
 

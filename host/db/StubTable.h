@@ -2,10 +2,9 @@
 
 /// All stubs of one database, found by handle in constant time.
 
-#include "Stub.h"
+#include "StubPool.h"
 
 #include <array>
-#include <deque>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -59,7 +58,7 @@ private:
     AcDbStub*& slot(std::uint64_t handle);
 
     AcDbDatabase* mDatabase;
-    std::deque<AcDbStub> mStubs;
+    StubPool mStubs;
     std::vector<std::unique_ptr<Page[]>> mBlocks;
     std::size_t mFreePages = 0; ///< of the last block
     std::vector<Page*> mNear;

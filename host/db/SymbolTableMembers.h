@@ -15,4 +15,18 @@
         AcDbObjectId id;                                                                                     \
         const Acad::ErrorStatus status = getAt(name, id, openErased);                                        \
         return status == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : status;                  \
+    }                                                                                                        \
+    Acad::ErrorStatus AcDb##KIND##Table::newIterator(AcDb##KIND##TableIterator*& iterator, bool atBeginning, \
+                                                     bool skipDeleted) const                                 \
+    {                                                                                                        \
+        iterator = new AcDb##KIND##TableIterator(recordIds(), atBeginning, skipDeleted);                     \
+        return Acad::eOk;                                                                                    \
+    }                                                                                                        \
+    Acad::ErrorStatus AcDb##KIND##TableIterator::getRecord(AcDb##KIND##TableRecord*& record,                 \
+                                                           AcDb::OpenMode mode, bool openErased) const       \
+    {                                                                                                        \
+        record = nullptr;                                                                                    \
+        AcDbObjectId id;                                                                                     \
+        const Acad::ErrorStatus status = getRecordId(id);                                                    \
+        return status == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : status;                  \
     }

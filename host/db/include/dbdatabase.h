@@ -5,6 +5,7 @@
 #include "acdb.h"
 #include "dbcolor.h"
 #include "dbheadervars.inl"
+#include "dbidar.h"
 #include "dbobject.h"
 #include "dbsymtb.h"
 #include "gepnt2d.h"
@@ -18,6 +19,7 @@
 class SecurityParams;
 class AcDbDatabaseReactor;
 class AcDbDictionary;
+class AcDbIdMapping;
 class AcDbDictionaryWithDefault;
 struct DatabaseState;
 
@@ -93,6 +95,23 @@ public:
     /// Gives a new object an id and a handle, under an owner that the caller links it to. The object stays open for
     /// write. eAlreadyInDb for an object that has a database.
     Acad::ErrorStatus addAcDbObject(AcDbObjectId& id, AcDbObject* object, AcDbObjectId owner = AcDbObjectId::kNull);
+
+    /// Copies entities of this drawing into a block of it (`owner`), with vertices, attributes, extended data and
+    /// extension dictionaries. What they refer to among themselves, the copies refer to among themselves; all other
+    /// references stay. `map` then also holds each original with its copy; null and erased ids are passed over.
+    /// eInvalidOwnerObject when the owner is no block, eWrongDatabase for an id of another drawing, eNotAnEntity,
+    /// eLockViolation: nothing is copied then. References are exchanged at once, so `deferXlation` (which says that more
+    /// will be copied under the same map) is not supported: eNotImplementedYet.
+    Acad::ErrorStatus deepCloneObjects(const AcDbObjectIdArray& ids, AcDbObjectId& owner, AcDbIdMapping& map,
+                                       bool deferXlation = false);
+
+    /// Adds linetypes from a definition file (*.lin; ANSI, or UTF-8 with a byte order mark): the one of a name, without
+    /// regard to case, or with "*" all that the drawing does not have yet. eDuplicateRecordName when it is there
+    /// already, eUndefinedLineType when the file does not define it, eBadLinetypeName when its definition is damaged,
+    /// eUndefineShapeName when it uses shapes, whose files are not read, or a text style that the drawing does not
+    /// have; eFileNotFound, eFileAccessErr, eInvalidInput for a null or empty text. With "*", definitions that cannot
+    /// be used are left out.
+    Acad::ErrorStatus loadLineTypeFile(const ACHAR* linetypeName, const ACHAR* fileName);
 
     // The tables, opened as asked: the statuses of acdbOpenObject.
 

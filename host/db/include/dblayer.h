@@ -64,6 +64,8 @@ public:
 protected:
     bool isPermanent() const override { return mName == L"0"; }
     Acad::ErrorStatus subErase(bool erasing) override;
+    /// A layer without a linetype gets the continuous one of its drawing.
+    void addedToTable() override;
 
 private:
     friend struct LayerAccess;

@@ -62,6 +62,7 @@ protected:
 class AcDbSymbolTableIterator
 {
 public:
+    virtual ~AcDbSymbolTableIterator() = default;
     /// Goes back to the first record, or to the last; `skipDeleted` leaves erased ones out.
     void start(bool atBeginning = true, bool skipDeleted = true);
     bool done() const { return mAt >= mIds->size(); }
@@ -72,7 +73,7 @@ public:
     Acad::ErrorStatus getRecord(AcDbSymbolTableRecord*& record, AcDb::OpenMode mode = AcDb::kForRead,
                                 bool openErased = false) const;
 
-private:
+protected:
     friend class AcDbSymbolTable;
     AcDbSymbolTableIterator(const std::vector<AcDbObjectId>& ids, bool atBeginning, bool skipDeleted)
         : mIds(&ids)
@@ -80,6 +81,7 @@ private:
         start(atBeginning, skipDeleted);
     }
 
+private:
     const std::vector<AcDbObjectId>* mIds;
     std::size_t mAt = 0; ///< past the end also means before the beginning
 };
@@ -93,6 +95,11 @@ public:
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id, bool getErased = false) const;
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
                             bool openErased = false) const;
+    /// The first getAt under a name that overloads of getAt cannot hide.
+    Acad::ErrorStatus getIdAt(const ACHAR* name, AcDbObjectId& id, bool getErased = false) const
+    {
+        return getAt(name, id, getErased);
+    }
     bool has(const ACHAR* name) const;
     bool has(AcDbObjectId id) const;
     /// Adds a new record, which stays open for write. eDuplicateRecordName, eInvalidSymbolTableName, eAlreadyInDb,
@@ -126,10 +133,21 @@ private:
     std::unordered_multimap<CString, AcDbObjectId> mByName; ///< keys in lower case
 };
 
-/// The members of a table whose records are of one class.
+/// The members of a table whose records are of one class, and the iterator over them.
 #define ACDB_SYMBOL_TABLE(KIND)                                                                              \
 class AcDb##KIND##TableRecord;                                                                               \
-class AcDb##KIND##TableIterator;                                                                             \
+class AcDb##KIND##Table;                                                                                     \
+class AcDb##KIND##TableIterator : public AcDbSymbolTableIterator                                             \
+{                                                                                                            \
+public:                                                                                                      \
+    using AcDbSymbolTableIterator::getRecord;                                                                \
+    Acad::ErrorStatus getRecord(AcDb##KIND##TableRecord*& record, AcDb::OpenMode mode = AcDb::kForRead,      \
+                                bool openErased = false) const;                                              \
+                                                                                                             \
+private:                                                                                                     \
+    friend class AcDb##KIND##Table;                                                                          \
+    using AcDbSymbolTableIterator::AcDbSymbolTableIterator;                                                  \
+};                                                                                                           \
 class AcDb##KIND##Table : public AcDbSymbolTable                                                             \
 {                                                                                                            \
 public:                                                                                                      \
@@ -139,6 +157,9 @@ public:                                                                         
     Acad::ErrorStatus getAt(const ACHAR* name, AcDb##KIND##TableRecord*& record, AcDb::OpenMode mode,        \
                             bool openErased = false) const;                                                  \
     using AcDbSymbolTable::add;                                                                              \
+    using AcDbSymbolTable::newIterator;                                                                      \
+    Acad::ErrorStatus newIterator(AcDb##KIND##TableIterator*& iterator, bool atBeginning = true,             \
+                                  bool skipDeleted = true) const;                                            \
                                                                                                              \
 protected:                                                                                                   \
     const AcRxClass* recordClass() const override;                                                           \

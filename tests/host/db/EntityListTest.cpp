@@ -218,3 +218,27 @@ TEST_F(EntityList, GuardsCloseOnEveryPath)
     const AcDbLayerTablePointer table(&mDatabase, AcDb::kForWrite);
     EXPECT_EQ(table.openStatus(), Acad::eOk);
 }
+
+TEST_F(EntityList, InventedNamesAreRefusedWithoutBeingRead)
+{
+    ads_name line;
+    makeLine(line);
+    // Addresses without memory, the inside of an object's place, and the last place of its 16 KiB, which a small
+    // drawing does not use.
+    const std::int64_t unused = (line[0] | 16383) - 31;
+    for (const std::int64_t number : {std::int64_t(1), std::int64_t(0x7FFF00000000), line[0] + 8, unused}) {
+        const ads_name invented = {number, 0};
+        AcDbObjectId id;
+        EXPECT_EQ(acdbGetObjectId(id, invented), Acad::eInvalidAdsName);
+        EXPECT_EQ(acdbEntGet(invented), nullptr);
+        EXPECT_EQ(acdbEntDel(invented), RTERROR);
+    }
+    AcDbObjectId id;
+    EXPECT_EQ(acdbGetObjectId(id, line), Acad::eOk);
+    ads_name gone = {0, 0};
+    {
+        AcDbDatabase other;
+        ASSERT_EQ(acdbGetAdsName(gone, other.layerZero()), Acad::eOk);
+    }
+    EXPECT_EQ(acdbGetObjectId(id, gone), Acad::eInvalidAdsName);
+}

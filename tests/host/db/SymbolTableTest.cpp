@@ -101,3 +101,41 @@ TEST_F(SymbolTable, RecordsADrawingNeedsCannotBeErased)
     record->close();
     EXPECT_TRUE(mTable->has(L"ACAD"));
 }
+
+TEST_F(SymbolTable, WalkOfOneKindOpensItsRecords)
+{
+    AcDbLayerTable* layers = nullptr;
+    ASSERT_EQ(mDatabase.getLayerTable(layers), Acad::eOk);
+    AcDbLayerTableIterator* walk = nullptr;
+    ASSERT_EQ(layers->newIterator(walk), Acad::eOk);
+    AcDbLayerTableRecord* layer = nullptr;
+    ASSERT_EQ(walk->getRecord(layer), Acad::eOk);
+    EXPECT_EQ(layer->objectId(), mDatabase.layerZero());
+    layer->close();
+    walk->step();
+    EXPECT_EQ(walk->getRecord(layer), Acad::eIteratorDone);
+    EXPECT_EQ(layer, nullptr);
+    delete walk;
+    AcDbObjectId id;
+    EXPECT_EQ(layers->getIdAt(L"0", id), Acad::eOk);
+    EXPECT_EQ(id, mDatabase.layerZero());
+    layers->close();
+}
+
+TEST_F(SymbolTable, NewLayerIsContinuousUnlessItHasALinetype)
+{
+    AcDbLayerTable* layers = nullptr;
+    ASSERT_EQ(mDatabase.getLayerTable(layers, AcDb::kForWrite), Acad::eOk);
+    AcDbLayerTableRecord* plain = new AcDbLayerTableRecord;
+    AcDbLayerTableRecord* other = new AcDbLayerTableRecord;
+    plain->setName(L"plain");
+    other->setName(L"other");
+    other->setLinetypeObjectId(mDatabase.byBlockLinetype());
+    ASSERT_EQ(layers->add(plain), Acad::eOk);
+    ASSERT_EQ(layers->add(other), Acad::eOk);
+    EXPECT_EQ(plain->linetypeObjectId(), mDatabase.continuousLinetype());
+    EXPECT_EQ(other->linetypeObjectId(), mDatabase.byBlockLinetype());
+    plain->close();
+    other->close();
+    layers->close();
+}
