@@ -157,10 +157,9 @@ std::optional<Answer> InputSource::takeKey()
     Pieces& pieces = mLevels.back();
     if (pieces.empty() && !(mLevels.size() == 1 && askReader(pieces))) return std::nullopt;
     if (pieces.front().answer || pieces.front().pause) return takeFrom(mLevels.size() - 1, Reading::word, true);
-    std::wstring& keys = pieces.front().keys;
-    const wchar_t key = keys[0];
-    keys.erase(0, 1);
-    if (keys.empty()) pieces.pop_front();
+    Piece& piece = pieces.front();
+    const wchar_t key = piece.keys[piece.used];
+    if (++piece.used == piece.keys.size()) pieces.pop_front();
     return isEsc(key) ? Answer::cancel() : Answer::ofText(std::wstring_view(&key, 1));
 }
 

@@ -116,6 +116,19 @@ TEST_F(Drags, OtherAnswersEndADragWithTheirCodes)
     EXPECT_EQ(at[X], 7.0);
 }
 
+TEST_F(Drags, RawInputGoesOnBehindAnAnswer)
+{
+    ACHAR word[20] = L"";
+    int type = 0;
+    resbuf got{};
+    answer(L"ab cd");
+    EXPECT_EQ(acedGetString(0, L"", word), RTNORM);
+    for (const int key : {int('c'), int('d')}) {
+        EXPECT_EQ(acedGrRead(0, &type, &got), RTNORM);
+        EXPECT_EQ(got.resval.rint, key);
+    }
+}
+
 TEST_F(Drags, RawInputIsKeysPicksAndWantedMoves)
 {
     answer(L"a \n");
