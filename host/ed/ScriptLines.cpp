@@ -16,6 +16,25 @@ std::optional<std::string> bytesOf(const std::wstring& path)
     return bytes;
 }
 
+std::wstring decoded(const std::string& bytes, UINT codePage, DWORD flags)
+{
+    const int size = static_cast<int>(bytes.size());
+    std::wstring text(bytes.size(), L'\0');
+    const int count = MultiByteToWideChar(codePage, flags, bytes.data(), size, &text[0], size);
+    text.resize(static_cast<std::size_t>(count));
+    return text;
+}
+
+std::string utf8(const std::wstring& text)
+{
+    const int size = static_cast<int>(text.size());
+    std::string bytes(text.size() * 4, '\0'); // no character takes more
+    const int most = static_cast<int>(bytes.size());
+    const int count = WideCharToMultiByte(CP_UTF8, 0, text.data(), size, &bytes[0], most, nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(count));
+    return bytes;
+}
+
 /// UTF-16 text, whose mark says the order of bytes, as UTF-8.
 std::string fromUtf16(const std::string& bytes, bool bigFirst)
 {
@@ -25,24 +44,22 @@ std::string fromUtf16(const std::string& bytes, bool bigFirst)
         const auto high = static_cast<unsigned char>(bytes[bigFirst ? i : i + 1]);
         text += static_cast<wchar_t>(high << 8 | low);
     }
-    return std::string(CW2A(text.c_str(), CP_UTF8));
+    return utf8(text);
 }
 
-std::string withoutMark(std::string bytes)
+/// A line of a few Chinese letters may be good UTF-8 by chance, so the whole text decides in which of the two
+/// it is.
+std::string fromUnmarked(std::string bytes)
+{
+    const bool isUtf8 = bytes.empty() || !decoded(bytes, CP_UTF8, MB_ERR_INVALID_CHARS).empty();
+    return isUtf8 ? bytes : utf8(decoded(bytes, CP_ACP, 0));
+}
+
+std::string utf8Of(std::string bytes)
 {
     if (bytes.compare(0, 2, "\xFF\xFE") == 0) return fromUtf16(bytes, false);
     if (bytes.compare(0, 2, "\xFE\xFF") == 0) return fromUtf16(bytes, true);
-    if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) bytes.erase(0, 3);
-    return bytes;
-}
-
-std::wstring decoded(const std::string& bytes, UINT codePage, DWORD flags)
-{
-    const int size = static_cast<int>(bytes.size());
-    std::wstring text(bytes.size(), L'\0');
-    const int count = MultiByteToWideChar(codePage, flags, bytes.data(), size, &text[0], size);
-    text.resize(static_cast<std::size_t>(count));
-    return text;
+    return bytes.compare(0, 3, "\xEF\xBB\xBF") == 0 ? bytes.substr(3) : fromUnmarked(std::move(bytes));
 }
 } // namespace
 
@@ -52,7 +69,7 @@ std::optional<LineReader> linesOfFile(const std::wstring& path)
 {
     std::optional<std::string> bytes = bytesOf(path);
     if (!bytes) return std::nullopt;
-    const auto text = std::make_shared<const std::string>(withoutMark(std::move(*bytes)));
+    const auto text = std::make_shared<const std::string>(utf8Of(std::move(*bytes)));
     return [text, at = std::size_t(0)](std::string& line) mutable {
         if (at >= text->size()) return false;
         const std::size_t end = std::min(text->find('\n', at), text->size());

@@ -119,4 +119,10 @@ TEST_F(Script, EncodingsAreFoundOut)
         EXPECT_EQ(run("--script " + write("e.scr", form)).status, 0);
         EXPECT_TRUE(arxhost::fs::remove(path)) << form;
     }
+    // U+56FE U+7EB8 U+4E00 in the code page 936 are good UTF-8 for other letters; the comment tells what they
+    // are.
+    const std::string drawing = out("\xE5\x9B\xBE\xE7\xBA\xB8\xE4\xB8\x80") + ".dxf";
+    const std::string ansi = "; \xC8\xED\nSAVEAS " + out("\xCD\xBC\xD6\xBD\xD2\xBB") + ".dxf\n";
+    EXPECT_EQ(run("--script " + write("e.scr", ansi)).status, 0);
+    EXPECT_TRUE(arxhost::fs::remove(drawing));
 }
