@@ -1,5 +1,6 @@
 /// SCRIPT, RSCRIPT, RESUME and DELAY.
 
+#include "acedinput.h"
 #include "Ask.h"
 #include "CommandTable.h"
 #include "Faults.h"
@@ -7,6 +8,8 @@
 #include "SupportFiles.h"
 
 #include <windows.h>
+
+#include <algorithm>
 
 namespace
 {
@@ -35,6 +38,15 @@ void repeat()
     if (!scripts::repeat()) ed::fail(L"There is no script to repeat.");
 }
 
+/// In short steps, since Esc ends it.
+void wait(unsigned long milliseconds)
+{
+    constexpr ULONGLONG step = 50;
+    const ULONGLONG end = GetTickCount64() + milliseconds;
+    for (ULONGLONG now = GetTickCount64(); now < end && !acedUsrBrk(); now = GetTickCount64())
+        Sleep(static_cast<DWORD>(std::min(step, end - now)));
+}
+
 void delay()
 {
     constexpr unsigned long longest = 32767;
@@ -43,7 +55,7 @@ void delay()
     wchar_t* end = nullptr;
     const unsigned long time = std::wcstoul(answer->c_str(), &end, 10);
     if (*end || time > longest) return ed::fail(L"Requires an integer between 0 and 32767.");
-    Sleep(static_cast<DWORD>(time));
+    wait(time);
 }
 
 [[maybe_unused]] const bool added = commands::add({

@@ -6,6 +6,7 @@
 #include "ProgramEnd.h"
 #include "Script.h"
 #include "Terminal.h"
+#include "UserBreak.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -44,9 +45,11 @@ public:
     Person() : mTerminal(historyFile())
     {
         ed::setCommandLineListener([this](std::wstring_view text) { mTerminal.write(text); });
+        ed::setBreakSource(Terminal::isInterrupted);
     }
     ~Person()
     {
+        ed::setBreakSource(nullptr);
         ed::setCommandLineListener(nullptr);
         mTerminal.flush();
     }

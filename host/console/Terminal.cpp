@@ -181,6 +181,11 @@ void Terminal::flush()
     std::fflush(stdout);
 }
 
+bool Terminal::isInterrupted()
+{
+    return interrupted != 0;
+}
+
 bool Terminal::takeInterrupt()
 {
     const bool was = interrupted != 0;

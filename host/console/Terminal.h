@@ -25,7 +25,9 @@ public:
     /// Shows what is held back.
     void flush();
 
-    /// Whether ^C was pressed since the last time, while no line was edited.
+    /// Whether ^C was pressed while no line was edited, since it was taken last.
+    static bool isInterrupted();
+    /// The same, and takes it.
     bool takeInterrupt();
     /// One line with its Enter; "\x3" for Esc (^C, now or since the last line); nothing at the end (^D on an
     /// empty line).

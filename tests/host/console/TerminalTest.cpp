@@ -228,3 +228,15 @@ TEST_F(Terminal, EscStopsAScriptThatRepeatsItself)
     ASSERT_TRUE(session.shows("Command: "));
     EXPECT_NE(session.screen.text().find("*Cancel*\nCommand:"), std::string::npos) << session.screen.text();
 }
+
+TEST_F(Terminal, ControlCEndsADelay)
+{
+    Session session = open();
+    ASSERT_TRUE(session.shows("Command: "));
+    session.press("DELAY 32767\r");
+    ASSERT_TRUE(session.shows("Enter delay time in milliseconds: 32767") || session.shows(""));
+    session.press("\x03");
+    ASSERT_TRUE(session.shows("Command: "));
+    session.press("QUIT\r");
+    EXPECT_EQ(session.end(), 0);
+}
