@@ -22,6 +22,7 @@ public:
     ~CommandLog() override { acedEditor->removeReactor(this); }
     void commandEnded(const ACHAR* name) override { ended.push_back(name); }
     void commandCancelled(const ACHAR* name) override { ended.push_back(std::wstring(L"*") + name); }
+    void commandFailed(const ACHAR* name) override { ended.push_back(std::wstring(L"!") + name); }
     std::vector<std::wstring> ended;
 };
 
@@ -33,6 +34,7 @@ void EditorTest::SetUp()
     mResbufsBefore = live::resbufs();
     mListenerBefore = ed::setCommandLineListener([this](std::wstring_view text) { mOutput += text; });
     ed::resetVariables();
+    takeMessageBoxes(); // those of tests before
     ASSERT_EQ(acDocManager->appContextNewDocument(nullptr), Acad::eOk);
     mDocument = acDocManager->mdiActiveDocument();
     mLog = std::make_unique<CommandLog>();

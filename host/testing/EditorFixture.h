@@ -43,7 +43,8 @@ protected:
 
     /// What was written to the command line since the last call.
     std::wstring takeOutput();
-    /// The commands that ended since the last call, with "*" before those that were cancelled.
+    /// The commands that ended since the last call, with "*" before those that were cancelled and "!" before those that
+    /// failed.
     std::vector<std::wstring> takeCommands();
 
 private:
