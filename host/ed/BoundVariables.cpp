@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "CommandRunner.h"
 #include "Documents.h"
+#include "SupportFiles.h"
 #include "VariableStore.h"
 
 #include <cmath>
@@ -52,8 +53,20 @@ SYSTEMTIME localTime()
     return now;
 }
 
+/// The support path, each folder with its backslash.
+std::wstring supportPrefixes()
+{
+    std::wstring all;
+    for (const std::wstring& folder : ed::supportFolders()) {
+        if (!all.empty()) all += L';';
+        all += folder.back() == L'\\' ? folder : folder + L'\\';
+    }
+    return all;
+}
+
 void bindNames()
 {
+    readOnly(L"ACADPREFIX", RTSTR, [] { return VariableValue::ofText(supportPrefixes()); });
     readOnly(L"DWGNAME", RTSTR, [] {
         const DocumentState* state = documents::current();
         return VariableValue::ofText(state ? state->title : L"");

@@ -1,6 +1,7 @@
 #include "VariableTable.h"
 
 #include "HeaderVariables.h"
+#include "SettingVariables.h"
 
 #include <algorithm>
 #include <iterator>
@@ -231,6 +232,7 @@ const Table& table()
         Table made;
         addOfHeader(made);
         for (const VariableInfo& info : others) made[info.name] = info;
+        for (const VariableInfo& info : ed::settingVariables()) made.emplace(info.name, info);
         return made;
     }();
     return all;

@@ -49,13 +49,26 @@ TEST_F(Variables, HaveTheirTypesAndDefaults)
         {L"TILEMODE", L"1"},   {L"CVPORT", L"2"},      {L"ORTHOMODE", L"0"}, {L"LTSCALE", L"1 r"},
         {L"CLAYER", L"0"},     {L"CECOLOR", L"BYLAYER"}, {L"VIEWDIR", L"0,0,1"}, {L"TARGET", L"0,0,0"},
         {L"VIEWTWIST", L"0 r"}, {L"FRONTZ", L"0 r"},   {L"BACKZ", L"0 r"},   {L"VIEWMODE", L"0"},
+        {L"FRAME", L"3"}, {L"HPORIGIN", L"0,0,0"}, {L"QPMODE", L"-1"}, {L"CTABLESTYLE", L"Standard"},
         {L"LENSLENGTH", L"50 r"}, {L"cmdnames", L""},  {L"CMDACTIVE", L"0"}, {L"SORTENTS", L"127"},
     };
     for (const auto& [name, value] : rows) EXPECT_EQ(get(name), value) << CStringA(name).GetString();
 }
 
+TEST_F(Variables, AcadPrefixIsTheSupportPathWithBackslashes)
+{
+    ACHAR before[2048] = L"";
+    ASSERT_EQ(acedGetEnv(L"ACAD", before), RTNORM);
+    acedSetEnv(L"ACAD", L"C:\\a;D:\\b\\;");
+    EXPECT_EQ(get(L"ACADPREFIX"), L"C:\\a\\;D:\\b\\");
+    EXPECT_EQ(set(L"ACADPREFIX", L"C:\\"), RTERROR);
+    acedSetEnv(L"ACAD", before);
+}
+
 TEST_F(Variables, RefuseWhatTheyCannotBe)
 {
+    EXPECT_EQ(set(L"VTFPS", RTSHORT, 31), RTERROR); // 1 to 30
+    EXPECT_EQ(set(L"PFACEVMAX", RTSHORT, 4), RTERROR);
     EXPECT_EQ(set(L"NOSUCHVARIABLE", RTSHORT, 1), RTERROR);
     EXPECT_EQ(get(L"NOSUCHVARIABLE"), L"<error>");
     EXPECT_EQ(set(L"CMDNAMES", L"x"), RTERROR);
