@@ -4,6 +4,7 @@
 #include "Ask.h"
 #include "CommandTable.h"
 #include "Documents.h"
+#include "EditorEvents.h"
 #include "Faults.h"
 #include "FileReason.h"
 #include "ProgramEnd.h"
@@ -114,7 +115,9 @@ void save()
     const Text path = askSaveName();
     if (!path) return;
     if (!document->isNamedDrawing() || *path == document->fileName()) return saveUnder(*path);
-    tell(L"Cannot save", *path, document->database()->saveAs(path->c_str(), true));
+    tell(L"Cannot save", *path, documents::write(document, *path, [&] {
+             return document->database()->saveAs(path->c_str(), true);
+         }));
 }
 
 bool isChanged(const AcApDocument* document)
@@ -138,8 +141,12 @@ void closeDrawing()
 
 void quit()
 {
+    const bool mayEnd = ed::askEditor([](AcEditorReactor& reactor) { reactor.beginQuit(); });
     const auto& all = documents::all();
-    if (std::none_of(all.begin(), all.end(), isChanged) || askWhether(discard)) ed::requestEnd();
+    if (!mayEnd) ed::fail(L"A module keeps the program from ending.");
+    if (mayEnd && (std::none_of(all.begin(), all.end(), isChanged) || askWhether(discard)))
+        return ed::requestEnd();
+    ed::tellEditor([](AcEditorReactor& reactor) { reactor.quitAborted(); });
 }
 
 [[maybe_unused]] const bool added = commands::add({

@@ -6,6 +6,7 @@
 #include "DrawingFile.h"
 #include "DrawingFileHook.h"
 #include "DrawingSummary.h"
+#include "EditorEvents.h"
 #include "Faults.h"
 #include "FileReason.h"
 #include "LiveCounts.h"
@@ -68,8 +69,9 @@ bool save(const std::string& file, const Options& options)
     dxf::WriteOptions write;
     write.version = static_cast<dxf::FileVersion>(options.saveVersion);
     write.isBinary = options.binary;
-    const Acad::ErrorStatus status =
-        dxf::writeDrawing(database(), static_cast<const wchar_t*>(wide(file)), write);
+    const std::wstring path = static_cast<const wchar_t*>(wide(file));
+    const Acad::ErrorStatus status = documents::write(
+        acDocManager->curDocument(), path, [&] { return dxf::writeDrawing(database(), path, write); });
     return status == Acad::eOk || fail(file, reasonOf(status));
 }
 
@@ -118,6 +120,7 @@ bool performAll(const Options& options)
 bool end()
 {
     int open = 0;
+    ed::tellEditor([](AcEditorReactor& reactor) { reactor.quitWillStart(); });
     modules::quit([&] {
         for (const AcApDocument* document : documents::all())
             open += live::openObjects(*document->database());

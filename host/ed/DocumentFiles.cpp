@@ -66,18 +66,33 @@ Acad::ErrorStatus AcApDocManager::openDocument()
                                                  : Acad::eUserBreak;
 }
 
+Acad::ErrorStatus documents::write(AcApDocument* document, const std::wstring& fileName,
+                                   const std::function<Acad::ErrorStatus()>& writer)
+{
+    AcDbDatabase* database = document->database();
+    tellModules(document, AcRx::kSaveMsg);
+    ed::tellEditor([&](AcEditorReactor& reactor) { reactor.beginSave(database, fileName.c_str()); });
+    const Acad::ErrorStatus status = writer();
+    ed::tellEditor([&](AcEditorReactor& reactor) {
+        if (status == Acad::eOk)
+            reactor.saveComplete(database, fileName.c_str());
+        else
+            reactor.abortSave(database);
+    });
+    return status;
+}
+
 Acad::ErrorStatus documents::save(AcApDocument* document, const std::wstring& fileName)
 {
     DocumentState* state = stateOf(document);
     if (!state) return Acad::eNoDocument;
     const std::wstring path = fileName.empty() ? state->fileName : fileName;
     if (path.empty()) return Acad::eNoFileName;
-    ed::tellEditor([&](AcEditorReactor& reactor) { reactor.beginSave(state->database.get(), path.c_str()); });
-    const Acad::ErrorStatus status = state->database->saveAs(path.c_str(), true);
-    if (status != Acad::eOk) return status;
-    state->dbmod = 0;
-    nameDocument(document, path);
-    ed::tellEditor(
-        [&](AcEditorReactor& reactor) { reactor.saveComplete(state->database.get(), path.c_str()); });
-    return Acad::eOk;
+    return write(document, path, [&] {
+        const Acad::ErrorStatus status = state->database->saveAs(path.c_str(), true);
+        if (status != Acad::eOk) return status;
+        state->dbmod = 0;
+        nameDocument(document, path);
+        return status;
+    });
 }

@@ -1,4 +1,5 @@
 #include "Documents.h"
+#include "EditorEvents.h"
 #include "ModuleEvents.h"
 
 #include <algorithm>
@@ -74,16 +75,6 @@ std::wstring titleOf(const std::wstring& fileName)
     return fileName.substr(fileName.find_last_of(L"\\/") + 1);
 }
 
-/// Modules hear of documents while these are current.
-void sendWhileCurrent(AcApDocument* document, AcRx::AppMsgCode message)
-{
-    AcApDocument* before = manager().current;
-    makeCurrent(document);
-    const documents::Context context(document);
-    modules::sendToAll(message);
-    makeCurrent(before);
-}
-
 void activationModified()
 {
     documents::tell([](AcApDocManagerReactor& reactor) {
@@ -94,7 +85,10 @@ void activationModified()
 
 namespace documents
 {
-const std::vector<AcApDocument*>& all() { return manager().all; }
+const std::vector<AcApDocument*>& all()
+{
+    return manager().all;
+}
 
 DocumentState* stateOf(const AcApDocument* document)
 {
@@ -102,7 +96,10 @@ DocumentState* stateOf(const AcApDocument* document)
     return document && found != all().end() ? &DocumentAccess::of(**found) : nullptr;
 }
 
-DocumentState* current() { return stateOf(acDocManager->curDocument()); }
+DocumentState* current()
+{
+    return stateOf(acDocManager->curDocument());
+}
 
 AcApDocument* adopt(std::unique_ptr<AcDbDatabase> database, const std::wstring& fileName, bool readOnly)
 {
@@ -116,7 +113,7 @@ AcApDocument* adopt(std::unique_ptr<AcDbDatabase> database, const std::wstring& 
     manager().all.push_back(made);
     activate(made);
     tell([&](AcApDocManagerReactor& reactor) { reactor.documentCreated(made); });
-    sendWhileCurrent(made, AcRx::kLoadDwgMsg);
+    tellModules(made, AcRx::kLoadDwgMsg);
     return made;
 }
 
@@ -131,7 +128,8 @@ void nameDocument(AcApDocument* document, const std::wstring& fileName)
 
 void close(AcApDocument* document)
 {
-    sendWhileCurrent(document, AcRx::kUnloadDwgMsg);
+    ed::tellEditor([&](AcEditorReactor& reactor) { reactor.beginClose(document->database()); });
+    tellModules(document, AcRx::kUnloadDwgMsg);
     tell([&](AcApDocManagerReactor& reactor) { reactor.documentToBeDestroyed(document); });
     Manager& m = manager();
     m.all.erase(std::find(m.all.begin(), m.all.end(), document));
@@ -148,18 +146,38 @@ void close(AcApDocument* document)
 
 void closeAll()
 {
-    while (!all().empty()) close(all().back());
+    while (!all().empty())
+        close(all().back());
 }
 
-AcApDocument* executing() { return manager().executing.empty() ? nullptr : manager().executing.back(); }
+void tellModules(AcApDocument* document, AcRx::AppMsgCode message)
+{
+    AcApDocument* before = manager().current;
+    makeCurrent(document);
+    const Context context(document);
+    modules::sendToAll(message);
+    makeCurrent(before);
+}
 
-Context::Context(AcApDocument* document) { manager().executing.push_back(document); }
-Context::~Context() { manager().executing.pop_back(); }
+AcApDocument* executing()
+{
+    return manager().executing.empty() ? nullptr : manager().executing.back();
+}
+
+Context::Context(AcApDocument* document)
+{
+    manager().executing.push_back(document);
+}
+Context::~Context()
+{
+    manager().executing.pop_back();
+}
 
 void tell(const std::function<void(AcApDocManagerReactor&)>& event)
 {
     const std::vector<AcApDocManagerReactor*> reactors = manager().reactors; // a reactor may remove itself
-    for (AcApDocManagerReactor* reactor : reactors) event(*reactor);
+    for (AcApDocManagerReactor* reactor : reactors)
+        event(*reactor);
 }
 
 bool askVeto(const std::function<void(AcApDocManagerReactor&)>& event)
@@ -180,15 +198,39 @@ bool AcApDocManagerReactor::takeVeto()
     return vetoed;
 }
 
-AcApDocManager* acDocManagerPtr() { return &manager().object; }
-AcRxClass* AcApDocManager::desc() { return managerClass(); }
-AcRxClass* AcApDocManager::isA() const { return managerClass(); }
+AcApDocManager* acDocManagerPtr()
+{
+    return &manager().object;
+}
+AcRxClass* AcApDocManager::desc()
+{
+    return managerClass();
+}
+AcRxClass* AcApDocManager::isA() const
+{
+    return managerClass();
+}
 
-AcApDocument* AcApDocManager::curDocument() const { return manager().current; }
-AcApDocument* AcApDocManager::mdiActiveDocument() const { return manager().active; }
-bool AcApDocManager::isApplicationContext() const { return !documents::executing(); }
-int AcApDocManager::documentCount() const { return static_cast<int>(documents::all().size()); }
-AcApDocumentIterator* AcApDocManager::newAcApDocumentIterator() { return new Iterator(documents::all()); }
+AcApDocument* AcApDocManager::curDocument() const
+{
+    return manager().current;
+}
+AcApDocument* AcApDocManager::mdiActiveDocument() const
+{
+    return manager().active;
+}
+bool AcApDocManager::isApplicationContext() const
+{
+    return !documents::executing();
+}
+int AcApDocManager::documentCount() const
+{
+    return static_cast<int>(documents::all().size());
+}
+AcApDocumentIterator* AcApDocManager::newAcApDocumentIterator()
+{
+    return new Iterator(documents::all());
+}
 
 AcApDocument* AcApDocManager::document(const AcDbDatabase* database) const
 {
@@ -198,7 +240,8 @@ AcApDocument* AcApDocManager::document(const AcDbDatabase* database) const
     return nullptr;
 }
 
-Acad::ErrorStatus AcApDocManager::setCurDocument(AcApDocument* document, AcAp::DocLockMode mode, bool bringToFront)
+Acad::ErrorStatus AcApDocManager::setCurDocument(AcApDocument* document, AcAp::DocLockMode mode,
+                                                 bool bringToFront)
 {
     AcApDocument* target = document ? document : mdiActiveDocument();
     if (!documents::stateOf(target)) return Acad::eNoDocument;
@@ -233,10 +276,14 @@ Acad::ErrorStatus AcApDocManager::enableDocumentActivation()
     return Acad::eOk;
 }
 
-bool AcApDocManager::isDocumentActivationEnabled() const { return manager().activationDisabled == 0; }
+bool AcApDocManager::isDocumentActivationEnabled() const
+{
+    return manager().activationDisabled == 0;
+}
 
-Acad::ErrorStatus AcApDocManager::sendStringToExecute(AcApDocument* document, const ACHAR* text, bool bringToFront,
-                                                      bool wrapUpInactiveDoc, bool echoString)
+Acad::ErrorStatus AcApDocManager::sendStringToExecute(AcApDocument* document, const ACHAR* text,
+                                                      bool bringToFront, bool wrapUpInactiveDoc,
+                                                      bool echoString)
 {
     DocumentState* state = documents::stateOf(document);
     if (!state) return Acad::eNoDocument;

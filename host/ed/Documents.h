@@ -3,6 +3,7 @@
 /// The documents for the rest of the editor.
 
 #include "DocumentState.h"
+#include "rxdlinkr.h"
 
 #include <functional>
 
@@ -16,15 +17,23 @@ DocumentState* stateOf(const AcApDocument* document);
 DocumentState* current();
 
 /// Takes a database into a new document and activates it. The document owns it from now on.
-AcApDocument* adopt(std::unique_ptr<AcDbDatabase> database, const std::wstring& fileName, bool readOnly = false);
-/// Saves the drawing under a name, which is its own from then on; without one under its own. eNoFileName for a drawing without
-/// one; else the statuses of AcDbDatabase::saveAs.
+AcApDocument* adopt(std::unique_ptr<AcDbDatabase> database, const std::wstring& fileName,
+                    bool readOnly = false);
+/// Has a drawing written by `writer` and tells modules of it while its document is current: kSaveMsg and
+/// beginSave, then saveComplete, or abortSave when the status is not eOk. The document keeps its name.
+Acad::ErrorStatus write(AcApDocument* document, const std::wstring& fileName,
+                        const std::function<Acad::ErrorStatus()>& writer);
+/// Saves the drawing under a name, which is its own from then on; without one under its own. eNoFileName for
+/// a drawing without one; else the statuses of AcDbDatabase::saveAs.
 Acad::ErrorStatus save(AcApDocument* document, const std::wstring& fileName = {});
 /// Gives a document its file's name, and its title.
 void nameDocument(AcApDocument* document, const std::wstring& fileName);
 /// Closes without asking.
 void close(AcApDocument* document);
 void closeAll();
+
+/// Sends a message to every module while a document is current.
+void tellModules(AcApDocument* document, AcRx::AppMsgCode message);
 
 /// The document whose command is executing; null for the application.
 AcApDocument* executing();

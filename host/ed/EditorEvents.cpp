@@ -1,6 +1,7 @@
 #include "EditorEvents.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace
@@ -51,6 +52,17 @@ void AcEditor::removeReactor(AcEditorReactor* reactor)
     reactors().erase(std::remove(reactors().begin(), reactors().end(), reactor), reactors().end());
 }
 
+Acad::ErrorStatus AcEditorReactor::veto()
+{
+    mVetoed = true;
+    return Acad::eOk;
+}
+
+bool AcEditorReactor::takeVeto()
+{
+    return std::exchange(mVetoed, false);
+}
+
 namespace ed
 {
 void tellEditor(const std::function<void(AcEditorReactor&)>& event)
@@ -58,5 +70,15 @@ void tellEditor(const std::function<void(AcEditorReactor&)>& event)
     const std::vector<AcEditorReactor*> some = reactors(); // a reactor may remove itself
     for (AcEditorReactor* reactor : some)
         event(*reactor);
+}
+
+bool askEditor(const std::function<void(AcEditorReactor&)>& event)
+{
+    bool vetoed = false;
+    tellEditor([&](AcEditorReactor& reactor) {
+        event(reactor);
+        vetoed = reactor.takeVeto() || vetoed;
+    });
+    return !vetoed;
 }
 } // namespace ed

@@ -8,16 +8,26 @@ namespace
 using ed::Answer;
 using ed::Reading;
 
-bool isEnter(wchar_t key) { return key == L'\n' || key == L'\r'; }
-bool isBlank(wchar_t key) { return key == L' ' || key == L'\t'; }
-bool isEsc(wchar_t key) { return key == 3 || key == 27; }
+bool isEnter(wchar_t key)
+{
+    return key == L'\n' || key == L'\r';
+}
+bool isBlank(wchar_t key)
+{
+    return key == L' ' || key == L'\t';
+}
+bool isEsc(wchar_t key)
+{
+    return key == 3 || key == 27;
+}
 
 /// The keys with the two characters ^C made the one they stand for.
 std::wstring withEscapes(std::wstring_view keys)
 {
     std::wstring typed;
     for (std::size_t i = 0; i < keys.size(); ++i) {
-        const bool caret = keys[i] == L'^' && i + 1 < keys.size() && (keys[i + 1] == L'C' || keys[i + 1] == L'c');
+        const bool caret =
+            keys[i] == L'^' && i + 1 < keys.size() && (keys[i + 1] == L'C' || keys[i + 1] == L'c');
         typed += caret ? L'\x3' : keys[i];
         if (caret) ++i;
     }
@@ -136,11 +146,18 @@ void InputSource::pauseForUser()
 
 void InputSource::clear()
 {
-    for (Pieces& pieces : mLevels) pieces.clear();
+    for (Pieces& pieces : mLevels)
+        pieces.clear();
 }
 
-Answer InputSource::next(Reading reading) { return ask(reading, false); }
-Answer InputSource::nextOrMove(Reading reading) { return ask(reading, true); }
+Answer InputSource::next(Reading reading)
+{
+    return ask(reading, false);
+}
+Answer InputSource::nextOrMove(Reading reading)
+{
+    return ask(reading, true);
+}
 
 Answer InputSource::nextKeyOrMove()
 {
@@ -156,7 +173,8 @@ std::optional<Answer> InputSource::takeKey()
 {
     Pieces& pieces = mLevels.back();
     if (pieces.empty() && !(mLevels.size() == 1 && askReader(pieces))) return std::nullopt;
-    if (pieces.front().answer || pieces.front().pause) return takeFrom(mLevels.size() - 1, Reading::word, true);
+    if (pieces.front().answer || pieces.front().pause)
+        return takeFrom(mLevels.size() - 1, Reading::word, true);
     Piece& piece = pieces.front();
     const wchar_t key = piece.keys[piece.used];
     if (++piece.used == piece.keys.size()) pieces.pop_front();
@@ -241,7 +259,8 @@ std::optional<Answer> InputSource::takeKeys(std::size_t level, Reading reading, 
 void InputSource::use(Pieces& pieces, std::size_t count)
 {
     Piece& piece = pieces.front();
-    const bool pair = piece.keys[count - 1] == L'\r' && count < piece.keys.size() && piece.keys[count] == L'\n';
+    const bool pair =
+        piece.keys[count - 1] == L'\r' && count < piece.keys.size() && piece.keys[count] == L'\n';
     piece.used = pair ? count + 1 : count;
     piece.echo = piece.echo || piece.echoRest;
     if (piece.used == piece.keys.size()) pieces.pop_front();
@@ -273,7 +292,10 @@ void InputSource::handOver(InputSource& other)
     mine.clear();
 }
 
-InputSource::Scope::Scope(InputSource& source) : mSource(&source) { mSource->mLevels.emplace_back(); }
+InputSource::Scope::Scope(InputSource& source) : mSource(&source)
+{
+    mSource->mLevels.emplace_back();
+}
 InputSource::Scope::~Scope()
 {
     if (mSource) mSource->mLevels.pop_back();

@@ -23,8 +23,8 @@ VariableInfo integer(const wchar_t* name, Kept kept, const wchar_t* value, doubl
 {
     return {name, RTSHORT, kept, value, least, most, isReadOnly};
 }
-VariableInfo real(const wchar_t* name, Kept kept, const wchar_t* value, double least = -any, double most = any,
-                  bool isReadOnly = false)
+VariableInfo real(const wchar_t* name, Kept kept, const wchar_t* value, double least = -any,
+                  double most = any, bool isReadOnly = false)
 {
     return {name, RTREAL, kept, value, least, most, isReadOnly};
 }
@@ -32,7 +32,8 @@ VariableInfo text(const wchar_t* name, Kept kept, const wchar_t* value = L"", bo
 {
     return {name, RTSTR, kept, value, -any, any, isReadOnly};
 }
-VariableInfo point(const wchar_t* name, Kept kept, const wchar_t* value, short type = RT3DPOINT, bool isReadOnly = false)
+VariableInfo point(const wchar_t* name, Kept kept, const wchar_t* value, short type = RT3DPOINT,
+                   bool isReadOnly = false)
 {
     return {name, type, kept, value, -any, any, isReadOnly};
 }
@@ -179,9 +180,12 @@ constexpr const wchar_t* fileOnly[] = {
 short typeOf(const HeaderVariable& variable)
 {
     switch (dxfKindOf(variable.code)) {
-    case DxfKind::real: break;
-    case DxfKind::integer: return RTSHORT;
-    default: return RTSTR;
+    case DxfKind::real:
+        break;
+    case DxfKind::integer:
+        return RTSHORT;
+    default:
+        return RTSTR;
     }
     const std::string text = variable.value;
     const auto blanks = std::count(text.begin(), text.end(), ' ');
@@ -190,7 +194,8 @@ short typeOf(const HeaderVariable& variable)
 
 bool isFileOnly(const std::wstring& name)
 {
-    return std::any_of(std::begin(fileOnly), std::end(fileOnly), [&](const wchar_t* one) { return name == one; });
+    return std::any_of(std::begin(fileOnly), std::end(fileOnly),
+                       [&](const wchar_t* one) { return name == one; });
 }
 
 using Table = std::map<std::wstring, VariableInfo>;
@@ -231,8 +236,10 @@ const Table& table()
     static const Table all = [] {
         Table made;
         addOfHeader(made);
-        for (const VariableInfo& info : others) made[info.name] = info;
-        for (const VariableInfo& info : ed::settingVariables()) made.emplace(info.name, info);
+        for (const VariableInfo& info : others)
+            made[info.name] = info;
+        for (const VariableInfo& info : ed::settingVariables())
+            made.emplace(info.name, info);
         return made;
     }();
     return all;
@@ -244,8 +251,10 @@ namespace ed
 std::vector<std::wstring> variableNames()
 {
     std::set<std::wstring> names;
-    for (const auto& [name, info] : table()) names.insert(name);
-    for (const auto& [name, entry] : boundOnes()) names.insert(name);
+    for (const auto& [name, info] : table())
+        names.insert(name);
+    for (const auto& [name, entry] : boundOnes())
+        names.insert(name);
     return {names.begin(), names.end()};
 }
 
@@ -253,7 +262,8 @@ std::optional<VariableInfo> variableInfo(const std::wstring& name)
 {
     const auto known = table().find(name);
     const auto bound = boundOnes().find(name);
-    if (bound == boundOnes().end()) return known == table().end() ? std::nullopt : std::optional(known->second);
+    if (bound == boundOnes().end())
+        return known == table().end() ? std::nullopt : std::optional(known->second);
     VariableInfo info{bound->first.c_str(), bound->second.type, Kept::bound, L"", -any, any, false};
     if (known != table().end()) {
         info.least = known->second.least;

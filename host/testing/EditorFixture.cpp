@@ -10,7 +10,10 @@
 namespace
 {
 const std::function<void()>* codeToRun = nullptr;
-void runCode() { (*codeToRun)(); }
+void runCode()
+{
+    (*codeToRun)();
+}
 } // namespace
 
 namespace headless
@@ -59,9 +62,15 @@ void EditorTest::TearDown()
     EXPECT_EQ(live::resbufs(), mResbufsBefore) << "result buffers are left";
 }
 
-void EditorTest::answer(const std::wstring& keys) { ed::currentInput().type(keys, false); }
+void EditorTest::answer(const std::wstring& keys)
+{
+    ed::currentInput().type(keys, false);
+}
 
-void EditorTest::moveCursor(const AcGePoint3d& point) { ed::currentInput().give(ed::Answer::ofMove(point)); }
+void EditorTest::moveCursor(const AcGePoint3d& point)
+{
+    ed::currentInput().give(ed::Answer::ofMove(point));
+}
 
 void EditorTest::pick(const AcGePoint3d& point)
 {
@@ -84,9 +93,15 @@ void EditorTest::asCommand(const std::function<void()>& code, const std::wstring
     acedRegCmds->removeGroup(L"TESTING");
 }
 
-int openObjects(const AcDbDatabase& database) { return live::openObjects(database); }
+int openObjects(const AcDbDatabase& database)
+{
+    return live::openObjects(database);
+}
 
-int EditorTest::pumpMessages() { return ed::pumpMessages(); }
+int EditorTest::pumpMessages()
+{
+    return ed::pumpMessages();
+}
 
 std::wstring EditorTest::takeOutput()
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-/// A GoogleTest fixture with a fresh document: scripted answers, the command line, message boxes, and a check that nothing is
-/// left open or unreleased.
+/// A GoogleTest fixture with a fresh document: scripted answers, the command line, message boxes, and a check
+/// that nothing is left open or unreleased.
 
 #include "Headless.h"
 
@@ -16,8 +16,8 @@
 
 namespace headless
 {
-/// Each test has one new document. At the end it fails when an object of it is open, when result buffers, selection sets or
-/// command-line answers are left over, or when a lock is still held.
+/// Each test has one new document. At the end it fails when an object of it is open, when result buffers,
+/// selection sets or command-line answers are left over, or when a lock is still held.
 class EditorTest : public testing::Test
 {
 protected:
@@ -36,15 +36,16 @@ protected:
     void pick(const AcGePoint3d& point);
     /// Types keys and runs what they say, as at the command prompt. Returns how many commands ran.
     int run(const std::wstring& keys);
-    /// Runs code as a command of the current document, which is locked meanwhile, with answers for its questions.
+    /// Runs code as a command of the current document, which is locked meanwhile, with answers for its
+    /// questions.
     void asCommand(const std::function<void()>& code, const std::wstring& answers = L"");
     /// Sends the posted messages through AutoCAD's hooks to their windows; returns how many there were.
     int pumpMessages();
 
     /// What was written to the command line since the last call.
     std::wstring takeOutput();
-    /// The commands that ended since the last call, with "*" before those that were cancelled and "!" before those that
-    /// failed.
+    /// The commands that ended since the last call, with "*" before those that were cancelled and "!" before
+    /// those that failed.
     std::vector<std::wstring> takeCommands();
 
 private:

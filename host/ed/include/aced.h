@@ -28,10 +28,24 @@ public:
     virtual void beginDwgOpen(ACHAR* /*fileName*/) {}
     virtual void endDwgOpen(ACHAR* /*fileName*/, AcDbDatabase*) {}
     virtual void beginClose(AcDbDatabase*) {}
+    /// A drawing is being written under a name; one of the next two follows.
     virtual void beginSave(AcDbDatabase*, const ACHAR* /*fileName*/) {}
     virtual void saveComplete(AcDbDatabase*, const ACHAR* /*fileName*/) {}
+    virtual void abortSave(AcDbDatabase*) {}
+    /// QUIT was typed. May call veto().
     virtual void beginQuit() {}
+    /// It was vetoed, or the user keeps his changes.
+    virtual void quitAborted() {}
+    /// The program ends: documents are closed and modules unloaded next.
     virtual void quitWillStart() {}
+
+    /// Refuses the end of the program that beginQuit announces. eOk.
+    Acad::ErrorStatus veto();
+    /// Whether it did; asked once.
+    bool takeVeto();
+
+private:
+    bool mVetoed = false;
 };
 
 /// The editor object under ACED_EDITOR_OBJ.

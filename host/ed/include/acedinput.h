@@ -92,6 +92,6 @@ int acedGetOrient(const ads_point base, const ACHAR* prompt, ads_real* result);
 /// their names, with commas between. RTERROR when there is none, or a name is unknown.
 int acedOsnap(const ads_point point, const ACHAR* modes, ads_point result);
 
-/// Whether the user has pressed Esc or ^C meanwhile: 1 or 0. A command that takes long asks now and then, and ends; the
-/// key waits for the command line.
+/// Whether the user has pressed Esc or ^C meanwhile: 1 or 0. A command that takes long asks now and then, and
+/// ends; the key waits for the command line.
 int acedUsrBrk();

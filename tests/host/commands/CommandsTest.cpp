@@ -183,3 +183,26 @@ TEST_F(BuiltIn, SetvarListsThoseThatMatch)
     EXPECT_NE(shown.find(L"LUPREC = 4\n"), std::wstring::npos) << shown;
     EXPECT_EQ(shown.find(L"LUNITS"), std::wstring::npos);
 }
+
+TEST_F(BuiltIn, QuitAsksModulesFirst)
+{
+    struct Witness : AcEditorReactor {
+        Witness() { acedEditor->addReactor(this); }
+        ~Witness() override { acedEditor->removeReactor(this); }
+        void beginQuit() override
+        {
+            seen += "begin ";
+            if (refuses) veto();
+        }
+        void quitAborted() override { seen += "aborted "; }
+        std::string seen;
+        bool refuses = true;
+    };
+    Witness witness;
+    run(L"QUIT\n");
+    EXPECT_EQ(takeCommands(), std::vector<std::wstring>{L"!QUIT"});
+    witness.refuses = false;
+    run(L"LTSCALE 2 QUIT N REGEN\n"); // nothing runs behind a QUIT that ends the program
+    EXPECT_EQ(takeCommands(), (std::vector<std::wstring>{L"QUIT", L"REGEN"}));
+    EXPECT_EQ(witness.seen, "begin aborted begin aborted ");
+}

@@ -1,5 +1,7 @@
 #include "EditorFixture.h"
 
+#include "Documents.h"
+#include "LoadedModule.h"
 #include "ModuleEvents.h"
 
 namespace
@@ -37,7 +39,8 @@ std::vector<std::wstring> loadedNames()
 {
     std::vector<std::wstring> names;
     resbuf* list = acedArxLoaded();
-    for (const resbuf* at = list; at; at = at->rbnext) names.push_back(at->resval.rstring);
+    for (const resbuf* at = list; at; at = at->rbnext)
+        names.push_back(at->resval.rstring);
     if (list) acutRelRb(list);
     return names;
 }
@@ -62,6 +65,34 @@ TEST_F(ModuleLoading, DocumentsAreAnnouncedAsTheyComeAndGo)
     const std::wstring secondTitle = second->docTitle();
     acDocManager->closeDocument(second);
     EXPECT_EQ(messages(), L"init load:" + title() + L" load:" + secondTitle + L" close:" + secondTitle);
+}
+
+TEST_F(ModuleLoading, SavesAreAnnouncedAndSoIsHowTheyEnd)
+{
+    struct Witness : AcEditorReactor {
+        Witness() { acedEditor->addReactor(this); }
+        ~Witness() override { acedEditor->removeReactor(this); }
+        void beginSave(AcDbDatabase*, const ACHAR* name) override
+        {
+            seen += L"begin " + modules::nameOf(name);
+        }
+        void saveComplete(AcDbDatabase*, const ACHAR*) override { seen += L", done; "; }
+        void abortSave(AcDbDatabase*) override { seen += L", not done; "; }
+        void beginClose(AcDbDatabase*) override { seen += L"close"; }
+        std::wstring seen;
+    };
+    ASSERT_TRUE(loadSample());
+    const Witness witness;
+    wchar_t folder[MAX_PATH] = L"";
+    GetTempPathW(MAX_PATH, folder);
+    const std::wstring path = std::wstring(folder) + L"announced.dxf", before = title();
+    EXPECT_EQ(documents::save(document(), path), Acad::eOk);
+    EXPECT_NE(documents::save(document(), path + L"\\no.dxf"), Acad::eOk);
+    acDocManager->closeDocument(document());
+    DeleteFileW(path.c_str());
+    EXPECT_EQ(witness.seen, L"begin announced.dxf, done; begin no.dxf, not done; close");
+    EXPECT_EQ(messages(),
+              L"init load:" + before + L" save:" + before + L" save:announced.dxf close:announced.dxf");
 }
 
 TEST_F(ModuleLoading, CommandsAndFunctionsWorkAndGoWithTheModule)

@@ -32,9 +32,14 @@ protected:
             acutDelString(node.resval.rstring);
             return copy;
         }
-        case RTSHORT: text.Format(L"%d", node.resval.rint); break;
-        case RTREAL: text.Format(L"%g r", node.resval.rreal); break;
-        default: text.Format(L"%g,%g,%g", node.resval.rpoint[0], node.resval.rpoint[1], node.resval.rpoint[2]);
+        case RTSHORT:
+            text.Format(L"%d", node.resval.rint);
+            break;
+        case RTREAL:
+            text.Format(L"%g r", node.resval.rreal);
+            break;
+        default:
+            text.Format(L"%g,%g,%g", node.resval.rpoint[0], node.resval.rpoint[1], node.resval.rpoint[2]);
         }
         return text.GetString();
     }
@@ -45,14 +50,21 @@ protected:
 TEST_F(Variables, HaveTheirTypesAndDefaults)
 {
     const std::pair<const wchar_t*, const wchar_t*> rows[] = {
-        {L"DYNMODE", L"3"},    {L"PICKBOX", L"3"},     {L"PICKSTYLE", L"1"}, {L"FILEDIA", L"1"},
-        {L"TILEMODE", L"1"},   {L"CVPORT", L"2"},      {L"ORTHOMODE", L"0"}, {L"LTSCALE", L"1 r"},
-        {L"CLAYER", L"0"},     {L"CECOLOR", L"BYLAYER"}, {L"VIEWDIR", L"0,0,1"}, {L"TARGET", L"0,0,0"},
-        {L"VIEWTWIST", L"0 r"}, {L"FRONTZ", L"0 r"},   {L"BACKZ", L"0 r"},   {L"VIEWMODE", L"0"},
-        {L"FRAME", L"3"}, {L"HPORIGIN", L"0,0,0"}, {L"QPMODE", L"-1"}, {L"CTABLESTYLE", L"Standard"},
-        {L"LENSLENGTH", L"50 r"}, {L"cmdnames", L""},  {L"CMDACTIVE", L"0"}, {L"SORTENTS", L"127"},
+        {L"DYNMODE", L"3"},       {L"PICKBOX", L"3"},
+        {L"PICKSTYLE", L"1"},     {L"FILEDIA", L"1"},
+        {L"TILEMODE", L"1"},      {L"CVPORT", L"2"},
+        {L"ORTHOMODE", L"0"},     {L"LTSCALE", L"1 r"},
+        {L"CLAYER", L"0"},        {L"CECOLOR", L"BYLAYER"},
+        {L"VIEWDIR", L"0,0,1"},   {L"TARGET", L"0,0,0"},
+        {L"VIEWTWIST", L"0 r"},   {L"FRONTZ", L"0 r"},
+        {L"BACKZ", L"0 r"},       {L"VIEWMODE", L"0"},
+        {L"FRAME", L"3"},         {L"HPORIGIN", L"0,0,0"},
+        {L"QPMODE", L"-1"},       {L"CTABLESTYLE", L"Standard"},
+        {L"LENSLENGTH", L"50 r"}, {L"cmdnames", L""},
+        {L"CMDACTIVE", L"0"},     {L"SORTENTS", L"127"},
     };
-    for (const auto& [name, value] : rows) EXPECT_EQ(get(name), value) << CStringA(name).GetString();
+    for (const auto& [name, value] : rows)
+        EXPECT_EQ(get(name), value) << CStringA(name).GetString();
 }
 
 TEST_F(Variables, AcadPrefixIsTheSupportPathWithBackslashes)

@@ -14,7 +14,10 @@ void note(const wchar_t* message)
     SetEnvironmentVariableW(L"QM_TEST_MESSAGES", messages.c_str());
 }
 
-void watch(const MSG*) { note(L"message"); }
+void watch(const MSG*)
+{
+    note(L"message");
+}
 
 class SampleApp : public AcRxArxApp
 {
@@ -39,6 +42,11 @@ public:
     {
         note((std::wstring(L"close:") + curDoc()->docTitle()).c_str());
         return AcRxArxApp::On_kUnloadDwgMsg(pkt);
+    }
+    AcRx::AppRetCode On_kSaveMsg(void*) override
+    {
+        note((std::wstring(L"save:") + curDoc()->docTitle()).c_str());
+        return AcRx::kRetOK;
     }
     AcRx::AppRetCode On_kPreQuitMsg(void*) override
     {
