@@ -65,6 +65,7 @@ void LayoutAccess::putOnPaper(AcDbDatabase& database, AcDbBlockTableRecord& bloc
     if (before) SymbolTableAccess::rename(table, *before, name);
     SymbolTableAccess::rename(table, block, ACDB_PAPER_SPACE);
     state.paperSpace = block.objectId();
+    state.modelViewport.setNull(); // the window in which one worked is on the other sheet
 }
 
 Acad::ErrorStatus AcDbLayout::initialize(AcDbObjectId* paperViewport)

@@ -5,7 +5,8 @@
 #include "CurrentFrame.h"
 #include "DatabaseState.h"
 #include "dbapserv.h"
-#include "dblayout.h"
+#include "dblayoutmanager.h"
+#include "DocumentLocks.h"
 #include "Documents.h"
 #include "UcsChange.h"
 #include "VariableTable.h"
@@ -112,38 +113,55 @@ void bindCurrentSystem()
          }});
 }
 
+AcDbLayoutManager& layouts()
+{
+    return *acdbHostApplicationServices()->layoutManager();
+}
+
 std::wstring nameOfTab()
 {
-    if (!database() || database()->tilemode()) return L"Model";
-    const auto* paper =
-        AcDbBlockTableRecord::cast(residentObject(DatabaseAccess::of(*database()).paperSpace));
-    const ACHAR* name = L"";
-    const auto* layout = paper ? AcDbLayout::cast(residentObject(paper->getLayoutId())) : nullptr;
-    if (layout) layout->getLayoutName(name);
-    return name;
+    const ACHAR* name = layouts().findActiveLayout(true, database());
+    return name ? name : !database() || database()->tilemode() ? L"Model" : L"";
+}
+
+/// The lock that the editor takes for itself where a variable changes objects: a sheet that is shown for the
+/// first time gets its viewport.
+class OwnLock
+{
+public:
+    OwnLock() : mDocument(acDocManager->document(database()))
+    {
+        const bool isNeeded = mDocument && !locks::allowsWriting(mDocument->myLockMode());
+        mIsTaken = isNeeded && acDocManager->lockDocument(mDocument) == Acad::eOk;
+    }
+    OwnLock(const OwnLock&) = delete;
+    OwnLock& operator=(const OwnLock&) = delete;
+    ~OwnLock()
+    {
+        if (mIsTaken) acDocManager->unlockDocument(mDocument);
+    }
+
+private:
+    AcApDocument* mDocument;
+    bool mIsTaken = false;
+};
+
+/// Shows the model tab or a layout; false, and nothing changed, for a name that is neither.
+bool showTab(const std::wstring& name)
+{
+    if (!database()) return false;
+    if (_wcsicmp(name.c_str(), nameOfTab().c_str()) == 0) return true;
+    const OwnLock lock;
+    if (layouts().setCurrentLayout(name.c_str(), database()) != Acad::eOk) return false;
+    tellModified();
+    return true;
 }
 
 /// The model tab, or the layout that was shown last.
 bool showModelTab(bool model)
 {
-    if (!database()) return false;
-    if (database()->tilemode() == model) return true;
-    database()->setTilemode(model);
-    tellModified();
-    const ed::Viewport active = ed::activeViewport();
-    if (active.number == 1 && active.id.isNull()) setView(active, viewOf(active)); // the sheet's first show
-    return true;
-}
-
-bool showTab(const std::wstring& name)
-{
-    if (_wcsicmp(name.c_str(), nameOfTab().c_str()) == 0) return database() != nullptr;
-    if (_wcsicmp(name.c_str(), L"Model") == 0) return showModelTab(true);
-    if (!database() || !database()->tilemode()) return false;
-    showModelTab(false);
-    if (_wcsicmp(name.c_str(), nameOfTab().c_str()) == 0) return true;
-    showModelTab(true);
-    return false;
+    const ACHAR* paper = layouts().findActiveLayout(false, database());
+    return model ? showTab(L"Model") : paper && showTab(paper);
 }
 
 void bindTabs()

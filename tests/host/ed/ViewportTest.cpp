@@ -1,3 +1,4 @@
+#include "dblayoutmanager.h"
 #include "ViewFixture.h"
 
 namespace
@@ -180,7 +181,8 @@ TEST_F(Viewports, FollowTheCurrentUcsWithoutOneOfTheirOwn)
     ASSERT_EQ(acedSetCurrentVPort(3), Acad::eOk);
     ASSERT_EQ(setInteger(L"UCSVP", 0), RTNORM);
     ASSERT_EQ(acedSetCurrentVPort(2), Acad::eOk);
-    ASSERT_EQ(acedSetCurrentUCS(frame({5.0, 0.0, 0.0}, AcGeVector3d::kXAxis, AcGeVector3d::kYAxis)), Acad::eOk);
+    ASSERT_EQ(acedSetCurrentUCS(frame({5.0, 0.0, 0.0}, AcGeVector3d::kXAxis, AcGeVector3d::kYAxis)),
+              Acad::eOk);
     ASSERT_EQ(acedSetCurrentVPort(3), Acad::eOk);
     expectNear(pointOf(L"UCSORG"), {5.0, 0.0, 0.0});
 }
@@ -220,6 +222,40 @@ TEST_F(Viewports, LayoutsHaveASheetAndWindows)
     EXPECT_EQ(database()->currentSpaceId(), paper);
     ASSERT_EQ(setInteger(L"TILEMODE", 1), RTNORM);
     EXPECT_EQ(integerOf(L"CVPORT"), 2);
+}
+
+// Without a lock of the caller's: the variable takes its own for the sheets that are shown for the first
+// time.
+TEST_F(Viewports, TabsAreShownByTheirNames)
+{
+    const auto show = [](const wchar_t* name) {
+        resbuf value;
+        value.restype = RTSTR;
+        value.resval.rstring = const_cast<wchar_t*>(name);
+        return acedSetVar(L"CTAB", &value);
+    };
+    AcDbLayoutManager& layouts = *acdbHostApplicationServices()->layoutManager();
+    AcDbObjectId layout, block;
+    {
+        const Lock lock;
+        ASSERT_EQ(layouts.createLayout(L"Plan", layout, block), Acad::eOk);
+    }
+    const AcDbObjectId window = addWindow(); // of Layout1
+    ASSERT_EQ(acedMspace(), Acad::eOk);
+    ASSERT_EQ(show(L"plan"), RTNORM);
+    EXPECT_EQ(textOf(L"CTAB"), L"Plan");
+    EXPECT_EQ(integerOf(L"TILEMODE"), 0);
+    EXPECT_EQ(database()->currentSpaceId(), block);
+    EXPECT_EQ(integerOf(L"CVPORT"), 1) << "the window is on the other sheet";
+    EXPECT_NE(acedActiveViewportId(), window);
+    EXPECT_FALSE(acedActiveViewportId().isNull()) << "the sheet has its viewport";
+    EXPECT_EQ(show(L"no such tab"), RTERROR);
+    EXPECT_EQ(textOf(L"CTAB"), L"Plan");
+    ASSERT_EQ(show(L"MODEL"), RTNORM);
+    EXPECT_EQ(database()->currentSpaceId(), database()->modelSpaceId());
+    ASSERT_EQ(setInteger(L"TILEMODE", 0), RTNORM);
+    EXPECT_EQ(textOf(L"CTAB"), L"Plan") << "the layout shown last";
+    EXPECT_EQ(acDocManager->curDocument()->myLockMode(), AcAp::kNotLocked);
 }
 
 TEST_F(Viewports, ViewsGoIntoAWindowThatIsOpenForWrite)
