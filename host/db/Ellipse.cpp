@@ -8,6 +8,9 @@
 #include "geell3d.h"
 #include "PlanarCoords.h"
 
+#include <cmath>
+#include <vector>
+
 ACDB_DXF_CLASS(AcDbEllipse, AcDbCurve, ELLIPSE)
 
 const DxfClass AcDbEllipse::dxf("AcDbEllipse", &AcDbCurve::dxf,
@@ -313,12 +316,53 @@ Acad::ErrorStatus AcDbEllipse::subMoveGripPointsAt(const AcDbIntArray& indices, 
     return grip % 2 == 1 ? setMajorRadius(length) : setMinorRadius(length);
 }
 
+namespace
+{
+bool holds(double start, double end, double param)
+{
+    const double turns = std::ceil((start - param) / kTwoPi - 1e-12);
+    return param + turns * kTwoPi <= end + 1e-12;
+}
+
+void keepNearest(const AcGePoint3d& point, const AcGePoint3d& pick, AcGePoint3dArray& points)
+{
+    if (points.isEmpty()) {
+        points.append(point);
+    } else if (point.distanceTo(pick) < points.first().distanceTo(pick)) {
+        points.first() = point;
+    }
+}
+
+/// The params at which an ellipse is touched by lines from a point, given in units of the axes: a map that
+/// makes a circle of the ellipse leaves tangents tangents.
+std::vector<double> tangentParams(double x, double y)
+{
+    const double distance = std::hypot(x, y);
+    if (!(distance > 1.0)) return {};
+    const double middle = std::atan2(y, x), half = std::acos(1.0 / distance);
+    return {middle - half, middle + half};
+}
+} // namespace
+
 Acad::ErrorStatus AcDbEllipse::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                                  const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
     const std::unique_ptr<AcGeCurve3d> curve = makeGeCurve();
     if (!curve) return Acad::eOk;
+    double start = 0.0, end = 0.0;
+    paramRange(start, end);
+    AcGePoint3dArray quadrants;
     if (mode == AcDb::kOsModeCen) points.append(mCenter);
+    for (int i = 0; mode == AcDb::kOsModeQuad && i < 4; ++i) {
+        if (holds(start, end, i * kTwoPi / 4)) keepNearest(pointAt(i * kTwoPi / 4), pick, quadrants);
+    }
+    points.append(quadrants);
+    const AcGeVector3d from = last - mCenter, minor = minorAxis();
+    const double x = from.dotProduct(mMajor) / mMajor.lengthSqrd(),
+                 y = from.dotProduct(minor) / minor.lengthSqrd();
+    for (const double param : tangentParams(x, y)) {
+        if (mode == AcDb::kOsModeTan && holds(start, end, param)) points.append(pointAt(param));
+    }
     if (mode != AcDb::kOsModeEnd || !isClosed()) appendSnaps(*curve, mode, pick, last, points);
     return Acad::eOk;
 }
