@@ -174,6 +174,12 @@ public:
     /// One entity: the outline without its islands, or a region; with `islands` what they cover is cut out of
     /// it.
     static int MakeBoundary(const AcGePoint3d& pt, AcDbObjectId& id, int islands, int asRegions);
+    /// The same among the entities of a selection set, which stays the caller's. AutoCAD's command -BOUNDARY
+    /// traces them, so the call must come from a command; 0 too for a name that is no set.
+    static int MakeBoundary(const AcGePoint3d& pt, const ads_name candidates, AcDbObjectIdArray& ids,
+                            int islands, int asRegions);
+    static int MakeBoundary(const AcGePoint3d& pt, const ads_name candidates, AcDbObjectId& id, int islands,
+                            int asRegions);
 
     // Groups.
 
@@ -207,6 +213,9 @@ public:
     /// Draws lines through the points on the screen, back to the first one with `closed` not 0. Nothing is
     /// added, and the next redraw wipes them away. 0 for fewer than two points.
     static int MakeGrPl(const AcGePoint3dArray& points, int color, int closed = 0);
+    /// The uppermost entity under the pick box at a point of the current view, on a layer whose name fits a
+    /// pattern ("WALL*"; empty: any). 0, and `id` as it was, when there is none.
+    static int SeekBj(const AcGePoint3d& pt, CGTStringW layer, AcDbObjectId& id);
     /// Lets the user draw polylines, one after the other, until there is no more first point; appends their
     /// ids. At each further point a band runs to the cursor; Undo takes the last point back, Close closes the
     /// polyline and ends it, Enter ends it, Esc drops the one that is being drawn. All points are at the

@@ -3,6 +3,7 @@
 #include "CMakeEnt.h"
 
 #include "acedads.h"
+#include "BoundaryBySet.h"
 #include "dbcurve.h"
 #include "dbobjptr.h"
 #include "NewEntity.h"
@@ -55,6 +56,21 @@ int addAll(Entities entities, AcDbObjectIdArray& ids)
         if (!batch.addInWorld(std::move(entity))) return 0;
     return batch.keep(ids);
 }
+
+/// Takes regions of the drawing out of it; none when one of them cannot be had.
+Regions takeOut(const AcDbObjectIdArray& ids)
+{
+    Regions regions;
+    bool isWhole = true;
+    for (const AcDbObjectId& id : ids) {
+        const AcDbObjectPointer<AcDbRegion> region(id, AcDb::kForWrite);
+        isWhole = isWhole && region.openStatus() == Acad::eOk;
+        if (region.openStatus() != Acad::eOk) continue;
+        regions.emplace_back(AcDbRegion::cast(region->clone()));
+        region->erase();
+    }
+    return isWhole ? std::move(regions) : Regions();
+}
 } // namespace
 
 int CArxEntity::CMakeEnt::MakeBoundary(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int islands,
@@ -70,4 +86,23 @@ int CArxEntity::CMakeEnt::MakeBoundary(const AcGePoint3d& pt, AcDbObjectId& id, 
     if (outlines.empty()) return 0;
     if (!asRegions) return entity::addInWorld(std::move(outlines[0]), id);
     return entity::addInWorld(entity::areaByTurns(regionsOf(std::move(outlines))), id);
+}
+
+int CArxEntity::CMakeEnt::MakeBoundary(const AcGePoint3d& pt, const ads_name candidates,
+                                       AcDbObjectIdArray& ids, int islands, int asRegions)
+{
+    const AcDbObjectIdArray made = entity::boundaryBySet(pt, candidates, islands != 0, asRegions != 0);
+    ids.append(made);
+    return !made.isEmpty();
+}
+
+int CArxEntity::CMakeEnt::MakeBoundary(const AcGePoint3d& pt, const ads_name candidates, AcDbObjectId& id,
+                                       int islands, int asRegions)
+{
+    const bool cutsOut = islands && asRegions;
+    const AcDbObjectIdArray made = entity::boundaryBySet(pt, candidates, cutsOut, asRegions != 0);
+    if (made.length() > 1) return entity::addInWorld(entity::areaByTurns(takeOut(made)), id);
+    if (made.isEmpty()) return 0;
+    id = made.first();
+    return 1;
 }

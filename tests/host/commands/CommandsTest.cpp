@@ -5,6 +5,7 @@
 #include "acdbads.h"
 #include "dbents.h"
 #include "dbobjptr.h"
+#include "dbregion.h"
 
 namespace
 {
@@ -205,4 +206,49 @@ TEST_F(BuiltIn, QuitAsksModulesFirst)
     run(L"LTSCALE 2 QUIT N REGEN\n"); // nothing runs behind a QUIT that ends the program
     EXPECT_EQ(takeCommands(), (std::vector<std::wstring>{L"QUIT", L"REGEN"}));
     EXPECT_EQ(witness.seen, "begin aborted begin aborted ");
+}
+
+TEST_F(BuiltIn, BoundaryTracesAmongWhatWasChosen)
+{
+    // A room of 10 by 10 around a column with a radius of 1, and a wall across that is left out.
+    const auto line = [&](const AcGePoint3d& from, const AcGePoint3d& to) {
+        return make<AcDbLine>([&](AcDbLine& made) {
+            made.setStartPoint(from);
+            made.setEndPoint(to);
+        });
+    };
+    line({0, 0, 0}, {10, 0, 0});
+    line({10, 0, 0}, {10, 10, 0});
+    line({10, 10, 0}, {0, 10, 0});
+    line({0, 10, 0}, {0, 0, 0});
+    make<AcDbCircle>([](AcDbCircle& column) {
+        column.setCenter({8, 5, 0});
+        column.setRadius(1.0);
+    });
+    line({5, -5, 0}, {5, 15, 0});
+    type(L"_ZOOM _E\n");
+    const auto created = [&](const wchar_t* what) {
+        return takeOutput().find(std::wstring(L"BOUNDARY created ") + what) != std::wstring::npos;
+    };
+    const auto lastArea = [&] {
+        ads_name last = {};
+        AcDbObjectId id;
+        acdbEntLast(last);
+        acdbGetObjectId(id, last);
+        double area = 0.0;
+        const AcDbEntityPointer entity(id, AcDb::kForRead);
+        if (const auto* const curve = AcDbCurve::cast(entity.object())) curve->getArea(area);
+        if (const auto* const region = AcDbRegion::cast(entity.object())) region->getArea(area);
+        return area;
+    };
+    run(L"-BOUNDARY 2,2\n\n");
+    EXPECT_TRUE(created(L"1 polyline\n"));
+    EXPECT_NEAR(lastArea(), 50.0, 1e-9) << "everything bounds";
+    run(L"ERASE _L\n\n-BO A B N _ALL _R 5,15\n\nI N O R\n\n2,2\n\n");
+    EXPECT_TRUE(created(L"1 region\n"));
+    EXPECT_NEAR(lastArea(), 100.0, 1e-9) << "neither the wall nor the island";
+    run(L"ERASE _L\n\nBOUNDARY A B N _ALL _R 5,15\n\n\n2,2\n50,50\n\n");
+    const std::wstring shown = takeOutput();
+    EXPECT_NE(shown.find(L"Valid hatch boundary not found."), std::wstring::npos);
+    EXPECT_NE(shown.find(L"created 2 polylines"), std::wstring::npos) << "the island too";
 }
