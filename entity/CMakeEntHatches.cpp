@@ -9,6 +9,8 @@
 #include "HatchOutlines.h"
 #include "NewEntity.h"
 
+#include <cmath>
+
 namespace
 {
 /// Entities that bound a hatch.
@@ -120,6 +122,15 @@ bool setPattern(AcDbHatch& hatch, const CString& pattern, double scale, double a
            hatch.setPattern(AcDbHatch::kPreDefined, pattern) == Acad::eOk;
 }
 
+/// The angle of the X axis of the user coordinate system in the plane of the hatch; 0 when it stands upright on it.
+double turnOfUcs(const AcDbHatch& hatch)
+{
+    AcGeMatrix3d ecs;
+    hatch.getEcs(ecs);
+    const AcGeVector3d axis = ecs.inverse() * (entity::ucsToWorld() * AcGeVector3d::kXAxis);
+    return std::atan2(axis.y, axis.x);
+}
+
 bool appendLoops(AcDbHatch& hatch, const Boundary& boundary)
 {
     for (std::size_t i = 0; i < boundary.loops.size(); ++i)
@@ -135,7 +146,7 @@ std::unique_ptr<AcDbHatch> hatchOver(const AcDbObjectIdArray& ids, const CString
     if (ids.isEmpty() || !boundaryOf(ids, boundary) || !setPlane(*hatch, boundary.plane)) return nullptr;
     if (hatch->setHatchStyle(AcDbHatch::kNormal) != Acad::eOk || hatch->setAssociative(true) != Acad::eOk)
         return nullptr;
-    if (!setPattern(*hatch, pattern, scale, angle) || !appendLoops(*hatch, boundary)) return nullptr;
+    if (!setPattern(*hatch, pattern, scale, angle + turnOfUcs(*hatch)) || !appendLoops(*hatch, boundary)) return nullptr;
     return hatch->evaluateHatch() == Acad::eOk ? std::move(hatch) : nullptr;
 }
 } // namespace

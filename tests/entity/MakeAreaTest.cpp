@@ -59,6 +59,18 @@ TEST_F(MakeHatch, NestedCurvesAreIslandsByTurns)
     EXPECT_FALSE(hatch->loopTypeAt(1) & AcDbHatch::kExternal);
 }
 
+TEST_F(MakeHatch, AngleCountsFromTheXAxisOfTheUser)
+{
+    turnUcs(); // its X axis is the world's Y axis
+    AcDbObjectId circle, id;
+    ASSERT_EQ(CArxEntity::CMakeEnt::MakeCircle({1, 2, 0}, 3.0, circle), 1);
+    AcDbObjectIdArray boundary;
+    boundary.append(circle);
+    ASSERT_EQ(CArxEntity::CMakeEnt::MakeHatch(boundary, id, L"ANSI31", 1.0, 0.25), 1);
+    const AcDbObjectPointer<AcDbHatch> hatch(id, AcDb::kForRead);
+    EXPECT_NEAR(hatch->patternAngle(), 0.25 + std::acos(0.0), 1e-12);
+}
+
 TEST_F(MakeHatch, HatchFollowsItsBoundary)
 {
     AcDbObjectId id;
