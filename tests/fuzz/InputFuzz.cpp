@@ -66,7 +66,7 @@ bool isResult(int code)
 
 bool isFinite(const double* point)
 {
-    return std::isfinite(point[0] + point[1] + point[2]);
+    return std::isfinite(point[0]) && std::isfinite(point[1]) && std::isfinite(point[2]);
 }
 
 class AnyJig : public AcEdJig

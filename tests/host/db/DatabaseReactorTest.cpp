@@ -65,6 +65,12 @@ protected:
         DatabaseFixture::SetUp();
         ASSERT_EQ(mDatabase.addReactor(&listener), Acad::eOk);
     }
+    /// The drawing outlives its listener.
+    void TearDown() override
+    {
+        mDatabase.removeReactor(&listener);
+        DatabaseFixture::TearDown();
+    }
 
     template <class Entity>
     AcDbObjectId add(Entity* entity)
