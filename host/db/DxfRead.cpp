@@ -1,6 +1,7 @@
 #include "DbObjectAccess.h"
 #include "DxfFields.h"
 #include "DxfKept.h"
+#include "dbsymbase.h"
 
 #include <bitset>
 
@@ -189,6 +190,8 @@ void writeExtensionDictionary(const DbObjectExtras& extras, DxfSink& sink)
 void writeXData(const DbObjectExtras& extras, DxfSink& sink)
 {
     for (const AppXData& data : extras.xdata) {
+        // A damaged file may have given the application's handle to another object.
+        if (!AcDbSymbolTableRecord::cast(residentObject(data.regapp))) continue;
         sink.record(1001, data.regapp);
         writeGroups(data.groups, sink);
     }

@@ -38,9 +38,14 @@ void FileSink::record(int code, AcDbStub* stub)
     if (!stub || !stub->object) return;
     const unsigned place = static_cast<unsigned>(code) & 7u;
     if (_lastStub[place] != stub) {
-        const auto [at, isNew] = _names.try_emplace(stub);
-        const CString& name = static_cast<const AcDbSymbolTableRecord*>(stub->object)->name();
-        if (isNew) _writer.encoding().encode(viewOf(name), at->second);
+        auto at = _names.find(stub);
+        if (at == _names.end()) {
+            // In a damaged file a name's handle may be another object's.
+            const auto* named = AcDbSymbolTableRecord::cast(stub->object);
+            if (!named) return;
+            at = _names.try_emplace(stub).first;
+            _writer.encoding().encode(viewOf(named->name()), at->second);
+        }
         _lastStub[place] = stub;
         _lastName[place] = &at->second;
     }
