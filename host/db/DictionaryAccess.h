@@ -16,6 +16,15 @@ struct DictionaryAccess {
     {
         for (const AcDbDictionary::Entry& entry : dictionary.mEntries) visit(entry.name, entry.id, entry.code);
     }
+    /// Puts what `choose(id)` gives in the place of each entry's object.
+    template <class Choose>
+    static void retarget(AcDbDictionary& dictionary, Choose choose)
+    {
+        std::vector<AcDbDictionary::Entry> entries;
+        entries.swap(dictionary.mEntries);
+        dictionary.mByName.clear();
+        for (const AcDbDictionary::Entry& entry : entries) dictionary.add(entry.name, choose(entry.id), entry.code);
+    }
     /// Forgets the entries whose objects are erased.
     static void dropErased(AcDbDictionary& dictionary);
 };

@@ -139,13 +139,13 @@ private:
     {
         std::vector<AppXData>& all = DbObjectAccess::needExtras(mObject).xdata;
         if (group.code == 1001) {
-            all.push_back({mSource.recordOf(1001, group.text), {}});
+            AcDbStub* application = mSource.recordOf(1001, group.text);
+            mHasApplication = application != nullptr;
+            if (application) all.push_back({application, {}});
         } else if (mHasApplication) {
             all.back().groups.append(group);
-        } else {
-            mSource.report(group, "extended data without an application");
         }
-        mHasApplication |= group.code == 1001;
+        if (!mHasApplication) mSource.report(group, "extended data without an application");
         mSource.take();
     }
 
@@ -190,8 +190,7 @@ void writeExtensionDictionary(const DbObjectExtras& extras, DxfSink& sink)
 void writeXData(const DbObjectExtras& extras, DxfSink& sink)
 {
     for (const AppXData& data : extras.xdata) {
-        // A damaged file may have given the application's handle to another object.
-        if (!AcDbSymbolTableRecord::cast(residentObject(data.regapp))) continue;
+        if (!residentObject(data.regapp)) continue; // the application has been purged
         sink.record(1001, data.regapp);
         writeGroups(data.groups, sink);
     }

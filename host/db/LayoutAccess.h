@@ -6,6 +6,7 @@
 
 struct LayoutAccess {
     static AcDbObjectId& lastViewport(AcDbLayout& layout) { return layout.mLastViewport; }
+    static AcDbObjectId& block(AcDbLayout& layout) { return layout.mBlock; }
     static int& tabOrder(AcDbLayout& layout) { return layout.mTabOrder; }
     static bool isModel(const AcDbLayout& layout) { return layout.mName.CompareNoCase(L"Model") == 0; }
     static const CString& name(const AcDbLayout& layout) { return layout.mName; }

@@ -6,6 +6,7 @@
 #include "BlockAccess.h"
 #include "CodePageName.h"
 #include "DefaultLayouts.h"
+#include "DoubleHandles.h"
 #include "DrawingReader.h"
 #include "DrawingWriter.h"
 #include "NamedObjects.h"
@@ -123,6 +124,7 @@ void complete(ReadContext& context)
 {
     for (const TableInfo& info : tableInfos) tableOf(context, info);
     defineMissing(context);
+    settleDoubles(context);
     completeBlocks(context);
     context.state().stubs.numberPending();
     if (context.state().namedObjects.isNull()) context.state().namedObjects = addNamedObjects(context.database());

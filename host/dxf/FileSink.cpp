@@ -40,7 +40,7 @@ void FileSink::record(int code, AcDbStub* stub)
     if (_lastStub[place] != stub) {
         auto at = _names.find(stub);
         if (at == _names.end()) {
-            // In a damaged file a name's handle may be another object's.
+            // An id that a file gave by its handle may be of any object.
             const auto* named = AcDbSymbolTableRecord::cast(stub->object);
             if (!named) return;
             at = _names.try_emplace(stub).first;

@@ -50,17 +50,33 @@ AcDbStub* ReadContext::obtainUncached(TableKind kind, std::string_view utf8)
     return made;
 }
 
+void ReadContext::reserve(TableKind kind, std::string_view utf8, std::uint64_t handle)
+{
+    AcDbStub* stub = stubOf(handle);
+    if (!stub || !_reserved.insert(stub).second) stub = state().stubs.addPending();
+    define(kind, utf8, stub);
+}
+
 AcDbStub* ReadContext::attach(AcDbObject& object, std::uint64_t handle, AcDbStub* stub, AcDbObjectId owner,
                               const Record* record)
 {
-    if (!stub) stub = stubOf(handle);
-    if (stub && stub->object) {
-        repair(RepairCode::duplicateHandle, record, "the handle was taken: a new one was given");
-        stub = nullptr;
-    }
-    if (!stub) stub = state().stubs.addPending();
+    stub = stubFor(handle, stub, record);
     DbObjectAccess::makeResident(object, *stub, owner);
     DbObjectAccess::settle(object);
+    return stub;
+}
+
+/// The stub under which an object of a handle becomes resident: `given`, or the handle's own when that is free.
+AcDbStub* ReadContext::stubFor(std::uint64_t handle, AcDbStub* given, const Record* record)
+{
+    AcDbStub* const own = given ? state().stubs.find(handle) : stubOf(handle);
+    if (given && given == own) return given;
+    const bool isRefused = own && isTaken(*own);
+    AcDbStub* const stub = given ? given : own && !isRefused ? own : state().stubs.addPending();
+    if (isRefused) {
+        repair(RepairCode::duplicateHandle, record, "the handle was taken: a new one was given");
+        _doubles.push_back({own, stub});
+    }
     return stub;
 }
 

@@ -39,9 +39,7 @@ void readName(ReadContext& context, FileSource& source, const Record& record)
     const TableInfo* table = tableOfName(record.name);
     if (!table) return;
     const std::string name = nameIn(source, record);
-    AcDbStub* stub = context.stubOf(record.handle());
-    if (name.empty() || context.find(table->kind, name)) return;
-    context.define(table->kind, name, stub ? stub : context.state().stubs.addPending());
+    if (!name.empty() && !context.find(table->kind, name)) context.reserve(table->kind, name, record.handle());
 }
 } // namespace
 
@@ -86,7 +84,7 @@ void TableReader::takeRecord(const TableInfo& info)
     std::unique_ptr<AcDbSymbolTableRecord> read(info.makeRecord());
     const DxfFrame frame = _source.read(*read, _records.record());
     AcDbSymbolTable& table = tableOf(_context, info);
-    AcDbStub* stub = stubOf(info, *read, frame);
+    AcDbStub* stub = stubOf(info, *read);
     const CString name = nameFor(info, *read, frame.handle);
     SymbolTableAccess::setName(*read, name);
     stub = _context.attach(*read.release(), frame.handle, stub, table.objectId(), &_records.record());
@@ -94,12 +92,11 @@ void TableReader::takeRecord(const TableInfo& info)
     SymbolTableAccess::list(table, stub, name);
 }
 
-/// The stub that the record's name has got already, if it is still free and not another's by handle.
-AcDbStub* TableReader::stubOf(const TableInfo& info, const AcDbSymbolTableRecord& read, const DxfFrame& frame)
+/// The stub that the record's name has got already; null when there is none, or another record is there.
+AcDbStub* TableReader::stubOf(const TableInfo& info, const AcDbSymbolTableRecord& read)
 {
     AcDbStub* named = _context.find(info.kind, utf8Of(read.name()));
-    if (!named || named->object) return nullptr;
-    return named->handle == 0 || named->handle == frame.handle ? named : nullptr;
+    return named && !named->object ? named : nullptr;
 }
 
 /// A name that the table does not have yet. Viewports of one configuration share theirs.

@@ -23,7 +23,7 @@ public:
 private:
     void takeTable();
     void takeRecord(const TableInfo& table);
-    AcDbStub* stubOf(const TableInfo& table, const AcDbSymbolTableRecord& read, const DxfFrame& frame);
+    AcDbStub* stubOf(const TableInfo& table, const AcDbSymbolTableRecord& read);
     CString nameFor(const TableInfo& table, const AcDbSymbolTableRecord& read, std::uint64_t handle);
 
     ReadContext& _context;
