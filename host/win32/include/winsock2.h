@@ -1,7 +1,7 @@
 #pragma once
 
-/// Sockets, as far as names of hosts go: gethostbyname, hostent, in_addr and inet_ntoa are those of the
-/// system's own library, which have the shape that Winsock gives them.
+/// Sockets, as far as names of hosts go: hostent, in_addr and inet_ntoa are those of the system's own library, which
+/// have the shape that Winsock gives them.
 
 #include "windef.h"
 
@@ -28,6 +28,12 @@ using LPWSADATA = WSADATA*;
 int WINAPI WSAStartup(WORD version, LPWSADATA data);
 /// Takes one start back. SOCKET_ERROR (-1) without one, and the last error is WSANOTINITIALISED.
 int WINAPI WSACleanup();
+
+/// The host of a name or of an address in dotted form; null when it cannot be resolved. Null and the empty
+/// name are this machine's. As in Windows, "localhost" in any case is 127.0.0.1 whatever list of hosts the machine has.
+/// The result holds until the next call.
+hostent* WINAPI QmGetHostByName(const char* name);
+#define gethostbyname QmGetHostByName
 
 #ifndef SOCKET_ERROR
 #define SOCKET_ERROR (-1)
