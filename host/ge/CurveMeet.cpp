@@ -19,6 +19,11 @@ bool isBareAnalytic(const CurveForm& form)
     return form.kind == FormKind::kLine || isCircle(form);
 }
 
+bool isPlain(const CurveForm& form)
+{
+    return form.kind == FormKind::kLine || form.kind == FormKind::kConic;
+}
+
 Meetings swapped(const Meetings& found, const CurveForm& first, double tol, const CurveForm& second)
 {
     Meetings result;
@@ -62,7 +67,13 @@ Meetings meetChain(const CurveForm& chain, const CurveForm& other, double tol)
     return all;
 }
 
-/// True when the curves stay together between two meetings that are neighbours.
+/// A parameter, of a conic moved by full turns to the one next to `near`.
+double besides(const CurveForm& form, double near, double t)
+{
+    return form.kind == FormKind::kConic ? t + kTwoPi * std::round((near - t) / kTwoPi) : t;
+}
+
+/// True when the curves stay together between two meetings that are neighbours, over the seam of a conic too.
 bool sameContact(const CurveForm& first, const CurveForm& second, const Meeting& a, const Meeting& b,
                  double tol)
 {
@@ -70,9 +81,10 @@ bool sameContact(const CurveForm& first, const CurveForm& second, const Meeting&
     if (a.point.distanceTo(b.point) <= tol) return true;
     const double near = 4 * tol;
     if (a.point.distanceTo(b.point) > 1e-2 * (1 + a.point.asVector().length())) return false;
+    const double s = besides(first, a.s, b.s), t = besides(second, a.t, b.t);
     for (int i = 1; i <= 3; ++i) {
-        const AcGePoint3d p = pointAt(first, a.s + (b.s - a.s) * i / 4);
-        const AcGePoint3d q = pointAt(second, a.t + (b.t - a.t) * i / 4);
+        const AcGePoint3d p = pointAt(first, a.s + (s - a.s) * i / 4);
+        const AcGePoint3d q = pointAt(second, a.t + (t - a.t) * i / 4);
         if (!(p.distanceTo(a.point) <= a.point.distanceTo(b.point) + near)) return false;
         if (!(p.distanceTo(q) <= 1.01 * tol + 1e-15 * p.asVector().length())) return false;
     }
@@ -174,6 +186,8 @@ Meetings meet(const CurveForm& first, const CurveForm& second, double tol)
         if (otherLine) return swapped(meetLineCircle(second, first, tol), first, tol, second);
         return meetCircles(first, second, tol);
     }
+    Meetings found;
+    if (isPlain(first) && isPlain(second) && meetConics(first, second, tol, found)) return found;
     return searchMeetings(boundedTowards(first, second), boundedTowards(second, first), tol);
 }
 } // namespace gecore

@@ -1,5 +1,6 @@
 #include "CurveMeet.h"
 
+#include "Contact.h"
 #include "CurveDistance.h"
 #include "Span.h"
 
@@ -9,11 +10,9 @@ namespace gecore
 {
 namespace
 {
-constexpr double kTangentSine = 1e-6;
 // Curves that run within the tolerance of each other without sharing a stretch would be halved without end.
 constexpr int kPairBudget = 100000;
 constexpr int kRefineBudget = 2000;
-constexpr int kSteps = 40;
 
 double undirectedAngle(const AcGeVector3d& a, const AcGeVector3d& b)
 {
@@ -25,7 +24,7 @@ class MeetSearch
 {
 public:
     MeetSearch(const CurveForm& first, const CurveForm& second, double tol)
-        : mFirst(first), mSecond(second), mTol(tol)
+        : mFirst(first), mSecond(second), mTol(tol), mContact(first, second, tol)
     {
     }
 
@@ -123,89 +122,8 @@ private:
     void refine(const Span& a, const Span& b)
     {
         if (++mRefined > kRefineBudget) return;
-        double s = a.middle(), t = b.middle();
-        approach(a.lo, a.hi, b.lo, b.hi, s, t);
-        bool tangential = gap(s, t) <= mTol && sine(s, t) <= kTangentSine;
-        if (sine(s, t) <= 1e-3) tangential = sharpen(s, t) || tangential;
-        if (gap(s, t) <= mTol) mFound.points.add({s, t, pointAt(mFirst, s), tangential});
-    }
-
-    double gap(double s, double t) const { return pointAt(mFirst, s).distanceTo(pointAt(mSecond, t)); }
-
-    double sine(double s, double t) const
-    {
-        AcGeVector3d p[2], q[2];
-        derivatives(mFirst, s, 1, p);
-        derivatives(mSecond, t, 1, q);
-        const double size = p[1].length() * q[1].length();
-        return size > 0 ? p[1].crossProduct(q[1]).length() / size : 1;
-    }
-
-    /// Gauss-Newton on A(s) - B(t), kept within bounds, then feet to and fro when that does not close the
-    /// gap.
-    void approach(double sLo, double sHi, double tLo, double tHi, double& s, double& t) const
-    {
-        for (int i = 0; i < kSteps; ++i) {
-            AcGeVector3d p[2], q[2];
-            derivatives(mFirst, s, 1, p);
-            derivatives(mSecond, t, 1, q);
-            const AcGeVector3d r = q[0] - p[0];
-            const double ss = p[1].lengthSqrd(), tt = q[1].lengthSqrd(), st = p[1].dotProduct(q[1]);
-            const double det = ss * tt - st * st, fs = r.dotProduct(p[1]), ft = r.dotProduct(q[1]);
-            if (!(det > 1e-24 * ss * tt)) break;
-            const double s1 = std::clamp(s + (fs * tt - ft * st) / det, sLo, sHi);
-            const double t1 = std::clamp(t + (fs * st - ft * ss) / det, tLo, tHi);
-            const bool still =
-                std::fabs(s1 - s) <= 1e-16 * std::fabs(s) && std::fabs(t1 - t) <= 1e-16 * std::fabs(t);
-            s = s1;
-            t = t1;
-            if (still || (s1 == s && t1 == t && r.length() == 0)) break;
-        }
-        for (int i = 0; i < kSteps && !(gap(s, t) <= mTol / 16); ++i) {
-            const double before = gap(s, t);
-            t = closestWithin(mSecond, pointAt(mFirst, s), tLo, tHi).t;
-            s = closestWithin(mFirst, pointAt(mSecond, t), sLo, sHi).t;
-            if (!(gap(s, t) < before)) break;
-        }
-    }
-
-    /// Moves a contact to where the directions are parallel, the middle of a touch: least squares over the
-    /// gap and the sine of the angle, by Gauss-Newton with differences. False, and nothing changed, when the
-    /// curves are apart there: then they cross at a small angle.
-    bool sharpen(double& s, double& t) const
-    {
-        double a = s, b = t;
-        for (int i = 0; i < kSteps; ++i) {
-            AcGeVector3d p[3], q[3];
-            derivatives(mFirst, a, 2, p);
-            derivatives(mSecond, b, 2, q);
-            const double pp = p[1].length(), qq = q[1].length();
-            if (!(pp > 0 && qq > 0)) return false;
-            const AcGeVector3d u = p[1] / pp, v = q[1] / qq, turn = u.crossProduct(v), r = p[0] - q[0];
-            const AcGeVector3d du = (p[2] - u * u.dotProduct(p[2])) / pp,
-                               dv = (q[2] - v * v.dotProduct(q[2])) / qq;
-            const AcGeVector3d ts = du.crossProduct(v), tt = u.crossProduct(dv);
-            // The foot condition (A - B) . v = 0 and parallel directions, projected on the change of
-            // direction.
-            const AcGeVector3d axis = ts.lengthSqrd() > tt.lengthSqrd() ? ts : tt;
-            const double f = r.dotProduct(v), g = turn.dotProduct(axis);
-            const double fs = p[1].dotProduct(v), ft = -qq + r.dotProduct(dv), gs = ts.dotProduct(axis),
-                         gt = tt.dotProduct(axis);
-            const double det = fs * gt - ft * gs;
-            if (det == 0 || !std::isfinite(det)) return false;
-            const double ds = (f * gt - ft * g) / det, dt = (fs * g - f * gs) / det;
-            a = mFirst.clamped(a - ds);
-            b = mSecond.clamped(b - dt);
-            if (std::fabs(ds) <= 1e-15 * (1 + std::fabs(a)) && std::fabs(dt) <= 1e-15 * (1 + std::fabs(b)))
-                break;
-        }
-        if (!(gap(a, b) <= mTol) || !(sine(a, b) <= kTangentSine)) return false;
-        if (pointAt(mFirst, a).distanceTo(pointAt(mFirst, s)) >
-            1e-2 * (1 + pointAt(mFirst, s).asVector().length()))
-            return false;
-        s = a;
-        t = b;
-        return true;
+        Meeting found{a.middle(), b.middle(), {}, false};
+        if (mContact.refine({a.lo, a.hi}, {b.lo, b.hi}, found)) mFound.points.add(found);
     }
 
     bool mayTouch(const Span& span, const AcGePoint3d& p) const
@@ -223,11 +141,12 @@ private:
 
     void addPoint(double s, double t)
     {
-        mFound.points.add({s, t, pointAt(mFirst, s), sine(s, t) <= kTangentSine});
+        mFound.points.add({s, t, pointAt(mFirst, s), mContact.isTangential(s, t)});
     }
 
     const CurveForm &mFirst, &mSecond;
     const double mTol;
+    const Contact mContact;
     Meetings mFound;
     int mVisited = 0, mRefined = 0;
 };
