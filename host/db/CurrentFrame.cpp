@@ -30,6 +30,15 @@ bool worldToWorld(const ads_point, AcGeMatrix3d& matrix)
     return true;
 }
 
+/// The world's own where the header holds no axes.
+AcGeMatrix3d frameOf(const AcGePoint3d& origin, const AcGeVector3d& x, const AcGeVector3d& y)
+{
+    AcGeMatrix3d matrix;
+    if (!isDirection(x) || !isDirection(y) || x.isParallelTo(y) || !isFinite(origin)) return matrix;
+    const AcGeVector3d z = x.crossProduct(y).normal();
+    return matrix.setCoordSystem(origin, x.normal(), z.crossProduct(x.normal()), z);
+}
+
 bool map(const ads_point from, ads_point to, const ads_point normal, bool isVector, Mapping source,
          Mapping target)
 {
@@ -73,14 +82,13 @@ std::string variableOfSpace(const AcDbDatabase& database, const char* name)
 
 AcGeMatrix3d current(const AcDbDatabase& database)
 {
+    const DatabaseState& state = DatabaseAccess::of(database);
     const bool onPaper = isOnPaper(database);
-    const AcGeVector3d x = onPaper ? database.pucsxdir() : database.ucsxdir();
-    const AcGeVector3d y = onPaper ? database.pucsydir() : database.ucsydir();
-    const AcGePoint3d origin = onPaper ? database.pucsorg() : database.ucsorg();
-    AcGeMatrix3d matrix;
-    if (!isDirection(x) || !isDirection(y) || x.isParallelTo(y) || !isFinite(origin)) return matrix;
-    const AcGeVector3d z = x.crossProduct(y).normal();
-    return matrix.setCoordSystem(origin, x.normal(), z.crossProduct(x.normal()), z);
+    DatabaseState::Frame& frame = onPaper ? state.paperFrame : state.modelFrame;
+    if (frame.revision != state.header.revision())
+        frame = {state.header.revision(), onPaper ? frameOf(database.pucsorg(), database.pucsxdir(), database.pucsydir())
+                                                  : frameOf(database.ucsorg(), database.ucsxdir(), database.ucsydir())};
+    return frame.toWorld;
 }
 
 void setCurrent(AcDbDatabase& database, const AcGeMatrix3d& ucsToWorld, const CString& name)

@@ -3,6 +3,7 @@
 #include "HeaderVariables.h"
 #include "StubTable.h"
 #include "dbdatabase.h"
+#include "gemat3d.h"
 
 /// What a database holds.
 struct DatabaseState {
@@ -27,6 +28,13 @@ struct DatabaseState {
     bool needsRecovery = false; ///< the file had faults that were repaired
 
     std::vector<AcDbDatabaseReactor*> reactors;
+
+    /// The map out of the user's coordinates, of the space that is current, as long as the header stays as it is.
+    struct Frame {
+        std::uint64_t revision = 0; ///< of the header; 0: none
+        AcGeMatrix3d toWorld;
+    };
+    mutable Frame modelFrame, paperFrame;
 
     // What new entities get.
     AcDbObjectId clayer, celtype, textstyle, dimstyle;

@@ -54,8 +54,15 @@ Acad::ErrorStatus setCurrent(const AcDbDatabase& database, const char* variable,
 }
 } // namespace
 
+// Getters are called for each new entity: the variable is found by its name once.
+#define PLACE_OF(NAME) static const int place = HeaderVariables::indexOf(NAME)
+
 #define DEFINE_REAL(GET, SET, NAME, LEAST, MOST)                                                             \
-    double AcDbDatabase::GET() const { return mState->header.real(NAME); }                                   \
+    double AcDbDatabase::GET() const                                                                         \
+    {                                                                                                        \
+        PLACE_OF(NAME);                                                                                      \
+        return mState->header.real(place);                                                                   \
+    }                                                                                                        \
     Acad::ErrorStatus AcDbDatabase::SET(double value)                                                        \
     {                                                                                                        \
         if (!(value >= (LEAST) && value <= (MOST))) return Acad::eInvalidInput;                              \
@@ -65,7 +72,11 @@ Acad::ErrorStatus setCurrent(const AcDbDatabase& database, const char* variable,
 ACDB_HEADER_REALS(DEFINE_REAL)
 
 #define DEFINE_INTEGER(TYPE, GET, SET, NAME, LEAST, MOST)                                                    \
-    TYPE AcDbDatabase::GET() const { return static_cast<TYPE>(mState->header.integer(NAME)); }               \
+    TYPE AcDbDatabase::GET() const                                                                           \
+    {                                                                                                        \
+        PLACE_OF(NAME);                                                                                      \
+        return static_cast<TYPE>(mState->header.integer(place));                                             \
+    }                                                                                                        \
     Acad::ErrorStatus AcDbDatabase::SET(TYPE value)                                                          \
     {                                                                                                        \
         const int number = static_cast<int>(value);                                                          \
@@ -78,8 +89,9 @@ ACDB_HEADER_INTEGERS(DEFINE_INTEGER)
 #define DEFINE_POINT(TYPE, GET, SET, NAME)                                                                   \
     TYPE AcDbDatabase::GET() const                                                                           \
     {                                                                                                        \
+        PLACE_OF(NAME);                                                                                      \
         TYPE value;                                                                                          \
-        take(mState->header.point(NAME), value);                                                             \
+        take(mState->header.point(place), value);                                                            \
         return value;                                                                                        \
     }                                                                                                        \
     Acad::ErrorStatus AcDbDatabase::SET(const TYPE& value)                                                   \
@@ -93,8 +105,9 @@ ACDB_HEADER_POINTS(DEFINE_POINT)
 #define DEFINE_FRAME(TYPE, GET, NAME)                                                                        \
     TYPE AcDbDatabase::GET() const                                                                           \
     {                                                                                                        \
+        PLACE_OF(NAME);                                                                                      \
         TYPE value;                                                                                          \
-        take(mState->header.point(NAME), value);                                                             \
+        take(mState->header.point(place), value);                                                            \
         return value;                                                                                        \
     }
 ACDB_HEADER_FRAMES(DEFINE_FRAME)

@@ -1,6 +1,7 @@
 #include "HeaderVariables.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <unordered_map>
 
@@ -117,6 +118,12 @@ const std::unordered_map<std::string_view, int>& indexes()
     return all;
 }
 
+std::uint64_t nextRevision()
+{
+    static std::atomic<std::uint64_t> last{0};
+    return ++last;
+}
+
 PackedGroups defaultOf(const HeaderVariable& variable)
 {
     PackedGroups groups;
@@ -145,7 +152,7 @@ int HeaderVariables::indexOf(std::string_view name)
     return at == indexes().end() ? -1 : at->second;
 }
 
-HeaderVariables::HeaderVariables() : mValues(count)
+HeaderVariables::HeaderVariables() : mValues(count), mRevision(nextRevision())
 {
     for (int i = 0; i < count; ++i) mValues[static_cast<std::size_t>(i)] = defaultOf(table[i]);
 }
@@ -160,6 +167,7 @@ const PackedGroups* HeaderVariables::find(std::string_view name) const
 
 PackedGroups& HeaderVariables::at(std::string_view name)
 {
+    mRevision = nextRevision();
     const int index = indexOf(name);
     if (index >= 0) return mValues[static_cast<std::size_t>(index)];
     for (auto& one : mUnknown) {
@@ -168,25 +176,35 @@ PackedGroups& HeaderVariables::at(std::string_view name)
     return mUnknown.emplace_back(std::string(name), PackedGroups()).second;
 }
 
-DxfGroup HeaderVariables::first(std::string_view name) const
+DxfGroup HeaderVariables::firstOf(const PackedGroups& groups)
 {
     DxfGroup group;
     std::size_t position = 0;
-    if (const PackedGroups* groups = find(name)) groups->read(position, group);
+    groups.read(position, group);
     return group;
 }
 
-AcGePoint3d HeaderVariables::point(std::string_view name) const
+DxfGroup HeaderVariables::first(std::string_view name) const
+{
+    const PackedGroups* groups = find(name);
+    return groups ? firstOf(*groups) : DxfGroup();
+}
+
+AcGePoint3d HeaderVariables::pointOf(const PackedGroups& groups)
 {
     double values[3] = {0.0, 0.0, 0.0};
     DxfGroup group;
     std::size_t position = 0;
-    if (const PackedGroups* groups = find(name)) {
-        for (double& value : values) {
-            if (groups->read(position, group)) value = group.real;
-        }
+    for (double& value : values) {
+        if (groups.read(position, group)) value = group.real;
     }
     return {values[0], values[1], values[2]};
+}
+
+AcGePoint3d HeaderVariables::point(std::string_view name) const
+{
+    const PackedGroups* groups = find(name);
+    return groups ? pointOf(*groups) : AcGePoint3d();
 }
 
 void HeaderVariables::setReal(std::string_view name, double value)

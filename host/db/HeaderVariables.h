@@ -7,6 +7,7 @@
 #include "PackedGroups.h"
 #include "gepnt3d.h"
 
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,6 +31,14 @@ public:
     /// The table's entry; null past its end.
     static const HeaderVariable* known(int index);
 
+    /// The value at a place of the table, for those who ask often.
+    const PackedGroups& atPlace(int index) const { return mValues[static_cast<std::size_t>(index)]; }
+    double real(int index) const { return firstOf(atPlace(index)).real; }
+    std::int64_t integer(int index) const { return firstOf(atPlace(index)).integer; }
+    AcGePoint3d point(int index) const { return pointOf(atPlace(index)); }
+    /// Another number whenever a value may have changed, and none that other values had.
+    std::uint64_t revision() const { return mRevision; }
+
     /// The value; null for a variable that neither the table nor the file knows.
     const PackedGroups* find(std::string_view name) const;
     /// The value to fill; an unknown variable is added.
@@ -49,9 +58,12 @@ public:
     void write(DxfSink& sink, bool withUnknown) const;
 
 private:
+    static DxfGroup firstOf(const PackedGroups& groups);
+    static AcGePoint3d pointOf(const PackedGroups& groups);
     /// The first group of a value.
     DxfGroup first(std::string_view name) const;
 
     std::vector<PackedGroups> mValues;
     std::vector<std::pair<std::string, PackedGroups>> mUnknown;
+    std::uint64_t mRevision;
 };
