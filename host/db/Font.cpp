@@ -34,7 +34,8 @@ Font::Font(const FontName& name) : mFaces(name), mIsShape(isShapeFont(name))
 {
     mPrimary = &face(mFaces.primary());
     mAscent = mPrimary->ascent() / mPrimary->capHeight();
-    mDescent = mPrimary->descent() / mPrimary->capHeight();
+    // Shape fonts reach a third of their height below the baseline ("txt" 2 to 6, "simplex" 7 to 21).
+    mDescent = mIsShape ? 1.0 / 3 : mPrimary->descent() / mPrimary->capHeight();
 }
 
 Font::~Font()

@@ -173,6 +173,7 @@ void AcDbText::subSetDatabaseDefaults(AcDbDatabase* db)
     const AcGiTextStyle style = textStyleOf(mStyle);
     mWidthFactor = style.xScale;
     mOblique = style.obliquingAngle;
+    mGeneration = static_cast<std::int16_t>((style.isBackward ? 2 : 0) | (style.isUpsideDown ? 4 : 0));
 }
 
 void AcDbText::subClose()

@@ -16,17 +16,33 @@ lettering::TextMeasure measureOf(const AcGiTextStyle& style, const CString& text
     return lettering::measureText(lettering::fontNamed(look.font), look.look, lettering::decodeTextCodes(view));
 }
 
-/// How far the alignment point lies from the start of the baseline, in the text's own coordinates.
-AcGeVector2d alignmentOffset(const lettering::TextMeasure& measure, double height, int horizontal, int vertical)
+/// The place of the alignment point on the way from the start of a text to its end.
+double partOfWay(int horizontal)
 {
-    double x = 0.0;
-    if (horizontal == AcDb::kTextCenter || horizontal == AcDb::kTextMid) x = measure.advance / 2.0;
-    if (horizontal == AcDb::kTextRight) x = measure.advance;
-    double y = 0.0;
-    if (vertical == AcDb::kTextBottom) y = -measure.descent;
-    if (vertical == AcDb::kTextVertMid || horizontal == AcDb::kTextMid) y = height / 2.0;
-    if (vertical == AcDb::kTextTop) y = height;
-    return {x, y};
+    const bool isMiddle = horizontal == AcDb::kTextCenter || horizontal == AcDb::kTextMid;
+    return isMiddle ? 0.5 : horizontal == AcDb::kTextRight ? 1.0 : 0.0;
+}
+
+/// Its height above the baseline. Middle is that of what is drawn, descenders and all; the others go by the letters.
+double heightOfPoint(const lettering::TextMeasure& measure, double height, int horizontal, int vertical)
+{
+    if (horizontal == AcDb::kTextMid && !measure.ink.isEmpty())
+        return (measure.ink.min.y + measure.ink.max.y) / 2.0;
+    if (vertical == AcDb::kTextVertMid || horizontal == AcDb::kTextMid) return height / 2.0;
+    return vertical == AcDb::kTextBottom ? -measure.descent : vertical == AcDb::kTextTop ? height : 0.0;
+}
+
+/// How far the alignment point lies from the start of the text, in the text's own coordinates. Columns hang on their
+/// middle line: heights on the letters say nothing to them. Mirrored texts are mirrored in their alignment point.
+AcGeVector2d alignmentOffset(const lettering::TextMeasure& measure, const AcGiTextStyle& style, int horizontal,
+                             int vertical)
+{
+    const double way = partOfWay(horizontal) * measure.advance;
+    if (style.isVertical) return {0.0, style.isUpsideDown ? way : -way};
+    // What is drawn upside down is measured so.
+    const bool isMeasured = horizontal == AcDb::kTextMid && !measure.ink.isEmpty();
+    const double up = heightOfPoint(measure, style.textSize, horizontal, vertical);
+    return {style.isBackward ? -way : way, style.isUpsideDown && !isMeasured ? -up : up};
 }
 
 /// Whether the alignment point alone says where the text lies. Aligned and fitted texts start at their position.
@@ -48,17 +64,26 @@ AcGiTextStyle AcDbText::drawnStyle() const
     return style;
 }
 
+/// The direction of the characters' own X axis. A column runs down along the rotation of its text: its letters are
+/// upright at 270 degrees.
+double AcDbText::letterTurn(const AcGiTextStyle& style) const
+{
+    constexpr double quarter = 1.5707963267948966;
+    return style.isVertical ? mRotation + quarter : mRotation;
+}
+
 /// Programs leave the position of a justified text anywhere, and with another font it would be another one: the text is
 /// hung on its alignment point anew.
 AcGeMatrix3d AcDbText::textToWorld() const
 {
+    const AcGiTextStyle style = drawnStyle();
     AcGeMatrix3d turn, move, hang;
-    turn.setToRotation(mRotation, AcGeVector3d::kZAxis);
+    turn.setToRotation(letterTurn(style), AcGeVector3d::kZAxis);
     const bool isHung = hangsOnAlignmentPoint(mHorizontal, mVertical);
     move.setToTranslation((isHung ? mAlignment : mPosition).asVector());
     if (isHung) {
         const AcGeVector2d offset =
-            alignmentOffset(measureOf(drawnStyle(), shownText()), mHeight, mHorizontal, mVertical);
+            alignmentOffset(measureOf(style, shownText()), style, mHorizontal, mVertical);
         hang.setToTranslation(AcGeVector3d(-offset.x, -offset.y, 0.0));
     }
     return ocsToWorld(mNormal) * move * turn * hang;
@@ -78,23 +103,33 @@ bool AcDbText::boundingPoints(AcGePoint3d (&corners)[4]) const
 }
 
 /// Aligned texts grow or shrink to reach from the position to the alignment point; fitted ones change their width
-/// only. Both keep the position as their start.
+/// only, which columns do not: they are turned alone. All keep the position as their start.
+void AcDbText::stretch(const AcGiTextStyle& style, double length)
+{
+    AcGeVector3d along = mAlignment - mPosition;
+    if (along.isZeroLength() || !(length > 0.0)) return;
+    const double factor = along.length() / length;
+    // Mirrored texts run against their direction.
+    if (style.isVertical ? style.isUpsideDown : style.isBackward) along = -along;
+    mRotation = std::atan2(along.y, along.x);
+    if (mHorizontal == AcDb::kTextAlign) mHeight *= factor;
+    if (mHorizontal == AcDb::kTextFit && !style.isVertical) mWidthFactor *= factor;
+}
+
 Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*)
 {
     if (isDefaultAlignment()) return Acad::eNotApplicable;
     const Acad::ErrorStatus status = beginChange();
     if (status != Acad::eOk) return status;
-    const lettering::TextMeasure measure = measureOf(drawnStyle(), shownText());
-    if (mHorizontal == AcDb::kTextAlign || mHorizontal == AcDb::kTextFit) {
-        const AcGeVector3d along = mAlignment - mPosition;
-        if (along.isZeroLength() || !(measure.advance > 0.0)) return status;
-        mRotation = std::atan2(along.y, along.x);
-        (mHorizontal == AcDb::kTextAlign ? mHeight : mWidthFactor) *= along.length() / measure.advance;
+    const AcGiTextStyle style = drawnStyle();
+    const lettering::TextMeasure measure = measureOf(style, shownText());
+    if (!hangsOnAlignmentPoint(mHorizontal, mVertical)) {
+        stretch(style, measure.advance);
         return status;
     }
-    const AcGeVector2d offset = alignmentOffset(measure, mHeight, mHorizontal, mVertical);
+    const AcGeVector2d offset = alignmentOffset(measure, style, mHorizontal, mVertical);
     AcGeVector3d turned(offset.x, offset.y, 0.0);
-    turned.rotateBy(mRotation, AcGeVector3d::kZAxis);
+    turned.rotateBy(letterTurn(style), AcGeVector3d::kZAxis);
     mPosition = mAlignment - turned;
     return status;
 }
@@ -113,8 +148,11 @@ Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& xform)
     // A mirrored text stays readable: it is turned, not reversed.
     const double upwards = std::fabs(along.x * up.y - along.y * up.x) / along.length();
     mRotation = std::atan2(along.y, along.x);
-    mWidthFactor *= along.length() / upwards;
-    mHeight *= upwards;
+    // The letters of a column are as high as it is long.
+    const double wide = along.length(), high = upwards;
+    const bool isColumn = drawnStyle().isVertical;
+    mWidthFactor *= isColumn ? high / wide : wide / high;
+    mHeight *= isColumn ? wide : high;
     mThickness = mappedThickness(xform, mNormal, mThickness);
     mNormal = normal;
     return Acad::eOk;

@@ -1,5 +1,6 @@
 #include "TextLook.h"
 
+#include "FontSubstitutes.h"
 #include "Stub.h"
 #include "acutads.h"
 #include "dbtxtsty.h"
@@ -27,6 +28,12 @@ namespace
 /// Styles name files with the folders of the machine they were made on.
 CString withoutFolder(const CString& file) { return file.Mid(file.ReverseFind(L'\\') + 1); }
 
+/// Only shape fonts can be written downwards.
+bool hasColumns(const AcGiTextStyle& style)
+{
+    return style.typeface.IsEmpty() && lettering::isShapeFile(static_cast<const wchar_t*>(style.fileName));
+}
+
 void takeTypeface(AcGiTextStyle& style, const AcDbTextStyleTableRecord& record)
 {
     ACHAR* typeface = nullptr;
@@ -50,6 +57,6 @@ AcGiTextStyle textStyleOf(AcDbObjectId id)
     style.obliquingAngle = record->obliquingAngle();
     style.isBackward = (record->flagBits() & 2) != 0;
     style.isUpsideDown = (record->flagBits() & 4) != 0;
-    style.isVertical = record->isVertical();
+    style.isVertical = record->isVertical() && hasColumns(style);
     return style;
 }

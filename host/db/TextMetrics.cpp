@@ -50,6 +50,12 @@ public:
         mAdvance += step * mLook.height * mLook.tracking;
     }
     double advance() const { return mAdvance; }
+    /// From the start of the first character to the end of the last: behind that of a column is no gap.
+    double length() const
+    {
+        const double gap = (verticalStep * mLook.tracking - 1) * mLook.height;
+        return mLook.isVertical && mAdvance > 0 ? mAdvance - gap : mAdvance;
+    }
 
 private:
     const Look& mLook;
@@ -107,7 +113,7 @@ void addRun(TextMeasure& measure, Pen& pen, const Font& font, const Look& look, 
     const Placing place(look);
     eachGlyph(font, pen, text,
               [&](const Glyph& glyph, const AcGePoint2d& at) { addInk(measure.ink, glyph, place, at); });
-    measure.advance = pen.advance();
+    measure.advance = pen.length();
 }
 } // namespace
 
@@ -150,7 +156,7 @@ double advanceOf(const Font& font, const Look& look, std::wstring_view text)
     if (!look.isValid()) return 0;
     Pen pen(look);
     eachGlyph(font, pen, text, [](const Glyph&, const AcGePoint2d&) {});
-    return pen.advance();
+    return pen.length();
 }
 
 TextDrawing drawText(const Font& font, const Look& look, const std::vector<TextRun>& runs)

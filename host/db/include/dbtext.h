@@ -10,6 +10,9 @@ class AcGiTextStyle;
 /// point; its position follows from the measures of its font and is brought up to date by adjustAlignment, which closing
 /// the text calls after changes.
 ///
+/// In a vertical style of a shape font the letters stand below each other along the rotation, upright at 270 degrees;
+/// the text starts in the middle of the first one's top, and alignments say where the point is along the column only.
+///
 /// Points are in world coordinates and lie in a plane with the normal; angles are radians.
 class AcDbText : public AcDbEntity
 {
@@ -95,6 +98,8 @@ protected:
 private:
     friend struct TextFields;
     AcGiTextStyle drawnStyle() const;
+    double letterTurn(const AcGiTextStyle& style) const;
+    void stretch(const AcGiTextStyle& style, double length);
     /// From the text's own coordinates (baseline along X) to the world.
     AcGeMatrix3d textToWorld() const;
 

@@ -11,6 +11,7 @@
 #include "dblinetp.h"
 #include "dbobjptr.h"
 #include "dbpl.h"
+#include "dbtxtsty.h"
 
 #include <memory>
 
@@ -35,6 +36,15 @@ protected:
         linetype->setDashLengthAt(1, -gap);
         linetype->setPatternLength(dash + gap);
         return addRecord<AcDbLinetypeTable>(name, std::move(linetype));
+    }
+
+    /// A text style of a shape font whose letters stand below each other.
+    AcDbObjectId addColumnStyle(const wchar_t* name)
+    {
+        auto style = std::make_unique<AcDbTextStyleTableRecord>();
+        style->setFileName(L"txt.shx");
+        style->setIsVertical(true);
+        return addRecord<AcDbTextStyleTable>(name, std::move(style));
     }
 
     AcDbObjectId addBlock(const wchar_t* name)

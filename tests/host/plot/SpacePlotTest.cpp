@@ -1,5 +1,7 @@
 #include "DrawingFixture.h"
 
+#include <cmath>
+
 #include "dbsortentstbl.h"
 
 using namespace plot;
@@ -296,6 +298,22 @@ TEST_F(SpacePlotTest, TextsAreFilledWithTheirColour)
     EXPECT_GT(reds, 200); // three stems of 60 by a few pixels
     EXPECT_GT(blues, 30);
     EXPECT_GT(blacks, 30);
+}
+
+TEST_F(SpacePlotTest, ColumnsStandUprightBelowTheirPoint)
+{
+    const AcDbObjectId down = addColumnStyle(L"DOWN");
+    const double upright = 3 * std::acos(-1.0) / 2;
+    add(std::make_unique<AcDbText>(AcGePoint3d(50, 90, 0), L"III", down, 20, upright));
+    plotModel();
+    // Three stems from 90 to 70, 60 to 40 and 30 to 10, and nothing beside them.
+    for (const int y : {80, 50, 20})
+        EXPECT_NE(at(50, y), white) << y;
+    for (int y = 0; y < 100; ++y)
+        for (int x = 0; x < 100; ++x) {
+            const bool isBeside = std::abs(x - 50) > 8 || y > 90 || y < 9 || y == 65 || y == 35;
+            EXPECT_TRUE(at(x, y) == white || !isBeside) << x << ", " << y;
+        }
 }
 
 TEST_F(SpacePlotTest, LinesOfOnePenAreDrawnTogether)
