@@ -14,7 +14,7 @@ void AreaJig::ask()
     setDispPrompt(m_points.isEmpty() ? L"\n指定起点: "
                   : canClose()       ? L"\n指定下一点或 [闭合(C)/放弃(U)]: "
                                      : L"\n指定下一点或 [放弃(U)]: ");
-    setKeywordList(m_points.isEmpty() ? L"" : L"Close Undo");
+    setKeywordList(m_points.isEmpty() ? L"" : canClose() ? L"Undo Close" : L"Undo");
 }
 
 AcEdJig::DragStatus AreaJig::sampler()
@@ -59,7 +59,7 @@ DrawnPoints AreaJig::run()
         if (status == kNormal) {
             take();
         } else if (status == static_cast<DragStatus>(kUndo)) {
-            if (!m_points.isEmpty()) m_points.removeLast();
+            m_points.removeLast();
         } else if (status == kCancel || (status == kNull && m_points.isEmpty())) {
             return {};
         } else if (canClose()) {

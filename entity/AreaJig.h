@@ -22,7 +22,7 @@ public:
     AcDbEntity* entity() const override;
 
 private:
-    enum Keyword { kClose = kKW1, kUndo = kKW2 };
+    enum Keyword { kUndo = kKW1, kClose = kKW2 };
 
     void ask();
     void take();

@@ -113,30 +113,38 @@ public:
     /// that crosses itself.
     static int MakeSolid(AcDbObjectId id, const AcCmColor& color, AcDbObjectIdArray& ids);
 
-    // Texts.
+    // Texts. Heights are those of capital letters; rotations are radians from the user's X axis. What a text
+    // says is kept as it stands: %%d, %%c, %%p, %%u, %%o and \U+XXXX are codes to AutoCAD. Width factor,
+    // slant and mirroring are the current text style's. In a vertical style the letters stand below each
+    // other along the rotation, upright at 3/2 pi, and alignments count along the column.
 
     /// A text whose baseline starts at the point. 0 for null, for line breaks and unless the height is above
     /// 0.
     static int MakeText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId& id, double height,
                         double rotation = 0.0);
-    /// A text that hangs on the point as the alignment says.
+    /// A text that hangs on the point as the alignment says. 0 also for an alignment that there is not.
     static int MakeText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId& id, double height,
                         _Aligment aligment, double rotation);
     /// A text of a class, as high as the current text style says or, where that leaves it to the texts,
-    /// TEXTSIZE. A text with line breaks or none at all must be a paragraph.
+    /// TEXTSIZE. Of a paragraph the alignment is the attachment point, for which the baseline is the bottom;
+    /// only a paragraph may have line breaks. An attribute without anything but blanks has no tag: 0.
     static int MakeText(_SOFT soft, const AcGePoint3d& pos, CGTStringW text, AcDbObjectId& id,
                         _Aligment aligment, _Text_Class textClass, double rotation = 0.0);
-    /// A multiline text whose frame has its top left corner at the point. The null id is the current text
-    /// style; lines break at `width`, 0: they do not.
+    /// A multiline text along the user's X axis whose frame has its top left corner at the point; `text` is
+    /// in the form of multiline texts (\P for a new line). `style` is a text style of the drawing, the null
+    /// id the current one. Lines break at `width`, drawing units; at 0 they do not. 0 for null, for another
+    /// object than a text style, unless the height is above 0 and for a width below it.
     static int MakeMText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId style, double height,
                          double width, AcDbObjectId& id);
     /// A copy of a text, multiline text or attribute definition with other contents, in the block and at the
-    /// place of the first. 0 for entities of other classes.
+    /// place of the first, with its properties, extended data and extension dictionary; it belongs to no
+    /// group. 0 for entities of other classes, and where one line would get line breaks.
     static int CopyText(AcDbObjectId source, const CGTStringW& text, AcDbObjectId& id);
     /// Makes or changes a text style. `font` is a font file ("gbenor.shx", "simsun.ttf"), a font file and a
     /// big font with a comma between ("gbenor.shx,gbcbig.shx"), or without an extension the name of a
-    /// typeface. `height` is 0 when each text has its own; `oblique` is the angle from the upright. 0 for an
-    /// empty name or font and for numbers out of the style's range; a style that exists is unchanged then.
+    /// typeface. `height` is 0 when each text has its own; `widthFactor` is 0.01 to 100; `oblique` the angle
+    /// from the upright to the right, 85 degrees at most to either side. 0 for an empty font, a name that
+    /// symbol tables do not allow, and for numbers out of range; a style that exists is unchanged then.
     static int MakeTxtStyle(CGTStringW name, CGTStringW font, double height, double widthFactor,
                             double oblique);
 
@@ -183,21 +191,23 @@ public:
 
     // Groups.
 
-    /// A selectable group of entities under a name. 0 for a name that is empty, not allowed or taken, an
-    /// empty list, and ids that are null, erased or no entities.
+    /// A selectable group of entities of the drawing's spaces under a name; an id that is twice in the list
+    /// counts once. 0 for a name that symbol tables do not allow or that is taken, an empty list, and ids
+    /// that are null, erased, no entities, inside a block definition, or open.
     static int MakeGroup(CGTStringW name, const AcDbObjectIdArray& ids, AcDbObjectId& id);
     /// A group under a name of the drawing's own ("*A1" ...).
     static int MakeNoNameGroup(const AcDbObjectIdArray& ids, AcDbObjectId& id);
-    /// Dissolves the anonymous groups whose names match ("*A1"); an empty text means all of them. Their
-    /// entities stay, named groups do too. 0 when there was none.
+    /// Dissolves the anonymous group of this name ("*A1", in any case); an empty text means all of them.
+    /// Their entities stay, named groups do too, and groups that somebody has open. 0 when none was
+    /// dissolved.
     static int ExplodNoNameGroup(CGTStringW name);
 
     // Ordinate dimensions. Each measures, from the origin of the user coordinate system, the coordinate of
-    // the point across its leader: along X for a leader along Y, along Y for a leader along X. Their leaders,
-    // of the given length, point to the sides 0 (+X), 1 (+Y), 2 (-X), 3 (-Y) of the point: the first to
-    // `side` (further numbers go on round), each of the others to the next one counter-clockwise. `style` is
-    // a dimension style, empty: the current one. The ids are appended. 0, and none of them made, for a style
-    // that is not there or a length that is not above 0.
+    // the point across its leader: along X for a leader along Y, along Y for a leader along X. Their straight
+    // leaders, `length` drawing units long, point to the sides 0 (+X), 1 (+Y), 2 (-X), 3 (-Y) of the point:
+    // the first to `side` (further numbers go on round in both directions), each of the others to the next
+    // one counter-clockwise. `style` is a dimension style, empty: the current one. The ids are appended. 0,
+    // and none of them made, for a style that is not there or a length that is not above 0.
 
     static int MakeCoordDim1(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double length,
                              CGTStringW style = L"");
@@ -210,22 +220,30 @@ public:
 
     // With the user and the screen.
 
-    /// Draws lines through the points on the screen, back to the first one with `closed` not 0. Nothing is
-    /// added, and the next redraw wipes them away. 0 for fewer than two points.
+    /// Draws lines through the points on the screen, back to the first one with `closed` not 0, in a colour
+    /// from 0 to 256 or, with -1, by inverting what is there. Nothing is added, and the next redraw wipes
+    /// them away. 0, and nothing drawn, for fewer than two points, one that is not finite, and other colours.
     static int MakeGrPl(const AcGePoint3dArray& points, int color, int closed = 0);
     /// The uppermost entity under the pick box at a point of the current view, on a layer whose name fits a
     /// pattern ("WALL*"; empty: any). 0, and `id` as it was, when there is none.
     static int SeekBj(const AcGePoint3d& pt, CGTStringW layer, AcDbObjectId& id);
+
+    // Polylines that the user draws, `width` wide (drawing units, 0: a line). All points are at the height of
+    // the first. Before anything is asked: 0 for a layer that is not there and a width that is negative or
+    // not finite.
+
     /// Lets the user draw polylines, one after the other, until there is no more first point; appends their
-    /// ids. At each further point a band runs to the cursor; Undo takes the last point back, Close closes the
-    /// polyline and ends it, Enter ends it, Esc drops the one that is being drawn. All points are at the
-    /// height of the first. 1 when one was drawn at least.
+    /// ids. At each further point a band runs to the cursor; Undo takes the last point back, also the first;
+    /// Close, from the third point on, closes the polyline and ends it, Enter ends it. A single point makes
+    /// nothing; Esc drops the polyline that is being drawn and ends the drawing. 1 when one was drawn at
+    /// least.
     static int DrawPl(AcDbObjectIdArray& ids, const CString& layer = L"", int color = 256,
                       double width = 0.0);
-    /// The same for one polyline.
+    /// The same for one polyline; 0 also when the user gives fewer than two points.
     static int DrawPlCmd(AcDbObjectId& id, const CString& layer = L"", int color = 256, double width = 0.0);
     /// One closed polyline, for areas: two bands run to the cursor, from the last point and from the first,
-    /// so that its shape is seen all the time. Close and Enter end it with three points at least.
+    /// so that its shape is seen all the time. Close and Enter end it with three points at least: with fewer,
+    /// Enter asks again.
     static int DrawPlWithDoubleElastic(AcDbObjectId& id, const CString& layer = L"", int color = 256,
                                        double width = 0.0);
 };

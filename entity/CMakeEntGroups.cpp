@@ -6,6 +6,7 @@
 #include "dbdict.h"
 #include "dbgroup.h"
 #include "dbobjptr.h"
+#include "dbsymutl.h"
 
 #include <memory>
 
@@ -26,17 +27,23 @@ public:
     }
 };
 
-bool isAllowed(const CString& name)
+/// Model space or the sheet of a layout: what is inside a block definition is selected with its references.
+bool isOfSpace(const AcDbEntity& entity)
 {
-    return !name.IsEmpty() && name.FindOneOf(L"<>/\\\":;?*|,=`") < 0;
+    const AcDbObjectPointer<AcDbBlockTableRecord> owner(entity.ownerId(), AcDb::kForRead);
+    return owner.openStatus() == Acad::eOk && owner->isLayout();
 }
 
-bool areEntities(const AcDbObjectIdArray& ids)
+bool canBeGrouped(AcDbObjectId id)
 {
-    for (const AcDbObjectId& id : ids) {
-        const AcDbEntityPointer entity(id, AcDb::kForRead);
-        if (entity.openStatus() != Acad::eOk || entity->database() != workingDatabase()) return false;
-    }
+    const AcDbEntityPointer entity(id, AcDb::kForRead);
+    return entity.openStatus() == Acad::eOk && entity->database() == workingDatabase() && isOfSpace(*entity);
+}
+
+bool canBeGrouped(const AcDbObjectIdArray& ids)
+{
+    for (const AcDbObjectId& id : ids)
+        if (!canBeGrouped(id)) return false;
     return !ids.isEmpty();
 }
 
@@ -54,7 +61,7 @@ AcDbGroup* newGroup(const CString& name)
 /// Adds a group of entities; a name that begins with "*" leaves the number to the drawing.
 int addGroup(const CString& name, const AcDbObjectIdArray& ids, AcDbObjectId& id)
 {
-    if (!areEntities(ids)) return 0;
+    if (!canBeGrouped(ids)) return 0;
     const AcDbObjectPointer<AcDbGroup> group(newGroup(name));
     if (!group) return 0;
     bool isWhole = group->append(ids) == Acad::eOk;
@@ -85,7 +92,9 @@ AcDbObjectIdArray anonymousGroups(const CString& name)
 
 int CArxEntity::CMakeEnt::MakeGroup(CGTStringW name, const AcDbObjectIdArray& ids, AcDbObjectId& id)
 {
-    return isAllowed(name) ? addGroup(name, ids, id) : 0;
+    constexpr bool withVerticalBar = false;
+    const bool isName = acdbSymUtil()->validateSymbolName(name, withVerticalBar) == Acad::eOk;
+    return isName ? addGroup(name, ids, id) : 0;
 }
 
 int CArxEntity::CMakeEnt::MakeNoNameGroup(const AcDbObjectIdArray& ids, AcDbObjectId& id)

@@ -5,6 +5,9 @@
 #include "NewEntity.h"
 #include "PolylineInput.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace
 {
 /// What a drawn polyline gets beside its points.
@@ -26,37 +29,57 @@ std::unique_ptr<AcDbPolyline> polylineOf(const entity::DrawnPoints& drawn, const
                : nullptr;
 }
 
-int addDrawn(const entity::DrawnPoints& drawn, const Look& look, AcDbObjectId& id)
+/// Whether there can be polylines like this: a first one tells, before the user draws one for nothing.
+bool isPossible(const Look& look)
 {
-    return entity::add(polylineOf(drawn, look), id);
+    entity::DrawnPoints trial;
+    trial.end = entity::DrawnEnd::done;
+    trial.points.append(AcGePoint3d::kOrigin);
+    trial.points.append(AcGePoint3d(1.0, 0.0, 0.0));
+    return polylineOf(trial, look) != nullptr;
+}
+
+int draw(entity::DrawnPoints (*ask)(), const Look& look, AcDbObjectId& id)
+{
+    return isPossible(look) ? entity::add(polylineOf(ask(), look), id) : 0;
+}
+
+bool areFinite(const AcGePoint3dArray& points)
+{
+    return std::all_of(points.begin(), points.end(), [](const AcGePoint3d& point) {
+        return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+    });
 }
 } // namespace
 
 int CArxEntity::CMakeEnt::MakeGrPl(const AcGePoint3dArray& points, int color, int closed)
 {
-    if (points.length() < 2) return 0;
-    entity::showLines(points, color, closed != 0);
-    return 1;
+    return points.length() > 1 && areFinite(points) && entity::showLines(points, color, closed != 0);
 }
 
 int CArxEntity::CMakeEnt::DrawPl(AcDbObjectIdArray& ids, const CString& layer, int color, double width)
 {
-    int drawn = 0;
-    AcDbObjectId id;
-    while (DrawPlCmd(id, layer, color, width)) {
+    const Look look{layer, color, width};
+    if (!isPossible(look)) return 0;
+    const int before = ids.length();
+    while (true) {
+        const entity::DrawnPoints drawn = entity::askPolyline();
+        if (drawn.end == entity::DrawnEnd::cancelled) break;
+        if (drawn.points.length() < 2) continue;
+        AcDbObjectId id;
+        if (!entity::add(polylineOf(drawn, look), id)) break;
         ids.append(id);
-        drawn = 1;
     }
-    return drawn;
+    return ids.length() > before;
 }
 
 int CArxEntity::CMakeEnt::DrawPlCmd(AcDbObjectId& id, const CString& layer, int color, double width)
 {
-    return addDrawn(entity::askPolyline(), {layer, color, width}, id);
+    return draw(entity::askPolyline, {layer, color, width}, id);
 }
 
 int CArxEntity::CMakeEnt::DrawPlWithDoubleElastic(AcDbObjectId& id, const CString& layer, int color,
                                                   double width)
 {
-    return addDrawn(entity::askArea(), {layer, color, width}, id);
+    return draw(entity::askArea, {layer, color, width}, id);
 }

@@ -4,6 +4,7 @@
 
 #include "dbapserv.h"
 #include "dbobjptr.h"
+#include "dbsymutl.h"
 
 namespace
 {
@@ -50,10 +51,12 @@ bool change(StyleRecord& style, const StyleData& data)
     return false;
 }
 
-bool addNew(AcDbTextStyleTable& table, const CString& name, const StyleData& data)
+bool addNew(AcDbDatabase* database, const CString& name, const StyleData& data)
 {
+    const AcDbTextStyleTablePointer table(database, AcDb::kForWrite);
+    if (table.openStatus() != Acad::eOk) return false;
     auto style = std::make_unique<StyleRecord>();
-    if (style->setName(name) != Acad::eOk || !apply(data, *style) || table.add(style.get()) != Acad::eOk)
+    if (style->setName(name) != Acad::eOk || !apply(data, *style) || table->add(style.get()) != Acad::eOk)
         return false;
     StyleRecord* const added = style.release();
     const bool isWhole = applyTypeface(data, *added);
@@ -69,10 +72,12 @@ int CArxEntity::CMakeEnt::MakeTxtStyle(CGTStringW name, CGTStringW font, double 
     AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
     StyleData data{{}, {}, {}, height, widthFactor, oblique};
     setFont(data, font);
-    if (!database || name.IsEmpty() || (data.font.IsEmpty() && data.typeface.IsEmpty())) return 0;
-    const AcDbTextStyleTablePointer table(database, AcDb::kForWrite);
-    if (table.openStatus() != Acad::eOk) return 0;
+    constexpr bool withVerticalBar = false; // the styles of external references are theirs
+    const bool isName = acdbSymUtil()->validateSymbolName(name, withVerticalBar) == Acad::eOk;
+    if (!database || !isName || (data.font.IsEmpty() && data.typeface.IsEmpty())) return 0;
+    AcDbObjectId existing;
+    if (acdbSymUtil()->getTextStyleId(existing, name, database) != Acad::eOk)
+        return addNew(database, name, data);
     StyleRecord* style = nullptr;
-    if (table->getAt(name, style, AcDb::kForWrite) == Acad::eOk) return change(*style, data);
-    return !table->has(name) && addNew(*table, name, data);
+    return acdbOpenObject(style, existing, AcDb::kForWrite) == Acad::eOk && change(*style, data);
 }

@@ -5,6 +5,7 @@
 #include "dbapserv.h"
 #include "dbattdef.h"
 #include "dbattrib.h"
+#include "dbidmap.h"
 #include "dbmtext.h"
 #include "dbobjptr.h"
 #include "dbtext.h"
@@ -86,9 +87,16 @@ std::unique_ptr<AcDbEntity> paragraphOf(const AcGePoint3d& pos, const CString& t
 {
     const Anchor* const anchor = anchorOf(aligment);
     auto paragraph = entity::begin<AcDbMText>();
-    if (!anchor || text.IsEmpty() || !fill(*paragraph, pos, text, height, rotation)) return nullptr;
+    if (!anchor || !fill(*paragraph, pos, text, height, rotation)) return nullptr;
     if (paragraph->setAttachment(anchor->attachment) != Acad::eOk) return nullptr;
     return paragraph;
+}
+
+/// An entity that is in no drawing yet would take a style of any.
+bool setStyle(AcDbMText& paragraph, AcDbObjectId style)
+{
+    const bool isOurs = style.database() == acdbHostApplicationServices()->workingDatabase();
+    return isOurs && !style.isErased() && paragraph.setTextStyle(style) == Acad::eOk;
 }
 
 /// The height that the current text style and TEXTSIZE give.
@@ -108,16 +116,37 @@ bool setContents(AcDbEntity& entity, const CString& text)
     return line && line->setTextString(text) == Acad::eOk;
 }
 
-std::unique_ptr<AcDbEntity> copyWith(AcDbObjectId source, const CString& text, AcDbObjectId& block)
+/// Attributes belong to their block references and are no texts of a block.
+bool isCopied(const AcDbEntity& entity)
+{
+    return (entity.isKindOf(AcDbText::desc()) || entity.isKindOf(AcDbMText::desc())) &&
+           !entity.isKindOf(AcDbAttribute::desc());
+}
+
+/// Whether an entity takes a text: a copy that nobody sees tries it.
+bool takes(const AcDbEntity& entity, const CString& text)
+{
+    const std::unique_ptr<AcDbEntity> trial(AcDbEntity::cast(entity.clone()));
+    return trial && setContents(*trial, text);
+}
+
+/// The block of a text that can be copied with these contents; null for other objects.
+AcDbObjectId blockOfText(AcDbObjectId source, const CString& text)
 {
     const AcDbEntityPointer original(source, AcDb::kForRead);
-    const bool isText = original.openStatus() == Acad::eOk &&
-                        (original->isKindOf(AcDbText::desc()) || original->isKindOf(AcDbMText::desc())) &&
-                        !original->isKindOf(AcDbAttribute::desc());
-    if (!isText) return nullptr;
-    block = original->blockId();
-    std::unique_ptr<AcDbEntity> copy(AcDbEntity::cast(original->clone()));
-    return copy && setContents(*copy, text) ? std::move(copy) : nullptr;
+    const bool isSource = original.openStatus() == Acad::eOk && isCopied(*original) && takes(*original, text);
+    return isSource ? original->blockId() : AcDbObjectId();
+}
+
+/// A copy in a block, with all that belongs to the original; null when the block takes none.
+AcDbObjectId copied(AcDbObjectId source, AcDbObjectId block)
+{
+    AcDbObjectIdArray originals;
+    originals.append(source);
+    AcDbIdMapping copies;
+    AcDbIdPair pair(source, AcDbObjectId(), false);
+    const Acad::ErrorStatus status = source.database()->deepCloneObjects(originals, block, copies);
+    return status == Acad::eOk && copies.compute(pair) ? pair.value() : AcDbObjectId();
 }
 } // namespace
 
@@ -153,18 +182,20 @@ int CArxEntity::CMakeEnt::MakeMText(const AcGePoint3d& pos, const wchar_t* text,
 {
     auto paragraph = entity::begin<AcDbMText>();
     if (!fill(*paragraph, pos, text, height, 0.0) || paragraph->setWidth(width) != Acad::eOk) return 0;
-    if (!style.isNull() && paragraph->setTextStyle(style) != Acad::eOk) return 0;
+    if (!style.isNull() && !setStyle(*paragraph, style)) return 0;
     return entity::add(std::move(paragraph), id);
 }
 
 int CArxEntity::CMakeEnt::CopyText(AcDbObjectId source, const CGTStringW& text, AcDbObjectId& id)
 {
-    AcDbObjectId blockId, added;
-    std::unique_ptr<AcDbEntity> copy = copyWith(source, text, blockId);
-    const AcDbObjectPointer<AcDbBlockTableRecord> block(blockId, AcDb::kForWrite);
-    if (!copy || block.openStatus() != Acad::eOk || block->appendAcDbEntity(added, copy.get()) != Acad::eOk)
+    const AcDbObjectId block = blockOfText(source, text);
+    const AcDbObjectId copy = block.isNull() ? block : copied(source, block);
+    const AcDbEntityPointer added(copy, AcDb::kForWrite);
+    if (added.openStatus() != Acad::eOk) return 0;
+    if (!setContents(*added, text)) {
+        added->erase();
         return 0;
-    copy.release()->close();
-    id = added;
+    }
+    id = copy;
     return 1;
 }

@@ -22,8 +22,7 @@ public:
     void show(const AcGePoint3dArray& points)
     {
         wipe();
-        showLines(points, shownColor, false);
-        m_isDrawn = points.length() > 1;
+        m_isDrawn = points.length() > 1 && showLines(points, shownColor, false);
     }
 
 private:
@@ -82,13 +81,15 @@ DrawnPoints askPolyline()
     }
 }
 
-void showLines(const AcGePoint3dArray& points, int color, bool closed)
+bool showLines(const AcGePoint3dArray& points, int color, bool closed)
 {
     constexpr int highlight = 0;
-    for (int i = 0; i < points.length() - (closed ? 0 : 1); ++i) {
+    bool isShown = true;
+    for (int i = 0; isShown && i < points.length() - (closed ? 0 : 1); ++i) {
         const AcGePoint3d &start = points[i], &end = points[(i + 1) % points.length()];
         const ads_point from = {start.x, start.y, start.z}, to = {end.x, end.y, end.z};
-        acedGrDraw(from, to, color, highlight);
+        isShown = acedGrDraw(from, to, color, highlight) == RTNORM;
     }
+    return isShown;
 }
 } // namespace entity

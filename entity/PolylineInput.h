@@ -24,5 +24,6 @@ DrawnPoints askPolyline();
 DrawnPoints askArea();
 
 /// Draws lines through points of the current user coordinate system on the screen until the next redraw.
-void showLines(const AcGePoint3dArray& points, int color, bool closed);
+/// False, and nothing drawn, for a colour that is none of the screen's.
+bool showLines(const AcGePoint3dArray& points, int color, bool closed);
 } // namespace entity

@@ -1,6 +1,7 @@
 #include "EntityFixture.h"
 
 #include "dbattdef.h"
+#include "dbgroup.h"
 #include "dbmtext.h"
 #include "dbtext.h"
 
@@ -129,6 +130,26 @@ TEST_F(CopyText, CopyDiffersInItsTextOnly)
     CString contents;
     Open<AcDbMText>(second)->contents(contents);
     EXPECT_EQ(contents, L"four");
+}
+
+TEST_F(CopyText, DataGoesAlongAndGroupsDoNot)
+{
+    AcDbObjectId source, line, group, copy;
+    ASSERT_EQ(CMakeEnt::MakeText({1, 2, 0}, L"one", source, 2.0), 1);
+    ASSERT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {1, 0, 0}, line), 1);
+    AcDbObjectIdArray members;
+    members.append(source);
+    members.append(line);
+    ASSERT_EQ(CMakeEnt::MakeGroup(L"PAIR", members, group), 1);
+    {
+        const Open<AcDbText> text(source, AcDb::kForWrite);
+        ASSERT_EQ(text->createExtensionDictionary(), Acad::eOk);
+    }
+    ASSERT_EQ(CMakeEnt::CopyText(source, L"two", copy), 1);
+    const Open<AcDbText> text(copy);
+    EXPECT_FALSE(text->extensionDictionary().isNull());
+    EXPECT_NE(text->extensionDictionary(), Open<AcDbText>(source)->extensionDictionary());
+    EXPECT_EQ(Open<AcDbGroup>(group)->numEntities(), 2u);
 }
 
 TEST_F(CopyText, OtherObjectsAreNotCopied)
