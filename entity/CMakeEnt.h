@@ -193,7 +193,7 @@ public:
 
     /// A selectable group of entities of the drawing's spaces under a name; an id that is twice in the list
     /// counts once. 0 for a name that symbol tables do not allow or that is taken, an empty list, and ids
-    /// that are null, erased, no entities, inside a block definition, or open.
+    /// that are null, erased, no entities, inside a block definition, on a locked layer, or open.
     static int MakeGroup(CGTStringW name, const AcDbObjectIdArray& ids, AcDbObjectId& id);
     /// A group under a name of the drawing's own ("*A1" ...).
     static int MakeNoNameGroup(const AcDbObjectIdArray& ids, AcDbObjectId& id);

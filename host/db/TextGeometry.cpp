@@ -144,7 +144,8 @@ Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& xform)
     up.transformBy(map);
     if (along.isZeroLength()) return Acad::eCannotScaleNonUniformly;
     mPosition.transformBy(map);
-    mAlignment.transformBy(map);
+    // The one that a left aligned text has is of no use and stays in the origin.
+    if (!isDefaultAlignment()) mAlignment.transformBy(map);
     // A mirrored text stays readable: it is turned, not reversed.
     const double upwards = std::fabs(along.x * up.y - along.y * up.x) / along.length();
     mRotation = std::atan2(along.y, along.x);

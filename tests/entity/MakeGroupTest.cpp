@@ -1,12 +1,13 @@
+#include "SavedEntities.h"
+
 #include "EntityFixture.h"
 
-#include "dbdimordinate.h"
 #include "dbgroup.h"
+#include "dbline.h"
 
 namespace
 {
 using MakeGroup = EntityTest;
-using MakeCoordDim = EntityTest;
 
 AcDbObjectIdArray twoLines()
 {
@@ -74,43 +75,102 @@ TEST_F(MakeGroup, OnlyAnonymousGroupsAreDissolved)
     EXPECT_EQ(entityCount(), 2);
 }
 
-using Maker = int (*)(const AcGePoint3d&, AcDbObjectIdArray&, int, double, CGTStringW);
-const Maker makers[] = {CMakeEnt::MakeCoordDim1, CMakeEnt::MakeCoordDim2, CMakeEnt::MakeCoordDim3,
-                        CMakeEnt::MakeCoordDim4};
-
-TEST_F(MakeCoordDim, LeadersGoRoundThePointAndMeasureAcross)
+TEST_F(MakeGroup, EntitiesInsideOfBlocksCannotBeGrouped)
 {
-    turnUcs();
-    for (int count = 1; count <= 4; ++count) {
-        AcDbObjectIdArray ids;
-        ASSERT_EQ(makers[count - 1]({30, 40, 0}, ids, 3, 10.0, L""), 1);
-        ASSERT_EQ(ids.length(), count);
-        for (int i = 0; i < count; ++i) {
-            const Open<AcDbOrdinateDimension> dimension(ids[i]);
-            const bool alongY = (3 + i) % 2 == 1; // sides 3 and 1
-            EXPECT_NEAR(std::fabs(dimension->measurement()), alongY ? 30.0 : 40.0, 1e-9) << i;
-            EXPECT_POINT(dimension->definingPoint(), 10 - 40, 20 + 30, 0);
-            EXPECT_NEAR(dimension->leaderEndPoint().distanceTo(dimension->definingPoint()), 10.0, 1e-9);
-            AcDbExtents box;
-            EXPECT_EQ(dimension->getGeomExtents(box), Acad::eOk) << "it draws its leader and text";
-        }
-    }
-    // The leader to side 3 runs along the user's -Y, which is the world's +X.
-    AcDbObjectIdArray one;
-    ASSERT_EQ(CMakeEnt::MakeCoordDim1({0, 5, 0}, one, 7, 10.0), 1);
-    EXPECT_POINT(Open<AcDbOrdinateDimension>(one[0])->leaderEndPoint(), 15, 20, 0);
+    AcDbObjectIdArray ids = twoLines();
+    const AcDbBlockTablePointer table(database(), AcDb::kForWrite);
+    auto* const block = new AcDbBlockTableRecord;
+    block->setName(L"DOOR");
+    AcDbObjectId blockId, inside, group;
+    ASSERT_EQ(table->add(blockId, block), Acad::eOk);
+    auto* const line = new AcDbLine({0, 0, 0}, {1, 1, 0});
+    ASSERT_EQ(block->appendAcDbEntity(inside, line), Acad::eOk);
+    line->close();
+    block->close();
+    ids.append(inside);
+    EXPECT_EQ(CMakeEnt::MakeNoNameGroup(ids, group), 0);
+    EXPECT_EQ(CMakeEnt::MakeGroup(L"PAIR", ids, group), 0);
+    EXPECT_TRUE(group.isNull());
 }
 
-TEST_F(MakeCoordDim, MissingStyleOrBadLengthMakesNone)
+TEST_F(MakeGroup, EntitiesThatCannotBeChangedCannotBeGrouped)
 {
-    AcDbObjectIdArray ids;
-    for (const Maker make : makers) {
-        EXPECT_EQ(make({1, 2, 0}, ids, 0, 10.0, L"NOWHERE"), 0);
-        EXPECT_EQ(make({1, 2, 0}, ids, 0, 0.0, L""), 0);
+    addLayer(L"LOCKED", true);
+    AcDbObjectId locked, group;
+    ASSERT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {1, 0, 0}, L"LOCKED", 256, locked), 1);
+    AcDbObjectIdArray ids = twoLines();
+    ids.append(ids[0]);
+    ASSERT_EQ(CMakeEnt::MakeGroup(L"\u4e00\u7ec4 1", ids, group), 1);
+    EXPECT_EQ(Open<AcDbGroup>(group)->numEntities(), 2u) << "each once";
+    ids.append(locked);
+    EXPECT_EQ(CMakeEnt::MakeNoNameGroup(ids, group), 0) << "a group is noted on its entities";
+}
+
+TEST_F(MakeGroup, FailureHalfWayLeavesNoTrace)
+{
+    const AcDbObjectIdArray ids = twoLines();
+    AcDbObjectId group;
+    {
+        const Open<AcDbLine> held(ids[1]); // cannot be told of a group while it is being read
+        EXPECT_EQ(CMakeEnt::MakeGroup(L"PAIR", ids, group), 0);
     }
-    EXPECT_TRUE(ids.isEmpty());
-    EXPECT_EQ(entityCount(), 0);
-    EXPECT_EQ(CMakeEnt::MakeCoordDim2({1, 2, 0}, ids, -1, 10.0, L"standard"), 1);
-    EXPECT_EQ(ids.length(), 2);
+    EXPECT_TRUE(group.isNull());
+    ASSERT_EQ(CMakeEnt::MakeGroup(L"PAIR", ids, group), 1) << "the name is free";
+    // Only the group that there is hangs on the line: erasing the line tells no other one.
+    EXPECT_TRUE(Open<AcDbLine>(ids[0])->hasPersistentReactor(group));
+    EXPECT_EQ(Open<AcDbGroup>(group)->numEntities(), 2u);
+}
+
+TEST_F(MakeGroup, GroupsAndTheirMembersAreSaved)
+{
+    const AcDbObjectIdArray lines = twoLines();
+    AcDbObjectId extra, named, first, second;
+    ASSERT_EQ(CMakeEnt::MakeLine({5, 5, 0}, {6, 6, 0}, extra), 1);
+    AcDbObjectIdArray three = lines;
+    three.append(extra);
+    ASSERT_EQ(CMakeEnt::MakeGroup(L"\u95e8", three, named), 1);
+    ASSERT_EQ(CMakeEnt::MakeNoNameGroup(lines, first), 1);
+    ASSERT_EQ(CMakeEnt::MakeNoNameGroup(lines, second), 1);
+    Open<AcDbLine>(extra, AcDb::kForWrite)->erase();
+    ASSERT_EQ(CMakeEnt::ExplodNoNameGroup(L"*A1"), 1);
+    SavedEntities saved(*database());
+    const auto read = saved.of<AcDbGroup>(named), anonymous = saved.of<AcDbGroup>(second);
+    EXPECT_EQ(read->name(), L"\u95e8");
+    EXPECT_EQ(read->numEntities(), 2u) << "without the one that was erased";
+    EXPECT_TRUE(read->isSelectable());
+    EXPECT_FALSE(read->isAnonymous());
+    EXPECT_EQ(anonymous->name(), L"*A2");
+    EXPECT_TRUE(anonymous->isAnonymous());
+    const AcDbObjectPointer<AcDbDictionary> groups(saved.drawing().groupDictionaryId(), AcDb::kForRead);
+    EXPECT_EQ(groups->numEntries(), 2u);
+}
+
+TEST_F(MakeGroup, OneMemberSelectsAllUntilTheGroupIsDissolved)
+{
+    const AcDbObjectIdArray lines = twoLines();
+    AcDbObjectId group;
+    ASSERT_EQ(CMakeEnt::MakeNoNameGroup(lines, group), 1);
+    const ads_point at = {0.5, 0.0, 0.0};
+    for (const long wanted : {2L, 1L}) {
+        ads_name set = {};
+        ASSERT_EQ(acedSSGet(nullptr, at, nullptr, nullptr, set), RTNORM);
+        Adesk::Int32 length = 0;
+        acedSSLength(set, &length);
+        EXPECT_EQ(length, wanted);
+        acedSSFree(set);
+        EXPECT_EQ(CMakeEnt::ExplodNoNameGroup(L""), wanted == 2 ? 1 : 0);
+    }
+}
+
+TEST_F(MakeGroup, GroupsThatSomebodyHasOpenStay)
+{
+    AcDbObjectId first, second;
+    ASSERT_EQ(CMakeEnt::MakeNoNameGroup(twoLines(), first), 1);
+    ASSERT_EQ(CMakeEnt::MakeNoNameGroup(twoLines(), second), 1);
+    const Open<AcDbGroup> held(first);
+    EXPECT_EQ(CMakeEnt::ExplodNoNameGroup(L""), 1);
+    EXPECT_FALSE(first.isErased());
+    EXPECT_TRUE(second.isErased());
+    EXPECT_EQ(CMakeEnt::ExplodNoNameGroup(L""), 0);
 }
 } // namespace
