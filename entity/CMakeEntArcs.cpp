@@ -2,6 +2,8 @@
 
 #include "CMakeEnt.h"
 
+#include "CDatabase.h"
+#include "CUcsWcs.h"
 #include "dbcircle.h"
 #include "dbelipse.h"
 #include "NewEntity.h"
@@ -75,9 +77,11 @@ int CArxEntity::CMakeEnt::MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, 
                                   AcDbArc*& arc)
 {
     arc = nullptr;
+    auto made = arcThrough(p1, p2, p3);
     AcDbObjectId id;
-    if (!MakeArc(p1, p2, p3, id)) return 0;
-    return acdbOpenObject(arc, id, AcDb::kForWrite) == Acad::eOk;
+    if (!CArxUtils::CUcsWcs::UcsToWcs(made.get()) || !CArxUtils::CDatabase::AddToDb(made.get(), id)) return 0;
+    arc = made.release();
+    return 1;
 }
 
 int CArxEntity::CMakeEnt::MakeArc(const AcGePoint3d& center, double r, double startAngle, double endAngle,

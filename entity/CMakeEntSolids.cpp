@@ -2,7 +2,7 @@
 
 #include "CMakeEnt.h"
 
-#include "dbcurve.h"
+#include "CurveSamples.h"
 #include "dbobjptr.h"
 #include "dbsolid.h"
 #include "NewEntity.h"
@@ -15,26 +15,6 @@ struct Outline {
     AcGePoint2dArray points;
     AcGeMatrix3d planeToWorld;
 };
-
-/// How far chords may be from a curve.
-double deviationFor(const AcDbCurve& curve)
-{
-    AcDbExtents box;
-    if (curve.getGeomExtents(box) != Acad::eOk) return 1e-3;
-    return 1e-3 * box.maxPoint().distanceTo(box.minPoint());
-}
-
-bool sample(const AcDbCurve& curve, AcGePoint3dArray& points)
-{
-    AcGeCurve3d* shape = nullptr;
-    if (curve.getAcGeCurve(shape) != Acad::eOk) return false;
-    const std::unique_ptr<AcGeCurve3d> owned(shape);
-    AcGeInterval range;
-    owned->getInterval(range);
-    AcGeDoubleArray params;
-    owned->getSamplePoints(range.lowerBound(), range.upperBound(), deviationFor(curve), points, params);
-    return points.length() > 3;
-}
 
 /// Samples of straight sides add nothing but triangles.
 void dropPointsInLine(AcGePoint2dArray& points)
@@ -55,7 +35,7 @@ bool outlineOf(AcDbObjectId id, Outline& outline)
     AcGePoint3dArray points;
     if (curve.openStatus() != Acad::eOk || !curve->isClosed()) return false;
     if (curve->getPlane(plane, planarity) != Acad::eOk || planarity != AcDb::kPlanar) return false;
-    if (!sample(*curve.object(), points)) return false;
+    if (!entity::sampleCurve(*curve.object(), points) || points.length() < 4) return false;
     points.removeLast(); // the first again
     outline.planeToWorld.setToPlaneToWorld(plane);
     const AcGeMatrix3d worldToPlane = outline.planeToWorld.inverse();

@@ -57,9 +57,9 @@ void AcDbHatch::getEcs(AcGeMatrix3d& matrix) const
     matrix = ocsToWorld(mNormal);
 }
 
-AcGeMatrix3d AcDbHatch::planeToWorld() const
+AcGeMatrix3d hatch::Plane::toWorld() const
 {
-    return ocsToWorld(mNormal) * AcGeMatrix3d::translation({0.0, 0.0, mElevation.z});
+    return ocsToWorld(normal) * AcGeMatrix3d::translation({0.0, 0.0, elevation});
 }
 
 Acad::ErrorStatus AcDbHatch::setHatchStyle(HatchStyle style)

@@ -1,6 +1,7 @@
 /// Hatches that follow the entities around them.
 
 #include "dbhatch.h"
+#include "HatchSources.h"
 
 #include <algorithm>
 
@@ -19,6 +20,46 @@ void attach(AcDbObjectId sourceId, AcDbObjectId hatch)
     if (!source->hasPersistentReactor(hatch) && source->upgradeOpen() == Acad::eOk)
         source->addPersistentReactor(hatch);
     source->close();
+}
+
+std::vector<AcDbObjectId> allSources(const std::vector<hatch::Loop>& loops)
+{
+    std::vector<AcDbObjectId> ids;
+    for (const hatch::Loop& loop : loops)
+        ids.insert(ids.end(), loop.sources.begin(), loop.sources.end());
+    return ids;
+}
+
+using LoopPosition = std::vector<hatch::Loop>::const_iterator;
+
+/// Behind the loops that a region makes together, which are neighbours; behind one of any other loop.
+LoopPosition behindGroup(LoopPosition first, LoopPosition end)
+{
+    return std::find_if(std::next(first), end, [first](const hatch::Loop& loop) {
+        return loop.sources.empty() || loop.sources != first->sources;
+    });
+}
+
+/// The loops after a change of one of their sources: those that follow it are built anew, or all of them.
+/// Loops that cannot be built are copied as they are; false then.
+bool rebuilt(const std::vector<hatch::Loop>& loops, const AcDbEntity& source, const hatch::Plane& plane,
+             bool all, std::vector<hatch::Loop>& result)
+{
+    bool isWhole = true;
+    for (auto at = loops.begin(), next = at; at != loops.end(); at = next) {
+        next = behindGroup(at, loops.end());
+        const bool follows = all || isSource(*at, source.objectId());
+        std::vector<hatch::Loop> made;
+        if (follows && hatch::loopsOf(at->sources, &source, plane, at->type, made) == Acad::eOk) {
+            for (hatch::Loop& loop : made)
+                loop.sources = at->sources;
+        } else {
+            made.assign(at, next);
+            isWhole = isWhole && !follows;
+        }
+        std::move(made.begin(), made.end(), std::back_inserter(result));
+    }
+    return isWhole;
 }
 } // namespace
 
@@ -81,30 +122,26 @@ void AcDbHatch::changeWhileTold(Change change)
     if (wasWritable) downgradeToNotify(true);
 }
 
-void AcDbHatch::followAgain(const AcDbObject& source)
+void AcDbHatch::followAgain(const AcDbEntity& source)
 {
-    for (hatch::Loop& loop : mLoops) {
-        if (!isSource(loop, source.objectId())) continue;
-        hatch::Loop rebuilt;
-        rebuilt.type = loop.type;
-        AcDbObjectIdArray ids;
-        for (const AcDbObjectId& id : loop.sources)
-            ids.append(id);
-        const Acad::ErrorStatus status = loopOf(ids, AcDbEntity::cast(&source), rebuilt);
-        // A source that somebody else changes at this moment tells of it when it is closed.
-        if (status == Acad::eWasOpenForWrite) continue;
-        if (status == Acad::eOk)
-            rebuilt.sources = loop.sources;
-        else
-            rebuilt = loop, rebuilt.sources.clear();
-        loop = std::move(rebuilt);
-    }
+    hatch::Plane place = plane();
+    const bool hasLeft = !hatch::isIn(source, place);
+    // Entities of a boundary are changed one after the other: until the last of them lies in the new plane,
+    // or closes the chain again, the hatch waits.
+    if (hasLeft && !hatch::commonPlane(allSources(mLoops), &source, place)) return;
+    std::vector<hatch::Loop> loops;
+    const bool isWhole = rebuilt(mLoops, source, place, hasLeft, loops);
+    if (hasLeft && !isWhole) return;
+    mLoops = std::move(loops);
+    mNormal = place.normal;
+    mElevation.z = place.elevation;
 }
 
 void AcDbHatch::modified(const AcDbObject* object)
 {
     if (!object || !object->isModifiedGraphics() || !follows(object->objectId())) return;
-    changeWhileTold([&] { followAgain(*object); });
+    const AcDbEntity* const source = AcDbEntity::cast(object);
+    if (source) changeWhileTold([&] { followAgain(*source); });
 }
 
 void AcDbHatch::erased(const AcDbObject* object, bool isErasing)

@@ -1,12 +1,9 @@
 /// The loops of hatches, given and taken.
 
 #include "dbhatch.h"
-#include "dbpl.h"
 #include "HatchEdges.h"
+#include "HatchSources.h"
 #include "PlanarCoords.h"
-#include "PlaneFrame.h"
-
-#include "BulgePath.h"
 
 namespace
 {
@@ -19,19 +16,6 @@ bool isOfType(const AcGeCurve2d& curve, int edgeType)
            curve.type() == curveTypes[edgeType - 1];
 }
 
-/// A loop of curves in any direction that make one chain; false when they do not.
-bool loopOfCurves(hatch::Curves curves, Adesk::Int32 type, hatch::Loop& loop)
-{
-    loop.type = type & ~AcDbHatch::kPolyline;
-    if (!hatch::chain(curves)) return false;
-    for (const auto& curve : curves) {
-        hatch::Edge edge;
-        if (!hatch::edgeOf(*curve, edge)) return false;
-        loop.edges.push_back(std::move(edge));
-    }
-    return true;
-}
-
 Acad::ErrorStatus edgeLoop(Adesk::Int32 type, const AcGeVoidPointerArray& edgePtrs,
                            const AcGeIntArray& edgeTypes, hatch::Loop& loop)
 {
@@ -42,7 +26,7 @@ Acad::ErrorStatus edgeLoop(Adesk::Int32 type, const AcGeVoidPointerArray& edgePt
         if (!curve || !isOfType(*curve, edgeTypes[i])) return Acad::eInvalidInput;
         curves.emplace_back(static_cast<const AcGeCurve2d*>(curve->copy()));
     }
-    return loopOfCurves(std::move(curves), type, loop) ? Acad::eOk : Acad::eInvalidInput;
+    return hatch::loopOfCurves(std::move(curves), type, loop) ? Acad::eOk : Acad::eInvalidInput;
 }
 
 template <class Item>
@@ -51,13 +35,6 @@ bool allFinite(const AcArray<Item>& items)
     for (const Item& item : items)
         if (!isFinite(item)) return false;
     return true;
-}
-
-void dropRepeatedEnd(hatch::Loop& loop)
-{
-    if (loop.points.size() < 2 || !loop.points.back().isEqualTo(loop.points.front())) return;
-    loop.points.pop_back();
-    if (!loop.bulges.empty()) loop.bulges.pop_back();
 }
 
 Acad::ErrorStatus vertexLoop(Adesk::Int32 type, const AcGePoint2dArray& vertices,
@@ -69,34 +46,9 @@ Acad::ErrorStatus vertexLoop(Adesk::Int32 type, const AcGePoint2dArray& vertices
     loop.points.assign(vertices.begin(), vertices.end());
     for (const double bulge : bulges)
         if (bulge != 0.0) loop.bulges.assign(bulges.begin(), bulges.end());
-    dropRepeatedEnd(loop);
+    hatch::dropRepeatedEnd(loop);
     const std::size_t fewest = loop.bulges.empty() ? 3 : 2;
     return loop.points.size() < fewest ? Acad::eInvalidInput : Acad::eOk;
-}
-
-/// A closed polyline in a plane parallel to the hatch keeps its vertices.
-bool takeVertices(const AcDbEntity& entity, const AcGeVector3d& normal, hatch::Loop& loop)
-{
-    const AcDbPolyline* polyline = AcDbPolyline::cast(&entity);
-    if (!polyline || !polyline->isClosed() || !polyline->normal().isEqualTo(normal)) return false;
-    const BulgePath path = polyline->path();
-    loop.points.assign(path.points, path.points + path.count);
-    if (path.hasArcs()) loop.bulges.assign(path.bulges, path.bulges + path.count);
-    dropRepeatedEnd(loop);
-    loop.type |= AcDbHatch::kPolyline;
-    return loop.points.size() > 1;
-}
-
-bool addCurves(const AcDbEntity& entity, const AcGeMatrix3d& worldToPlane, hatch::Curves& curves)
-{
-    AcDbEntity::Curves parts;
-    entity.intersectionCurves(parts, false);
-    for (const auto& part : parts) {
-        auto curve = kernel::toPlane(*part, worldToPlane);
-        if (!curve) return false;
-        curves.push_back(std::move(curve));
-    }
-    return !parts.empty();
 }
 } // namespace
 
@@ -138,13 +90,15 @@ Acad::ErrorStatus AcDbHatch::getLoopAt(int loopIndex, Adesk::Int32& loopType, Ac
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbHatch::insertLoop(int index, hatch::Loop loop)
+Acad::ErrorStatus AcDbHatch::insertLoops(int index, std::vector<hatch::Loop> loops)
 {
     if (index < 0 || index > numLoops()) return Acad::eInvalidIndex;
     const Acad::ErrorStatus status = beginPatternChange();
     if (status != Acad::eOk) return status;
-    mSourcesChanged |= !loop.sources.empty();
-    mLoops.insert(mLoops.begin() + index, std::move(loop));
+    for (const hatch::Loop& loop : loops)
+        mSourcesChanged |= !loop.sources.empty();
+    mLoops.insert(mLoops.begin() + index, std::make_move_iterator(loops.begin()),
+                  std::make_move_iterator(loops.end()));
     return status;
 }
 
@@ -170,7 +124,7 @@ Acad::ErrorStatus AcDbHatch::insertLoopAt(int loopIndex, Adesk::Int32 loopType,
 {
     hatch::Loop loop;
     const Acad::ErrorStatus status = edgeLoop(loopType, edgePtrs, edgeTypes, loop);
-    return status == Acad::eOk ? insertLoop(loopIndex, std::move(loop)) : status;
+    return status == Acad::eOk ? insertLoops(loopIndex, {std::move(loop)}) : status;
 }
 
 Acad::ErrorStatus AcDbHatch::insertLoopAt(int loopIndex, Adesk::Int32 loopType,
@@ -178,18 +132,20 @@ Acad::ErrorStatus AcDbHatch::insertLoopAt(int loopIndex, Adesk::Int32 loopType,
 {
     hatch::Loop loop;
     const Acad::ErrorStatus status = vertexLoop(loopType, vertices, bulges, loop);
-    return status == Acad::eOk ? insertLoop(loopIndex, std::move(loop)) : status;
+    return status == Acad::eOk ? insertLoops(loopIndex, {std::move(loop)}) : status;
 }
 
 Acad::ErrorStatus AcDbHatch::insertLoopAt(int loopIndex, Adesk::Int32 loopType,
                                           const AcDbObjectIdArray& dbObjIds)
 {
-    hatch::Loop loop;
-    loop.type = loopType;
-    const Acad::ErrorStatus status = loopOf(dbObjIds, nullptr, loop);
+    const std::vector<AcDbObjectId> sources(dbObjIds.begin(), dbObjIds.end());
+    std::vector<hatch::Loop> loops;
+    const Acad::ErrorStatus status = hatch::loopsOf(sources, nullptr, plane(), loopType, loops);
     if (status != Acad::eOk) return status;
-    if (associative()) loop.sources.assign(dbObjIds.begin(), dbObjIds.end());
-    return insertLoop(loopIndex, std::move(loop));
+    if (associative())
+        for (hatch::Loop& loop : loops)
+            loop.sources = sources;
+    return insertLoops(loopIndex, std::move(loops));
 }
 
 Acad::ErrorStatus AcDbHatch::removeLoopAt(int loopIndex)
@@ -198,27 +154,4 @@ Acad::ErrorStatus AcDbHatch::removeLoopAt(int loopIndex)
     const Acad::ErrorStatus status = beginPatternChange();
     if (status == Acad::eOk) mLoops.erase(mLoops.begin() + loopIndex);
     return status;
-}
-
-/// The loop that entities make; `open` is one of them that its user has open and cannot be opened again.
-Acad::ErrorStatus AcDbHatch::loopOf(const AcDbObjectIdArray& ids, const AcDbEntity* open,
-                                    hatch::Loop& loop) const
-{
-    const AcGeMatrix3d worldToPlane = planeToWorld().inverse();
-    const Adesk::Int32 type = loop.type & ~kPolyline;
-    hatch::Curves curves;
-    for (const AcDbObjectId& id : ids) {
-        AcDbEntity* opened = nullptr;
-        const bool isOpen = open && open->objectId() == id;
-        const Acad::ErrorStatus status = isOpen ? Acad::eOk : acdbOpenObject(opened, id);
-        if (status != Acad::eOk) return status == Acad::eNotThatKindOfClass ? Acad::eInvalidInput : status;
-        const AcDbEntity& entity = isOpen ? *open : *opened;
-        loop.type = type;
-        const bool isWhole = ids.length() == 1 && takeVertices(entity, mNormal, loop);
-        const bool isTaken = isWhole || addCurves(entity, worldToPlane, curves);
-        if (opened) opened->close();
-        if (isWhole) return Acad::eOk;
-        if (!isTaken) return Acad::eInvalidInput;
-    }
-    return loopOfCurves(std::move(curves), type, loop) ? Acad::eOk : Acad::eInvalidInput;
 }

@@ -1,5 +1,8 @@
 #include "AreaMoments.h"
 
+#include "Spline.h"
+
+#include <algorithm>
 #include <cmath>
 
 namespace kernel
@@ -41,26 +44,49 @@ Moments gauss(const CurveForm& form, double lo, double hi, const AcGePoint2d& or
     return m;
 }
 
-bool isSettled(const Moments& a, const Moments& b)
+/// What rounding leaves of the sums: that of the coordinates over the distance of the curve's far end.
+struct Noise {
+    double area = 0, second = 0;
+
+    Noise(const CurveForm& form, double lo, double hi, const AcGePoint2d& origin)
+    {
+        double reach = 0, size = std::max(std::fabs(origin.x), std::fabs(origin.y));
+        for (const double t : {lo, (lo + hi) / 2, hi}) {
+            const AcGePoint3d p = pointAt(form, t);
+            reach = std::max({reach, std::fabs(p.x - origin.x), std::fabs(p.y - origin.y)});
+        }
+        size += reach;
+        area = 1e-15 * size * reach;
+        second = area * reach * reach;
+    }
+};
+
+bool isSettled(const Moments& a, const Moments& b, const Noise& noise)
 {
-    const auto close = [](double u, double v) {
-        return std::fabs(u - v) <= 1e-13 * (std::fabs(u) + std::fabs(v));
+    const auto close = [](double u, double v, double least) {
+        return std::fabs(u - v) <= std::max(least, 1e-13 * std::fabs(v));
     };
-    const double size = std::fabs(b.area) + 1e-300;
-    return std::fabs(a.area - b.area) <= 1e-13 * size && close(a.xx, b.xx) && close(a.yy, b.yy);
+    return close(a.area, b.area, noise.area) && close(a.xx, b.xx, noise.second) && close(a.yy, b.yy, noise.second);
 }
 
-Moments settled(const CurveForm& form, double lo, double hi, const AcGePoint2d& origin, const Moments& whole,
-                int depth)
+Moments settled(const CurveForm& form, double lo, double hi, const AcGePoint2d& origin, const Noise& noise,
+                const Moments& whole, int depth)
 {
     const double middle = (lo + hi) / 2;
     const Moments left = gauss(form, lo, middle, origin), right = gauss(form, middle, hi, origin);
     Moments both = left;
     both += right;
-    if (depth == 0 || isSettled(whole, both)) return both;
-    both = settled(form, lo, middle, origin, left, depth - 1);
-    both += settled(form, middle, hi, origin, right, depth - 1);
+    if (depth == 0 || isSettled(whole, both, noise)) return both;
+    both = settled(form, lo, middle, origin, noise, left, depth - 1);
+    both += settled(form, middle, hi, origin, noise, right, depth - 1);
     return both;
+}
+
+/// The integrands are polynomials to degree 31, for which the rule is exact.
+bool isExact(const CurveForm& form)
+{
+    if (form.kind == FormKind::kLine) return true;
+    return form.kind == FormKind::kSpline && !form.spline->isRational() && form.spline->degree <= 8;
 }
 } // namespace
 
@@ -93,8 +119,8 @@ Moments momentsOf(const Run& run, const AcGePoint2d& origin)
     for (std::size_t i = 1; i < breaks.size(); ++i) {
         const double lo = breaks[i - 1], hi = breaks[i];
         const Moments whole = gauss(run.form, lo, hi, origin);
-        const bool exact = run.form.kind == FormKind::kLine;
-        m += exact ? whole : settled(run.form, lo, hi, origin, whole, kMostHalvings);
+        const Noise noise(run.form, lo, hi, origin);
+        m += isExact(run.form) ? whole : settled(run.form, lo, hi, origin, noise, whole, kMostHalvings);
     }
     if (run.forward) return m;
     return {-m.area, -m.x, -m.y, -m.xx, -m.yy, -m.xy};

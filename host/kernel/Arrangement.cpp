@@ -240,8 +240,9 @@ void Arrangement::sortByTangent(int vertex, std::vector<HalfEdge>& fan)
         const double gap =
             last ? sorted[0].first + kTwoPi - sorted[i].first : sorted[i + 1].first - sorted[i].first;
         if (gap < kClearAngle) return sortAtDistance(vertex, fan);
-        fan[i] = sorted[i].second;
     }
+    for (std::size_t i = 0; i < sorted.size(); ++i)
+        fan[i] = sorted[i].second;
 }
 
 /// Edges do not cross between vertices, so they leave every small circle in the order in which they start.

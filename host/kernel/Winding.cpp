@@ -18,10 +18,18 @@ double angleBetween(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3
     return std::atan2(ax * by - ay * bx, ax * bx + ay * by);
 }
 
-/// A span lies within its sag of its chord: a point outside of that sees it under the angle of the chord.
+/// No further than rounding lets chords and curves be told apart.
+bool isAsChord(const Span& span)
+{
+    const double size = std::fabs(span.a.x) + std::fabs(span.a.y);
+    return span.sag <= std::numeric_limits<double>::epsilon() * size || !span.canSplit();
+}
+
+/// A span lies within its sag of its chord: a point outside of that sees it under the angle of the chord. For
+/// a point on the curve the halves that hold it would have no end.
 double turnOfSpan(const Span& span, const AcGePoint3d& p)
 {
-    if (distanceToSegment(p, span.a, span.b) > span.sag || !span.canSplit())
+    if (distanceToSegment(p, span.a, span.b) > span.sag || isAsChord(span))
         return angleBetween(span.a, span.b, p);
     Span left, right;
     span.split(left, right);

@@ -77,8 +77,10 @@ public:
     /// span nothing.
     Acad::ErrorStatus appendLoop(Adesk::Int32 loopType, const AcGePoint2dArray& vertices,
                                  const AcGeDoubleArray& bulges);
-    /// The curves of entities of the database (curves, regions), which must make one closed chain in the
-    /// hatch's plane: eInvalidInput. An associative hatch follows them when they change.
+    /// The curves of entities of the database, which must make one closed chain in the hatch's plane:
+    /// eInvalidInput; a region alone may have several loops and makes as many. An associative hatch follows
+    /// them when they change: in its plane, and out of it as soon as all of them lie in one plane again.
+    /// While they make no closed chain it stays as it is.
     Acad::ErrorStatus appendLoop(Adesk::Int32 loopType, const AcDbObjectIdArray& dbObjIds);
     Acad::ErrorStatus insertLoopAt(int loopIndex, Adesk::Int32 loopType, const AcGeVoidPointerArray& edgePtrs,
                                    const AcGeIntArray& edgeTypes);
@@ -187,10 +189,9 @@ private:
     friend struct Dxf;
 
     Acad::ErrorStatus beginPatternChange();
-    Acad::ErrorStatus insertLoop(int index, hatch::Loop loop);
-    Acad::ErrorStatus loopOf(const AcDbObjectIdArray& ids, const AcDbEntity* open, hatch::Loop& loop) const;
+    Acad::ErrorStatus insertLoops(int index, std::vector<hatch::Loop> loops);
     bool follows(AcDbObjectId id) const;
-    void followAgain(const AcDbObject& source);
+    void followAgain(const AcDbEntity& source);
     /// Makes a change while the hatch is told of another object's.
     template <class Change>
     void changeWhileTold(Change change);
@@ -199,7 +200,8 @@ private:
     void mapPattern(const AcGeMatrix2d& map);
     Acad::ErrorStatus makeSegments(double finest, std::vector<hatch::Segment>& segments) const;
     void drawPattern(AcGiWorldDraw& draw) const;
-    AcGeMatrix3d planeToWorld() const;
+    hatch::Plane plane() const { return {mNormal, mElevation.z}; }
+    AcGeMatrix3d planeToWorld() const { return plane().toWorld(); }
     hatch::Gradient& needGradient();
     bool hasBackground() const { return !mBackground.isNone(); }
     static AcCmColor noColor();

@@ -3,6 +3,7 @@
 /// What a hatch is made of: the edges of its loops, the lines of its pattern, its gradient.
 
 #include "dbid.h"
+#include "gemat3d.h"
 #include "gepnt2d.h"
 
 #include <atlstr.h>
@@ -16,6 +17,14 @@
 /// Coordinates are those of the hatch's plane; angles are in radians.
 namespace hatch
 {
+/// Where a hatch lies: the XY plane of the object coordinate system of a normal, at a height.
+struct Plane {
+    AcGeVector3d normal;
+    double elevation = 0.0;
+
+    AcGeMatrix3d toWorld() const;
+};
+
 struct LineEdge {
     AcGePoint2d start, end;
 };

@@ -201,6 +201,38 @@ TEST(BoundaryTrace, CurvesOfAllKindsBoundTogether)
     EXPECT_NEAR(result.loops[0].area, 80.0 * inside / kCount, 0.3); // four standard deviations
 }
 
+TEST(BoundaryTrace, LinesThatGoOnPastATangentArcBoundLikeOthers)
+{
+    // A square of 4 with half a circle of radius 2 at its left: the top side runs on past the point of contact.
+    AcGeCircArc2d arc({0, 2}, 2, kPi / 2, 3 * kPi / 2);
+    for (const double end : {0.0, -1.0, -5.0}) {
+        Drawing drawing;
+        drawing.add(arc).line(5, 4, end, 4).line(0, 0, 4, 0).line(4, -1, 4, 4);
+        const TraceResult found = drawing.trace(2, 2);
+        ASSERT_EQ(found.status, TraceStatus::kOk) << end;
+        EXPECT_NEAR(found.loops[0].area, 16 + 2 * kPi, 1e-9);
+    }
+}
+
+TEST(BoundaryTrace, CurvesThatRepeatTheBoundaryAreNoIslands)
+{
+    // Drawn twice, as it is where its outline was made by a trace before. A point on a circle once made the
+    // search for its side endless.
+    for (const double turn : {0.0, 0.3, 1.7, 4.0}) {
+        Drawing drawing;
+        const AcGeVector2d axis(std::cos(turn), std::sin(turn));
+        for (int i = 0; i < 2; ++i) {
+            drawing.add(AcGeCircArc2d({5, -7}, 8.0, 0.0, 2 * kPi, i ? axis : AcGeVector2d::kXAxis));
+            drawing.circle(5, -7, 2);
+        }
+        const TraceResult found = drawing.trace(9, -7);
+        ASSERT_EQ(found.status, TraceStatus::kOk);
+        ASSERT_EQ(found.loops.size(), 2u);
+        EXPECT_NEAR(found.loops[0].area, 64 * kPi, 1e-9);
+        EXPECT_NEAR(found.loops[1].area, -4 * kPi, 1e-9);
+    }
+}
+
 TEST(BoundaryTrace, SplineIsCutWhereItCrossesItself)
 {
     Drawing drawing;
