@@ -24,8 +24,8 @@ bool setPattern(AcDbHatch& hatch, const CString& pattern, double scale, double a
            hatch.setPattern(AcDbHatch::kPreDefined, pattern) == Acad::eOk;
 }
 
-/// The angle of the X axis of the user coordinate system in the plane of the hatch; 0 when it stands upright on
-/// it.
+/// The angle of the X axis of the user coordinate system in the plane of the hatch; 0 when it stands upright
+/// on it.
 double turnOfUcs(const AcDbHatch& hatch)
 {
     AcGeMatrix3d ecs;

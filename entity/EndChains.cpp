@@ -19,7 +19,8 @@ public:
           m_isUsed(owner.m_curves.size(), false)
     {
         std::iota(m_byX.begin(), m_byX.end(), std::size_t{0});
-        std::sort(m_byX.begin(), m_byX.end(), [this](std::size_t a, std::size_t b) { return at(a).x < at(b).x; });
+        std::sort(m_byX.begin(), m_byX.end(),
+                  [this](std::size_t a, std::size_t b) { return at(a).x < at(b).x; });
     }
 
     bool run(std::vector<AcDbObjectIdArray>& chains)

@@ -66,7 +66,8 @@ bool isSettled(const Moments& a, const Moments& b, const Noise& noise)
     const auto close = [](double u, double v, double least) {
         return std::fabs(u - v) <= std::max(least, 1e-13 * std::fabs(v));
     };
-    return close(a.area, b.area, noise.area) && close(a.xx, b.xx, noise.second) && close(a.yy, b.yy, noise.second);
+    return close(a.area, b.area, noise.area) && close(a.xx, b.xx, noise.second) &&
+           close(a.yy, b.yy, noise.second);
 }
 
 Moments settled(const CurveForm& form, double lo, double hi, const AcGePoint2d& origin, const Noise& noise,

@@ -2,10 +2,10 @@
 
 #include "SavedDrawing.h"
 
-#include "EntityFixture.h"
 #include "dbcircle.h"
 #include "dbhatch.h"
 #include "dbline.h"
+#include "EntityFixture.h"
 
 #include <array>
 #include <fstream>
@@ -77,7 +77,9 @@ const std::vector<Maker> curves = {
      [](const Numbers& n, Results& out) {
          return CMakeEnt::MakeLine(pointAt(n, 0), pointAt(n, 3), L"", 1, out.id);
      }},
-    {"point", {1, 2, 3}, [](const Numbers& n, Results& out) { return CMakeEnt::MakePoint(pointAt(n, 0), out.id); }},
+    {"point",
+     {1, 2, 3},
+     [](const Numbers& n, Results& out) { return CMakeEnt::MakePoint(pointAt(n, 0), out.id); }},
     {"rectangle",
      {0, 0, 1, 4, 3, 0.5},
      [](const Numbers& n, Results& out) {
@@ -114,7 +116,9 @@ const std::vector<Maker> curves = {
      }},
     {"arc whose id nobody wants",
      {1, 0, 0, 0, 1, 0, -1, 0, 0},
-     [](const Numbers& n, Results&) { return CMakeEnt::MakeArc(pointAt(n, 0), pointAt(n, 3), pointAt(n, 6)); }},
+     [](const Numbers& n, Results&) {
+         return CMakeEnt::MakeArc(pointAt(n, 0), pointAt(n, 3), pointAt(n, 6));
+     }},
     {"coloured arc",
      {1, 0, 0, 0, 1, 0, -1, 0, 0},
      [](const Numbers& n, Results&) {
@@ -144,7 +148,8 @@ const std::vector<Maker> curves = {
     {"ellipse",
      {1, 2, 3, 1, 1, 0, 5, 2, 0.5, 2.5},
      [](const Numbers& n, Results& out) {
-         return CMakeEnt::MakeEllipse(pointAt(n, 0), pointAt(n, 3).asVector(), n[6], n[7], out.id, n[8], n[9]);
+         return CMakeEnt::MakeEllipse(pointAt(n, 0), pointAt(n, 3).asVector(), n[6], n[7], out.id, n[8],
+                                      n[9]);
      }},
     {"filled triangle",
      {0, 0, 0, 4, 0, 0, 0, 3, 0},
@@ -187,25 +192,39 @@ protected:
              }},
             {"filled circle",
              {},
-             [this, red](const Numbers&, Results& out) { return CMakeEnt::MakeSolid(m_circle, red, out.ids); }},
+             [this, red](const Numbers&, Results& out) {
+                 return CMakeEnt::MakeSolid(m_circle, red, out.ids);
+             }},
             {"outline of a hatch",
              {},
-             [this](const Numbers&, Results& out) { return CMakeEnt::MakeHatchBoundary(m_hatch, out.ids, 0); }},
+             [this](const Numbers&, Results& out) {
+                 return CMakeEnt::MakeHatchBoundary(m_hatch, out.ids, 0);
+             }},
             {"region of a hatch",
              {},
-             [this](const Numbers&, Results& out) { return CMakeEnt::MakeHatchBoundary(m_hatch, out.ids, 1); }},
+             [this](const Numbers&, Results& out) {
+                 return CMakeEnt::MakeHatchBoundary(m_hatch, out.ids, 1);
+             }},
             {"boundary",
              {1, 2, 3},
-             [](const Numbers& n, Results& out) { return CMakeEnt::MakeBoundary(pointAt(n, 0), out.id, 0, 0); }},
+             [](const Numbers& n, Results& out) {
+                 return CMakeEnt::MakeBoundary(pointAt(n, 0), out.id, 0, 0);
+             }},
             {"boundary as a region",
              {1, 2, 3},
-             [](const Numbers& n, Results& out) { return CMakeEnt::MakeBoundary(pointAt(n, 0), out.id, 1, 1); }},
+             [](const Numbers& n, Results& out) {
+                 return CMakeEnt::MakeBoundary(pointAt(n, 0), out.id, 1, 1);
+             }},
             {"boundaries",
              {1, 2, 3},
-             [](const Numbers& n, Results& out) { return CMakeEnt::MakeBoundary(pointAt(n, 0), out.ids, 1, 0); }},
+             [](const Numbers& n, Results& out) {
+                 return CMakeEnt::MakeBoundary(pointAt(n, 0), out.ids, 1, 0);
+             }},
             {"boundaries as regions",
              {1, 2, 3},
-             [](const Numbers& n, Results& out) { return CMakeEnt::MakeBoundary(pointAt(n, 0), out.ids, 1, 1); }},
+             [](const Numbers& n, Results& out) {
+                 return CMakeEnt::MakeBoundary(pointAt(n, 0), out.ids, 1, 1);
+             }},
         };
     }
     std::vector<Maker> makers()
@@ -282,7 +301,8 @@ TEST_F(BadInputTest, HugeNumbersAreRefusedOrMakeASoundDrawing)
     ASSERT_EQ(database()->saveAs(path.wstring().c_str()), Acad::eOk);
     const std::string text = contentsOf(path);
     for (const char* word : {"nan\n", "inf\n"})
-        EXPECT_EQ(text.find(word), std::string::npos) << word << text.substr(std::max<std::size_t>(text.find(word), 300) - 300, 300);
+        EXPECT_EQ(text.find(word), std::string::npos)
+            << word << text.substr(std::max<std::size_t>(text.find(word), 300) - 300, 300);
     AcDbDatabase again(false);
     ASSERT_EQ(again.readDwgFile(path.wstring().c_str()), Acad::eOk);
     EXPECT_FALSE(again.needsRecovery());
@@ -380,39 +400,63 @@ TEST_F(BadInputTest, FiguresWithoutExtentAreRefused)
         {"an arc on a missing layer",
          [&](Results& r) { return CMakeEnt::MakeArc(x, y, o, L"NOWHERE", 1, r.id); }},
         {"an arc with radius 0", [&](Results& r) { return CMakeEnt::MakeArc(o, 0.0, 0.0, 1.0, r.id); }},
-        {"an arc with a negative radius", [&](Results& r) { return CMakeEnt::MakeArc(o, -1.0, 0.0, 1.0, r.id); }},
+        {"an arc with a negative radius",
+         [&](Results& r) { return CMakeEnt::MakeArc(o, -1.0, 0.0, 1.0, r.id); }},
         {"a circle with radius 0", [&](Results& r) { return CMakeEnt::MakeCircle(o, 0.0, r.id); }},
         {"a circle with a negative radius", [&](Results& r) { return CMakeEnt::MakeCircle(o, -1.0, r.id); }},
         {"an ellipse without axis",
-         [&](Results& r) { return CMakeEnt::MakeEllipse(o, {0, 0, 0}, 2.0, 1.0, r.id); }},
+         [&](Results& r) {
+             return CMakeEnt::MakeEllipse(o, {0, 0, 0}, 2.0, 1.0, r.id);
+         }},
         {"an ellipse out of the plane",
-         [&](Results& r) { return CMakeEnt::MakeEllipse(o, {1, 0, 1}, 2.0, 1.0, r.id); }},
-        {"an ellipse along Z", [&](Results& r) { return CMakeEnt::MakeEllipse(o, {0, 0, 1}, 2.0, 1.0, r.id); }},
+         [&](Results& r) {
+             return CMakeEnt::MakeEllipse(o, {1, 0, 1}, 2.0, 1.0, r.id);
+         }},
+        {"an ellipse along Z",
+         [&](Results& r) {
+             return CMakeEnt::MakeEllipse(o, {0, 0, 1}, 2.0, 1.0, r.id);
+         }},
         {"an ellipse with a radius of 0",
-         [&](Results& r) { return CMakeEnt::MakeEllipse(o, {1, 0, 0}, 0.0, 1.0, r.id); }},
+         [&](Results& r) {
+             return CMakeEnt::MakeEllipse(o, {1, 0, 0}, 0.0, 1.0, r.id);
+         }},
         {"an ellipse with a negative radius",
-         [&](Results& r) { return CMakeEnt::MakeEllipse(o, {1, 0, 0}, 1.0, -1.0, r.id); }},
+         [&](Results& r) {
+             return CMakeEnt::MakeEllipse(o, {1, 0, 0}, 1.0, -1.0, r.id);
+         }},
         {"a rectangle without height", [&](Results& r) { return CMakeEnt::MakeRect(o, xx, r.id); }},
         {"a rectangle of one point", [&](Results& r) { return CMakeEnt::MakeRect(x, x, r.id); }},
         {"a line on a missing layer",
          [&](Results& r) { return CMakeEnt::MakeLine(o, x, L"NOWHERE", 1, r.id); }},
         {"a polyline without points", [&](Results& r) { return CMakeEnt::MakePline(points({}), r.id); }},
         {"a polyline of negative width",
-         [&](Results& r) { return CMakeEnt::MakePline(points({o, x}), r.id, 0, -1.0); }},
+         [&](Results& r) {
+             return CMakeEnt::MakePline(points({o, x}), r.id, 0, -1.0);
+         }},
         {"bulges without points",
          [&](Results& r) { return CMakeEnt::MakePline(points({}), r.id, AcArray<double>(), 0); }},
         {"a spline without points", [&](Results& r) { return CMakeEnt::MakeSpline(points({}), r.id); }},
         {"a spline of one point", [&](Results& r) { return CMakeEnt::MakeSpline(points({x}), r.id); }},
-        {"a spline of equal points", [&](Results& r) { return CMakeEnt::MakeSpline(points({x, x, x}), r.id); }},
+        {"a spline of equal points",
+         [&](Results& r) {
+             return CMakeEnt::MakeSpline(points({x, x, x}), r.id);
+         }},
         {"a region without points", [&](Results& r) { return taken(CMakeEnt::MakeRegion(points({})), r); }},
         {"a region of one point", [&](Results& r) { return taken(CMakeEnt::MakeRegion(points({x})), r); }},
         {"a region of points in line",
-         [&](Results& r) { return taken(CMakeEnt::MakeRegion(points({o, x, xx})), r); }},
+         [&](Results& r) {
+             return taken(CMakeEnt::MakeRegion(points({o, x, xx})), r);
+         }},
         {"a region that crosses itself",
-         [&](Results& r) { return taken(CMakeEnt::MakeRegion(points({o, {2, 2, 0}, xx, y})), r); }},
+         [&](Results& r) {
+             return taken(CMakeEnt::MakeRegion(points({o, {2, 2, 0}, xx, y})), r);
+         }},
         {"a region that is not flat",
-         [&](Results& r) { return taken(CMakeEnt::MakeRegion(points({o, xx, {2, 2, 1}, y})), r); }},
-        {"a region without curves", [&](Results& r) { return taken(CMakeEnt::MakeRegion(AcArray<void*>()), r); }},
+         [&](Results& r) {
+             return taken(CMakeEnt::MakeRegion(points({o, xx, {2, 2, 1}, y})), r);
+         }},
+        {"a region without curves",
+         [&](Results& r) { return taken(CMakeEnt::MakeRegion(AcArray<void*>()), r); }},
         {"a region of null",
          [&](Results& r) {
              AcArray<void*> curves;
@@ -420,11 +464,17 @@ TEST_F(BadInputTest, FiguresWithoutExtentAreRefused)
              return taken(CMakeEnt::MakeRegion(curves), r);
          }},
         {"a boundary at a point on a curve",
-         [&](Results& r) { return CMakeEnt::MakeBoundary({100, 0, 0}, r.id, 0, 0); }},
+         [&](Results& r) {
+             return CMakeEnt::MakeBoundary({100, 0, 0}, r.id, 0, 0);
+         }},
         {"boundaries at a point on a curve",
-         [&](Results& r) { return CMakeEnt::MakeBoundary({0, 100, 0}, r.ids, 1, 1); }},
+         [&](Results& r) {
+             return CMakeEnt::MakeBoundary({0, 100, 0}, r.ids, 1, 1);
+         }},
         {"a boundary outside of everything",
-         [&](Results& r) { return CMakeEnt::MakeBoundary({300, 0, 0}, r.id, 1, 1); }},
+         [&](Results& r) {
+             return CMakeEnt::MakeBoundary({300, 0, 0}, r.id, 1, 1);
+         }},
     };
     for (const Refused& row : rows) {
         SCOPED_TRACE(row.what);
@@ -445,10 +495,14 @@ TEST_F(BadInputTest, IdsOfNothingAndOfOtherClassesAreRefused)
     for (const auto& at : ids) {
         const AcDbObjectId id = at.second;
         const Refused rows[] = {
-            {"hatch", [&](Results& r) { return CMakeEnt::MakeHatch(listOf({id}), r.id, L"SOLID", 1.0, 0.0); }},
+            {"hatch",
+             [&](Results& r) { return CMakeEnt::MakeHatch(listOf({id}), r.id, L"SOLID", 1.0, 0.0); }},
             {"hatch with a circle",
-             [&](Results& r) { return CMakeEnt::MakeHatch(listOf({m_circle, id}), r.id, L"SOLID", 1.0, 0.0); }},
-            {"coloured hatch", [&](Results& r) { return CMakeEnt::MakeHatch(id, L"SOLID", 1.0, 0.0, red, r.id); }},
+             [&](Results& r) {
+                 return CMakeEnt::MakeHatch(listOf({m_circle, id}), r.id, L"SOLID", 1.0, 0.0);
+             }},
+            {"coloured hatch",
+             [&](Results& r) { return CMakeEnt::MakeHatch(id, L"SOLID", 1.0, 0.0, red, r.id); }},
             {"outline of a hatch", [&](Results& r) { return CMakeEnt::MakeHatchBoundary(id, r.ids, 0); }},
             {"region of a hatch", [&](Results& r) { return CMakeEnt::MakeHatchBoundary(id, r.ids, 1); }},
             {"filled curve", [&](Results& r) { return CMakeEnt::MakeSolid(id, red, r.ids); }},
@@ -458,9 +512,13 @@ TEST_F(BadInputTest, IdsOfNothingAndOfOtherClassesAreRefused)
             EXPECT_EQ(call({row.what, {}, [&](const Numbers&, Results& r) { return row.make(r); }}, {}), 0);
         }
     }
-    EXPECT_EQ(call({"hatch of a hatch", {}, [&](const Numbers&, Results& r) {
+    EXPECT_EQ(call({"hatch of a hatch",
+                    {},
+                    [&](const Numbers&, Results& r) {
                         return CMakeEnt::MakeHatch(listOf({m_hatch}), r.id, L"SOLID", 1.0, 0.0);
-                    }}, {}), 0);
+                    }},
+                   {}),
+              0);
 }
 
 TEST_F(BadInputTest, HatchesOfBadPatternsAndListsAreRefused)

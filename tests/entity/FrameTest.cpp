@@ -2,7 +2,6 @@
 
 #include "SavedDrawing.h"
 
-#include "EntityFixture.h"
 #include "dbcircle.h"
 #include "dbelipse.h"
 #include "dbhatch.h"
@@ -10,6 +9,7 @@
 #include "dbpoint.h"
 #include "dbsolid.h"
 #include "dbspline.h"
+#include "EntityFixture.h"
 
 namespace
 {
@@ -163,7 +163,8 @@ TEST_P(FrameTest, SixFormsOfArcsRunThroughTheirPoints)
         expectAt(pointOf(id, 0.5), b);
         expectAt(pointOf(id, 1.0), c);
         EXPECT_NEAR(lengthOf(id), 5 * kPi, slack());
-        EXPECT_NEAR(Open<AcDbArc>(id)->normal().dotProduct(GetParam().x.crossProduct(GetParam().y)), 1.0, 1e-9);
+        EXPECT_NEAR(Open<AcDbArc>(id)->normal().dotProduct(GetParam().x.crossProduct(GetParam().y)), 1.0,
+                    1e-9);
     }
 }
 
@@ -201,7 +202,8 @@ TEST_P(FrameTest, RectanglesAndSplinesLieWhereTheyAreDrawn)
 
 TEST_P(FrameTest, TrianglesOfAConcaveOutlineCoverItOnce)
 {
-    // A comb of three teeth: 7 x 1 for its back and three of 1 x 4, with half a circle of radius 0.5 at its left.
+    // A comb of three teeth: 7 x 1 for its back and three of 1 x 4, with half a circle of radius 0.5 at its
+    // left.
     const double corners[][2] = {{0, 0}, {7, 0}, {7, 5}, {6, 5}, {6, 1}, {4, 1}, {4, 5},
                                  {3, 5}, {3, 1}, {1, 1}, {1, 5}, {0, 5}, {0, 1}};
     AcDbObjectIdArray sides;
@@ -230,7 +232,8 @@ TEST_P(FrameTest, TrianglesOfAConcaveOutlineCoverItOnce)
 
 TEST_P(FrameTest, HatchesLeaveOutEverySecondIsland)
 {
-    const auto ids = listOf({circle(5, 5, 3), rectangle(0, 0, 10, 10), ellipse(5, 5, 2, 1), circle(5, 5, 0.5)});
+    const auto ids =
+        listOf({circle(5, 5, 3), rectangle(0, 0, 10, 10), ellipse(5, 5, 2, 1), circle(5, 5, 0.5)});
     AcDbObjectId hatch;
     ASSERT_EQ(CMakeEnt::MakeHatch(ids, hatch, L"ANSI31", 1.0, 0.0), 1);
     EXPECT_NEAR(areaOf(hatch), 100 - 9 * kPi + 2 * kPi - 0.25 * kPi, 1e-5);
@@ -317,8 +320,8 @@ TEST_P(FrameTest, RegionsHaveTheirAreasAndCentroids)
     double perimeter, area, inertia[2], product, principal[2], radii[2];
     AcGePoint2d centroid, low, high;
     AcGeVector2d axes[2];
-    ASSERT_EQ(region->getAreaProp(origin, x, y, perimeter, area, centroid, inertia, product, principal, axes, radii,
-                                  low, high),
+    ASSERT_EQ(region->getAreaProp(origin, x, y, perimeter, area, centroid, inertia, product, principal, axes,
+                                  radii, low, high),
               Acad::eOk);
     EXPECT_NEAR(area, 9.0, 1e-6);
     EXPECT_NEAR(perimeter, 9 + std::sqrt(45.0), 1e-6);
@@ -397,8 +400,8 @@ std::vector<double> measuresOf(AcDbDatabase& drawing)
         if (const auto* hatch = AcDbHatch::cast(entity.object())) hatch->getArea(area);
         AcDbExtents box;
         EXPECT_EQ(entity->getGeomExtents(box), Acad::eOk);
-        for (const double value : {area, box.minPoint().x, box.minPoint().y, box.minPoint().z, box.maxPoint().x,
-                                   box.maxPoint().y, box.maxPoint().z})
+        for (const double value : {area, box.minPoint().x, box.minPoint().y, box.minPoint().z,
+                                   box.maxPoint().x, box.maxPoint().y, box.maxPoint().z})
             measures.push_back(value);
     }
     return measures;

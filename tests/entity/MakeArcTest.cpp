@@ -30,18 +30,6 @@ TEST_F(MakeArc, ThreePointsAreOnTheArcInEitherDirection)
     }
 }
 
-TEST_F(MakeArc, PointsInLineOrEqualMakeNone)
-{
-    AcDbObjectId id;
-    EXPECT_EQ(CMakeEnt::MakeArc(east, {0, 0, 0}, west), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc(east, east, west, 1), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc(east, north, east, id), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc(east, north, west, L"NOWHERE", 1, id), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc({0, 0, 0}, 0.0, 0.0, 1.0, id), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc({0, 0, 0}, -1.0, 0.0, 1.0, id), 0);
-    EXPECT_EQ(entityCount(), 0);
-}
-
 TEST_F(MakeArc, PointerFormGivesTheArcOpenForWrite)
 {
     AcDbArc* arc = nullptr;

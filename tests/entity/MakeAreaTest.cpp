@@ -101,25 +101,6 @@ TEST_F(MakeHatch, OpenCurvesMakeChainsInAnyOrderAndPlane)
     EXPECT_NEAR(box.maxPoint().z, 4.0, 1e-3);
 }
 
-TEST_F(MakeHatch, BadInputAddsNothing)
-{
-    AcDbObjectId line, id;
-    ASSERT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {4, 0, 0}, line), 1);
-    const AcDbObjectId round = circle(0, 0, 1);
-    const int before = entityCount();
-    EXPECT_EQ(CMakeEnt::MakeHatch(AcDbObjectIdArray(), id, L"SOLID", 1.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({AcDbObjectId()}), id, L"SOLID", 1.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({line}), id, L"SOLID", 1.0, 0.0), 0) << "an open chain";
-    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round, line}), id, L"SOLID", 1.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"no such pattern", 1.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"ANSI31", 0.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"ANSI31", kNan, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"ANSI31", 1.0, kInf), 0);
-    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({round}), id, L"ANSI31", 1e-9, 0.0), 0) << "too dense";
-    EXPECT_TRUE(id.isNull());
-    EXPECT_EQ(entityCount(), before);
-}
-
 TEST_F(MakeHatchBoundary, PolylinesEncloseTheAreaOfTheLoops)
 {
     turnUcs();
@@ -192,17 +173,6 @@ TEST_F(MakeRegion, PolygonIsClosedOnceAndInTheWorld)
     EXPECT_POINT(box.maxPoint(), 10, 24, 1);
     EXPECT_EQ(region->database(), nullptr);
     EXPECT_EQ(entityCount(), 0);
-}
-
-TEST_F(MakeRegion, BadPolygonsMakeNone)
-{
-    EXPECT_EQ(CMakeEnt::MakeRegion(AcGePoint3dArray()), nullptr);
-    EXPECT_EQ(CMakeEnt::MakeRegion(polygon({{0, 0, 0}, {1, 0, 0}})), nullptr);
-    EXPECT_EQ(CMakeEnt::MakeRegion(polygon({{1, 1, 0}, {1, 1, 0}, {1, 1, 0}})), nullptr);
-    EXPECT_EQ(CMakeEnt::MakeRegion(polygon({{0, 0, 0}, {2, 2, 0}, {2, 0, 0}, {0, 1, 0}})), nullptr)
-        << "it crosses itself";
-    EXPECT_EQ(CMakeEnt::MakeRegion(polygon({{0, 0, 0}, {2, 0, 0}, {2, 2, 1}, {0, 2, 0}})), nullptr)
-        << "it is not flat";
 }
 
 TEST_F(MakeRegion, ChainsOfCurvesCountByTurns)

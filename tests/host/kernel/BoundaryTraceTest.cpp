@@ -203,7 +203,8 @@ TEST(BoundaryTrace, CurvesOfAllKindsBoundTogether)
 
 TEST(BoundaryTrace, LinesThatGoOnPastATangentArcBoundLikeOthers)
 {
-    // A square of 4 with half a circle of radius 2 at its left: the top side runs on past the point of contact.
+    // A square of 4 with half a circle of radius 2 at its left: the top side runs on past the point of
+    // contact.
     AcGeCircArc2d arc({0, 2}, 2, kPi / 2, 3 * kPi / 2);
     for (const double end : {0.0, -1.0, -5.0}) {
         Drawing drawing;
