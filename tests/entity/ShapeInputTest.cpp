@@ -161,7 +161,7 @@ const std::vector<Maker> curves = {
      [](const Numbers& n, Results& out) { return taken(CMakeEnt::MakeRegion(pointsOf(n, 3)), out); }},
 };
 
-class BadInputTest : public EntityTest
+class ShapeInputTest : public EntityTest
 {
 protected:
     void SetUp() override
@@ -264,7 +264,7 @@ void setRotatedUcs()
     ASSERT_EQ(acedSetCurrentUCS(ucs), Acad::eOk);
 }
 
-TEST_F(BadInputTest, NumbersThatAreNotFiniteAreRefusedInEveryPlace)
+TEST_F(ShapeInputTest, NumbersThatAreNotFiniteAreRefusedInEveryPlace)
 {
     for (const bool isRotated : {false, true}) {
         if (isRotated) setRotatedUcs();
@@ -285,7 +285,7 @@ std::string contentsOf(const std::filesystem::path& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST_F(BadInputTest, HugeNumbersAreRefusedOrMakeASoundDrawing)
+TEST_F(ShapeInputTest, HugeNumbersAreRefusedOrMakeASoundDrawing)
 {
     setRotatedUcs();
     const dxftest::OutputFolder folder;
@@ -308,7 +308,7 @@ TEST_F(BadInputTest, HugeNumbersAreRefusedOrMakeASoundDrawing)
     EXPECT_FALSE(again.needsRecovery());
 }
 
-TEST_F(BadInputTest, GoodNumbersMakeOneThingEach)
+TEST_F(ShapeInputTest, GoodNumbersMakeOneThingEach)
 {
     for (const Maker& maker : makers()) {
         SCOPED_TRACE(maker.name);
@@ -316,7 +316,7 @@ TEST_F(BadInputTest, GoodNumbersMakeOneThingEach)
     }
 }
 
-TEST_F(BadInputTest, DocumentThatIsNotLockedTakesNothing)
+TEST_F(ShapeInputTest, DocumentThatIsNotLockedTakesNothing)
 {
     m_lock.unlock();
     for (const Maker& maker : makers()) {
@@ -330,7 +330,7 @@ TEST_F(BadInputTest, DocumentThatIsNotLockedTakesNothing)
     m_lock.lock(database());
 }
 
-TEST_F(BadInputTest, SpaceThatSomebodyReadsTakesNothing)
+TEST_F(ShapeInputTest, SpaceThatSomebodyReadsTakesNothing)
 {
     const Open<AcDbBlockTableRecord> space(database()->currentSpaceId());
     for (const Maker& maker : makers()) {
@@ -343,7 +343,7 @@ TEST_F(BadInputTest, SpaceThatSomebodyReadsTakesNothing)
     }
 }
 
-TEST_F(BadInputTest, WithoutAWorkingDrawingNothingIsMade)
+TEST_F(ShapeInputTest, WithoutAWorkingDrawingNothingIsMade)
 {
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
     for (const Maker& maker : makers()) {
@@ -356,7 +356,7 @@ TEST_F(BadInputTest, WithoutAWorkingDrawingNothingIsMade)
     acdbHostApplicationServices()->setWorkingDatabase(database());
 }
 
-TEST_F(BadInputTest, CurrentLayerThatIsLockedFrozenOrOffTakesEverything)
+TEST_F(ShapeInputTest, CurrentLayerThatIsLockedFrozenOrOffTakesEverything)
 {
     const std::vector<std::function<void(AcDbLayerTableRecord&)>> states = {
         [](AcDbLayerTableRecord& layer) { layer.setIsLocked(true); },
@@ -384,7 +384,7 @@ struct Refused {
     std::function<int(Results&)> make;
 };
 
-TEST_F(BadInputTest, FiguresWithoutExtentAreRefused)
+TEST_F(ShapeInputTest, FiguresWithoutExtentAreRefused)
 {
     const AcGePoint3d o(0, 0, 0), x(1, 0, 0), xx(2, 0, 0), y(0, 1, 0);
     const auto points = [](std::initializer_list<AcGePoint3d> list) {
@@ -482,7 +482,7 @@ TEST_F(BadInputTest, FiguresWithoutExtentAreRefused)
     }
 }
 
-TEST_F(BadInputTest, IdsOfNothingAndOfOtherClassesAreRefused)
+TEST_F(ShapeInputTest, IdsOfNothingAndOfOtherClassesAreRefused)
 {
     AcCmColor red;
     red.setColorIndex(1);
@@ -521,7 +521,7 @@ TEST_F(BadInputTest, IdsOfNothingAndOfOtherClassesAreRefused)
               0);
 }
 
-TEST_F(BadInputTest, HatchesOfBadPatternsAndListsAreRefused)
+TEST_F(ShapeInputTest, HatchesOfBadPatternsAndListsAreRefused)
 {
     AcDbObjectId raised, tilted;
     ASSERT_EQ(CMakeEnt::MakeCircle({0, 0, 5}, 10.0, raised), 1);
@@ -547,7 +547,7 @@ TEST_F(BadInputTest, HatchesOfBadPatternsAndListsAreRefused)
     }
 }
 
-TEST_F(BadInputTest, EntitiesThatSomebodyChangesAreRefused)
+TEST_F(ShapeInputTest, EntitiesThatSomebodyChangesAreRefused)
 {
     AcCmColor red;
     red.setColorIndex(1);
