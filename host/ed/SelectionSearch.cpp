@@ -1,6 +1,7 @@
 #include "SelectionSearch.h"
 
 #include "dbblkref.h"
+#include "SpaceIndex.h"
 #include "SpaceOrder.h"
 
 namespace
@@ -29,10 +30,25 @@ const SelectionSearch::Entities& SelectionSearch::candidates()
     if (mHasCandidates) return mCandidates;
     mHasCandidates = true;
     mCandidates = uppermostFirst(mDatabase.currentSpaceId());
-    const auto end = std::remove_if(mCandidates.begin(), mCandidates.end(),
-                                    [this](const AcDbEntity* entity) { return !isSeen(*entity); });
-    mCandidates.erase(end, mCandidates.end());
+    dropUnseen(mCandidates);
     return mCandidates;
+}
+
+void SelectionSearch::dropUnseen(Entities& entities)
+{
+    const auto end = std::remove_if(entities.begin(), entities.end(),
+                                    [this](const AcDbEntity* entity) { return !isSeen(*entity); });
+    entities.erase(end, entities.end());
+}
+
+/// Those of the candidates that may meet an area.
+const SelectionSearch::Entities& SelectionSearch::near(const SelectionArea& area)
+{
+    SpaceIndex* index = SpaceIndex::of(mDatabase, mView.toPlane);
+    if (!index) return candidates();
+    mNear = index->near(area.box());
+    dropUnseen(mNear);
+    return mNear;
 }
 
 /// `judge` is asked about entities whose box does not tell: whether all of it, or none, is in the area.
@@ -43,7 +59,7 @@ std::vector<AcDbObjectId> SelectionSearch::search(const SelectionArea& area, std
     EntityBoxes boxes(mView.toPlane);
     std::vector<AcDbObjectId> found;
     PlaneBox box;
-    for (const AcDbEntity* entity : candidates()) {
+    for (const AcDbEntity* entity : near(area)) {
         const bool hasBox = boxes.boxOf(*entity, box);
         if (hasBox && !area.mayMeet(box)) continue;
         const bool isAllIn = hasBox && isOfOnePiece(*entity) && area.holds(box);

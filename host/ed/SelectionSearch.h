@@ -36,6 +36,8 @@ public:
 private:
     using Entities = std::vector<const AcDbEntity*>;
     const Entities& candidates();
+    const Entities& near(const SelectionArea& area);
+    void dropUnseen(Entities& entities);
     bool isSeen(const AcDbEntity& entity);
     template <class Judge>
     std::vector<AcDbObjectId> search(const SelectionArea& area, std::size_t most, Judge judge);
@@ -43,7 +45,7 @@ private:
     AcDbDatabase& mDatabase;
     SelectionView mView;
     LayerStates mLayers;
-    Entities mCandidates;
+    Entities mCandidates, mNear;
     bool mHasCandidates = false;
 };
 } // namespace ed

@@ -7,6 +7,7 @@
 #include "Stub.h"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 
 namespace
@@ -18,12 +19,12 @@ const AcDbEntity* livingEntity(AcDbObjectId id)
     return id.isErased() ? nullptr : AcDbEntity::cast(residentObject(id));
 }
 
-Entities reversed(const std::vector<AcDbObjectId>& ids)
+Entities living(const std::vector<AcDbObjectId>& ids)
 {
     Entities entities;
     entities.reserve(ids.size());
-    for (auto id = ids.rbegin(); id != ids.rend(); ++id) {
-        if (const AcDbEntity* entity = livingEntity(*id)) entities.push_back(entity);
+    for (const AcDbObjectId id : ids) {
+        if (const AcDbEntity* entity = livingEntity(id)) entities.push_back(entity);
     }
     return entities;
 }
@@ -54,21 +55,24 @@ Entities merged(const Entities& one, const Entities& other)
 }
 } // namespace
 
-std::vector<const AcDbEntity*> ed::uppermostFirst(AcDbObjectId blockId)
+std::vector<AcDbObjectId> ed::idsUppermostFirst(AcDbObjectId blockId)
 {
     const auto* block = AcDbBlockTableRecord::cast(residentObject(blockId));
     if (!block) return {};
     AcDbObjectIdArray order;
     const AcDbSortentsTable* table = drawOrderOf(*block);
-    if (!table || table->getFullDrawOrder(order) != Acad::eOk) return reversed(block->entityIds());
-    return reversed({order.begin(), order.end()});
+    if (table && table->getFullDrawOrder(order) == Acad::eOk)
+        return {std::make_reverse_iterator(order.end()), std::make_reverse_iterator(order.begin())};
+    return {block->entityIds().rbegin(), block->entityIds().rend()};
 }
+
+std::vector<const AcDbEntity*> ed::uppermostFirst(AcDbObjectId block) { return living(idsUppermostFirst(block)); }
 
 std::vector<const AcDbEntity*> ed::newestFirst(const AcDbDatabase& database)
 {
     Entities all;
     for (const AcDbBlockTableRecord* space : spacesOf(database)) {
-        Entities ofSpace = reversed(space->entityIds());
+        Entities ofSpace = living({space->entityIds().rbegin(), space->entityIds().rend()});
         all = all.empty() ? std::move(ofSpace) : merged(all, ofSpace);
     }
     return all;

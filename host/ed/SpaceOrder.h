@@ -8,7 +8,9 @@
 
 namespace ed
 {
-/// The living entities of a block, the uppermost first: the last one drawn.
+/// The entities of a block, the uppermost first: the last one drawn. Erased ones may be among them.
+std::vector<AcDbObjectId> idsUppermostFirst(AcDbObjectId block);
+/// The living ones.
 std::vector<const AcDbEntity*> uppermostFirst(AcDbObjectId block);
 /// Those of model space and of all layouts, the newest first, each space in the order of its own.
 std::vector<const AcDbEntity*> newestFirst(const AcDbDatabase& database);
