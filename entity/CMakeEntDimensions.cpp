@@ -47,6 +47,7 @@ std::unique_ptr<AcDbEntity> ordinate(const AcGePoint3d& pt, int side, double len
                                                              pt + length * along, nullptr, style);
     dimension->setDatabaseDefaults();
     dimension->setDimensionStyle(style);
+    dimension->setElevation(pt.z); // the leader starts at the point, and not below it
     if (!CArxUtils::CUcsWcs::UcsToWcs(dimension.get())) return nullptr;
     return dimension;
 }

@@ -61,7 +61,7 @@ Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode)
 
 Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal)
 {
-    if (normal.isZeroLength()) return Acad::eInvalidInput;
+    if (normal.isZeroLength() || !std::isfinite(normal.lengthSqrd())) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status == Acad::eOk) mNormal = normal.normal();
     return status;
@@ -69,6 +69,7 @@ Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal)
 
 Acad::ErrorStatus AcDbText::setThickness(double thickness)
 {
+    if (!std::isfinite(thickness)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status == Acad::eOk) mThickness = thickness;
     return status;

@@ -109,6 +109,7 @@ void AcDbText::stretch(const AcGiTextStyle& style, double length)
     AcGeVector3d along = mAlignment - mPosition;
     if (along.isZeroLength() || !(length > 0.0)) return;
     const double factor = along.length() / length;
+    if (!std::isfinite(factor)) return;
     // Mirrored texts run against their direction.
     if (style.isVertical ? style.isUpsideDown : style.isBackward) along = -along;
     mRotation = std::atan2(along.y, along.x);

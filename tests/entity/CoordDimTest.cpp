@@ -73,14 +73,13 @@ void CoordDim::expectDrawn(const AcDbOrdinateDimension& dimension, const AcGePoi
 {
     const Picture picture = pictureOf(dimension.dimBlockId());
     ASSERT_EQ(picture.lines.size(), 1u) << "a straight leader has no legs";
-    constexpr double offset = 0.0625;           // DIMEXO of "Standard": the leader starts beside the point
-    const AcGePoint3d inPlane(pt.x, pt.y, 0.0); // dimensions lie in the plane of their origin
-    EXPECT_POINT(picture.lines[0].first, m_toWorld * (inPlane + offset * side));
-    EXPECT_POINT(picture.lines[0].second, m_toWorld * (inPlane + length * side));
+    constexpr double offset = 0.0625; // DIMEXO of "Standard": the leader starts beside the point
+    EXPECT_POINT(picture.lines[0].first, m_toWorld * (pt + offset * side));
+    EXPECT_POINT(picture.lines[0].second, m_toWorld * (pt + length * side));
     ASSERT_EQ(picture.texts, 1);
     const bool measuresX = side.x == 0.0;
     EXPECT_EQ(picture.text, shown(std::fabs(measuresX ? pt.x : pt.y)));
-    const AcGeVector3d beyond = m_toWorld.inverse() * picture.textAt - (inPlane + length * side);
+    const AcGeVector3d beyond = m_toWorld.inverse() * picture.textAt - (pt + length * side);
     EXPECT_GT(beyond.dotProduct(side), 0.09) << "behind the end and DIMGAP";
     EXPECT_LT(beyond.crossProduct(side).length(), 1e-9) << "in line with the leader";
     // It reads along the leader, to the right or upwards.
@@ -92,7 +91,7 @@ TEST_F(CoordDim, EachMeasuresTheRightOrdinateInEveryCoordinateSystem)
 {
     constexpr double length = 12.0;
     for (int ucs = 0; ucs < 4; ++ucs)
-        for (const AcGePoint3d& pt : {AcGePoint3d(30, 40, 0), AcGePoint3d(-5, 0.25, 0)})
+        for (const AcGePoint3d& pt : {AcGePoint3d(30, 40, 6), AcGePoint3d(-5, 0.25, 0)})
             for (int side = -2; side < 4; ++side) {
                 setUcs(ucs);
                 SCOPED_TRACE(testing::Message() << "UCS " << ucs << ", side " << side << ", x " << pt.x);

@@ -38,24 +38,6 @@ TEST_F(MakeGroup, EntitiesBelongInTheirOrder)
     EXPECT_EQ(Open<AcDbGroup>(anonymous)->name(), L"*A1");
 }
 
-TEST_F(MakeGroup, BadNamesAndIdsMakeNone)
-{
-    const AcDbObjectIdArray lines = twoLines();
-    AcDbObjectId taken, id;
-    ASSERT_EQ(CMakeEnt::MakeGroup(L"TAKEN", lines, taken), 1);
-    for (const wchar_t* name : {L"", L"taken", L"a*", L"a|b"})
-        EXPECT_EQ(CMakeEnt::MakeGroup(name, lines, id), 0) << name;
-    AcDbObjectIdArray bad = lines;
-    bad.append(AcDbObjectId());
-    EXPECT_EQ(CMakeEnt::MakeGroup(L"NEW", bad, id), 0);
-    bad.last() = database()->layerZero();
-    EXPECT_EQ(CMakeEnt::MakeNoNameGroup(bad, id), 0);
-    EXPECT_EQ(CMakeEnt::MakeNoNameGroup(AcDbObjectIdArray(), id), 0);
-    EXPECT_TRUE(id.isNull());
-    const Open<AcDbDictionary> groups(database()->groupDictionaryId());
-    EXPECT_EQ(groups->numEntries(), 1u);
-}
-
 TEST_F(MakeGroup, OnlyAnonymousGroupsAreDissolved)
 {
     const AcDbObjectIdArray lines = twoLines();

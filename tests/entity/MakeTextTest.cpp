@@ -25,38 +25,6 @@ TEST_F(MakeText, PositionHeightAndRotationAreTaken)
     EXPECT_EQ(text->textStyle(), database()->textstyle());
 }
 
-TEST_F(MakeText, EachAlignmentHangsItsCornerOnThePoint)
-{
-    // For every alignment: where the point is in the box around the drawn text, from 0 to 1; the capitals
-    // fill the box.
-    struct Case {
-        _Aligment aligment;
-        double x, y;
-    };
-    const Case cases[] = {
-        {kAligLeft, 0, 0},          {kAligCenter, 0.5, 0},     {kAligRight, 1, 0},
-        {kAligMiddle, 0.5, 0.5},    {kAligTopLeft, 0, 1},      {kAligTopCenter, 0.5, 1},
-        {kAligTopRight, 1, 1},      {kAligMiddleLeft, 0, 0.5}, {kAligMiddleCenter, 0.5, 0.5},
-        {kAligMiddleRight, 1, 0.5}, {kAligBottomLeft, 0, 0},   {kAligBottomCenter, 0.5, 0},
-        {kAligBottomRight, 1, 0}};
-    const AcGePoint3d at(100, 50, 0);
-    for (const Case& c : cases) {
-        AcDbObjectId id;
-        ASSERT_EQ(CMakeEnt::MakeText(at, L"HHHH", id, 10.0, c.aligment, 0.0), 1) << c.aligment;
-        const Open<AcDbText> text(id);
-        AcDbExtents box;
-        ASSERT_EQ(text->getGeomExtents(box), Acad::eOk);
-        const AcGeVector3d size = box.maxPoint() - box.minPoint();
-        // The spaces beside the letters belong to the alignment, and bottoms lie below the baseline.
-        EXPECT_NEAR((at.x - box.minPoint().x) / size.x, c.x, 0.1) << c.aligment;
-        EXPECT_NEAR((at.y - box.minPoint().y) / size.y, c.y, 0.4) << c.aligment;
-        EXPECT_EQ(text->isDefaultAlignment(), c.aligment == kAligLeft);
-    }
-    AcDbObjectId id;
-    EXPECT_EQ(CMakeEnt::MakeText(at, L"H", id, 10.0, static_cast<_Aligment>(99), 0.0), 0);
-    EXPECT_TRUE(id.isNull());
-}
-
 TEST_F(MakeText, ClassChoosesTheEntityAndTheStyleItsHeight)
 {
     database()->setTextsize(4.0);
@@ -84,19 +52,6 @@ TEST_F(MakeText, ClassChoosesTheEntityAndTheStyleItsHeight)
     ASSERT_EQ(CMakeEnt::MakeTxtStyle(L"Standard", L"txt.shx", 7.5, 1.0, 0.0), 1);
     ASSERT_EQ(CMakeEnt::MakeText(kSoftCommon, {0, 0, 0}, L"a", line, kAligLeft, kTextClassLine), 1);
     EXPECT_EQ(Open<AcDbText>(line)->height(), 7.5);
-}
-
-TEST_F(MakeText, BadTextOrHeightAddsNothing)
-{
-    AcDbObjectId id;
-    EXPECT_EQ(CMakeEnt::MakeText({0, 0, 0}, nullptr, id, 1.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeText({0, 0, 0}, L"a\nb", id, 1.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeText({0, 0, 0}, L"a", id, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeMText({0, 0, 0}, nullptr, AcDbObjectId::kNull, 1.0, 0.0, id), 0);
-    EXPECT_EQ(CMakeEnt::MakeMText({0, 0, 0}, L"a", AcDbObjectId::kNull, 1.0, -2.0, id), 0);
-    EXPECT_EQ(CMakeEnt::MakeMText({0, 0, 0}, L"a", database()->layerZero(), 1.0, 0.0, id), 0)
-        << "no text style";
-    EXPECT_EQ(entityCount(), 0);
 }
 
 TEST_F(MakeMText, FrameHangsOnItsTopLeftCorner)
@@ -152,6 +107,27 @@ TEST_F(CopyText, DataGoesAlongAndGroupsDoNot)
     EXPECT_EQ(Open<AcDbGroup>(group)->numEntities(), 2u);
 }
 
+TEST_F(CopyText, CopyLiesInTheBlockOfItsOriginal)
+{
+    AcDbObjectId block, source, copy;
+    {
+        const AcDbBlockTablePointer table(database(), AcDb::kForWrite);
+        auto* const record = new AcDbBlockTableRecord;
+        record->setName(L"LABEL");
+        ASSERT_EQ(table->add(block, record), Acad::eOk);
+        auto* const text = new AcDbText({1, 2, 0}, L"one");
+        ASSERT_EQ(record->appendAcDbEntity(source, text), Acad::eOk);
+        text->close();
+        record->close();
+    }
+    ASSERT_EQ(CMakeEnt::CopyText(source, L"two", copy), 1);
+    EXPECT_EQ(Open<AcDbText>(copy)->ownerId(), block);
+    EXPECT_EQ(entityCount(), 0);
+    const Open<AcDbBlockTableRecord> held(block);
+    EXPECT_EQ(CMakeEnt::CopyText(source, L"three", copy), 0) << "somebody reads the block";
+    EXPECT_EQ(held->entityIds().size(), 2u);
+}
+
 TEST_F(CopyText, OtherObjectsAreNotCopied)
 {
     AcDbObjectId circle, erased, id;
@@ -181,18 +157,4 @@ TEST_F(MakeTxtStyle, FilesBigFontsAndTypefacesAreToldApart)
     acutDelString(typeface);
 }
 
-TEST_F(MakeTxtStyle, RefusedValuesLeaveAnExistingStyleAsItWas)
-{
-    ASSERT_EQ(CMakeEnt::MakeTxtStyle(L"KEEP", L"txt.shx", 3.0, 0.8, 0.0), 1);
-    EXPECT_EQ(CMakeEnt::MakeTxtStyle(L"KEEP", L"other.shx", 5.0, 1000.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeTxtStyle(L"NEW", L"other.shx", -5.0, 1.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeTxtStyle(L"a<b", L"other.shx", 5.0, 1.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeTxtStyle(L"", L"other.shx", 5.0, 1.0, 0.0), 0);
-    EXPECT_EQ(CMakeEnt::MakeTxtStyle(L"NEW", L"", 5.0, 1.0, 0.0), 0);
-    const AcDbTextStyleTableRecordPointer kept(L"KEEP", database());
-    EXPECT_EQ(kept->textSize(), 3.0);
-    EXPECT_EQ(kept->fileName(), L"txt.shx");
-    const AcDbTextStyleTablePointer styles(database());
-    EXPECT_FALSE(styles->has(L"NEW"));
-}
 } // namespace

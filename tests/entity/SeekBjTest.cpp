@@ -1,5 +1,7 @@
 #include "EntityFixture.h"
 
+#include "dbline.h"
+
 namespace
 {
 using SeekBj = EntityTest;
@@ -19,6 +21,30 @@ TEST_F(SeekBj, UppermostEntityUnderThePickBoxOnTheLayerIsFound)
     EXPECT_EQ(CMakeEnt::SeekBj({5, 3, 0}, L"WALL*", found), 0);
     EXPECT_EQ(CMakeEnt::SeekBj({kNan, 0, 0}, L"", found), 0);
     EXPECT_EQ(found, wall);
+}
+
+TEST_F(SeekBj, OnlyWhatIsShownIsFound)
+{
+    const AcDbObjectId layer = addLayer(L"STATE", true);
+    AcDbObjectId line, found;
+    ASSERT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {10, 0, 0}, L"STATE", 1, line), 1);
+    EXPECT_EQ(CMakeEnt::SeekBj({5, 0, 0}, L"", found), 1) << "locked layers are shown";
+    EXPECT_EQ(found, line);
+    Open<AcDbLayerTableRecord>(layer, AcDb::kForWrite)->setIsOff(true);
+    EXPECT_EQ(CMakeEnt::SeekBj({5, 0, 0}, L"", found), 0);
+    {
+        const Open<AcDbLayerTableRecord> state(layer, AcDb::kForWrite);
+        state->setIsOff(false);
+        state->setIsFrozen(true);
+    }
+    EXPECT_EQ(CMakeEnt::SeekBj({5, 0, 0}, L"", found), 0);
+    {
+        const Open<AcDbLayerTableRecord> state(layer, AcDb::kForWrite);
+        state->setIsFrozen(false);
+        state->setIsLocked(false);
+    }
+    Open<AcDbLine>(line, AcDb::kForWrite)->erase();
+    EXPECT_EQ(CMakeEnt::SeekBj({5, 0, 0}, L"", found), 0);
 }
 
 TEST_F(SeekBj, MembersOfItsGroupElsewhereAreNotTakenForIt)

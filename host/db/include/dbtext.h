@@ -39,9 +39,10 @@ public:
     virtual Acad::ErrorStatus adjustAlignment(const AcDbDatabase* db = nullptr);
 
     AcGeVector3d normal() const { return mNormal; }
-    /// eInvalidInput for a zero vector.
+    /// eInvalidInput for a vector that is zero or not finite.
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
     double thickness() const { return mThickness; }
+    /// eInvalidInput unless finite.
     Acad::ErrorStatus setThickness(double thickness);
     double rotation() const { return mRotation; }
     Acad::ErrorStatus setRotation(double rotation);
