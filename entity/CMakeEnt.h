@@ -115,8 +115,9 @@ public:
 
     // Texts. Heights are those of capital letters; rotations are radians from the user's X axis. What a text
     // says is kept as it stands: %%d, %%c, %%p, %%u, %%o and \U+XXXX are codes to AutoCAD. Width factor,
-    // slant and mirroring are the current text style's. In a vertical style the letters stand below each
-    // other along the rotation, upright at 3/2 pi, and alignments count along the column.
+    // slant and mirroring are the current text style's. In a vertical style the letters of a line stand below
+    // each other along the rotation, upright at 3/2 pi, and alignments count along the column; the lines of a
+    // paragraph are columns, upright at 0.
 
     /// A text whose baseline starts at the point. 0 for null, for line breaks and unless the height is above
     /// 0.

@@ -31,6 +31,7 @@ lettering::MTextLayout layOut(const std::wstring& contents, AcDbObjectId style, 
     format.widthFactor = look.look.widthFactor;
     format.obliqueAngle = look.look.obliqueAngle;
     format.place = lettering::LinePlace::middle;
+    format.isVertical = text.isVertical;
     lettering::MTextBox box;
     box.attachment = lettering::Attachment::middleCenter;
     return lettering::layoutMText(contents, format, box);

@@ -1,5 +1,7 @@
 #include "Font.h"
 
+#include "FontSubstitutes.h"
+
 namespace lettering
 {
 namespace
@@ -28,6 +30,13 @@ void fit(Glyph& glyph, double scale, double rise)
         for (AcGePoint2d& point : contour)
             point = moved(point);
 }
+
+/// The plainest shape font, which stands for fonts without a name too.
+bool isTxt(const FontName& name)
+{
+    const std::wstring bare = bareFontName(name.name);
+    return bare.empty() || bare == L"txt" || bare == L"monotxt";
+}
 } // namespace
 
 Font::Font(const FontName& name) : mFaces(name), mIsShape(isShapeFont(name))
@@ -36,6 +45,9 @@ Font::Font(const FontName& name) : mFaces(name), mIsShape(isShapeFont(name))
     mAscent = mPrimary->ascent() / mPrimary->capHeight();
     // Shape fonts reach a third of their height below the baseline ("txt" 2 to 6, "simplex" 7 to 21).
     mDescent = mIsShape ? 1.0 / 3 : mPrimary->descent() / mPrimary->capHeight();
+    // 9 to 6 units in "txt"; the columns of "simplex" in a drawing of AutoCAD's are 17 to 14 (26 to 21)
+    // apart.
+    mColumnStep = isTxt(name) ? 1.5 : 17.0 / 14;
 }
 
 Font::~Font()

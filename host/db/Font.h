@@ -24,6 +24,8 @@ public:
     /// How far lines of the font reach above and (a positive number) below the baseline.
     double ascent() const { return mAscent; }
     double descent() const { return mDescent; }
+    /// How far apart characters stand below each other.
+    double columnStep() const { return mColumnStep; }
 
 private:
     struct Page {
@@ -45,7 +47,7 @@ private:
     mutable std::map<FaceFile, std::unique_ptr<OutlineFace>> mOpenFaces;
     mutable std::array<std::atomic<Page*>, 0x1100> mPages{};
     const OutlineFace* mPrimary;
-    double mAscent, mDescent;
+    double mAscent, mDescent, mColumnStep;
 };
 
 /// The font of this name, made at the first call and kept until the program ends. Never fails: a font that

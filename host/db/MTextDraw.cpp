@@ -3,6 +3,7 @@
 #include "MTextFrame.h"
 #include "MTextLayout.h"
 #include "MTextMembers.h"
+#include "TextLook.h"
 #include "acgi.h"
 #include "dbline.h"
 #include "dbtext.h"
@@ -41,6 +42,19 @@ void setTraitColor(AcGiSubEntityTraits& traits, const AcCmEntityColor& color)
     } else {
         traits.setColor(static_cast<std::uint16_t>(color.colorIndex()));
     }
+}
+
+/// Puts a text where a fragment stands. One of a vertical style starts in the middle of its letter's top and runs
+/// down.
+void placeText(AcDbText& text, const lettering::MTextFragment& piece, const AcGeMatrix3d& world, bool isColumn)
+{
+    constexpr double downwards = 1.5 * 3.14159265358979323846;
+    AcGePoint2d start = piece.position;
+    if (isColumn) {
+        start += AcGeVector2d(piece.advance / 2.0, piece.format.height);
+        text.setRotation(text.rotation() + downwards);
+    }
+    text.setPosition(world * AcGePoint3d(start.x, start.y, 0.0));
 }
 
 /// Keeps the texts of a fragment alive while it is told.
@@ -105,13 +119,14 @@ void AcDbMText::explodeFragments(AcDbMTextEnum callback, void* data, AcGiWorldDr
 Acad::ErrorStatus AcDbMText::subExplode(AcDbVoidPtrArray& entitySet) const
 {
     const AcGeMatrix3d world = textToWorld();
+    const bool isColumn = textStyleOf(textStyle()).isVertical;
     for (const lettering::MTextFragment& piece : layout().fragments) {
         CString content(piece.text.c_str());
         // A percent sign must not begin a code of single-line texts.
         content.Replace(L"%%", L"%%%%%%");
         auto text = std::make_unique<AcDbText>(AcGePoint3d(), content, textStyle(), piece.format.height, rotation());
         text->setNormal(mNormal);
-        text->setPosition(world * AcGePoint3d(piece.position.x, piece.position.y, 0.0));
+        placeText(*text, piece, world, isColumn);
         text->setWidthFactor(piece.format.widthFactor);
         text->setOblique(piece.format.obliqueAngle);
         text->setPropertiesFrom(this);

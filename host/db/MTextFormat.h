@@ -51,6 +51,7 @@ struct MTextFormat {
     TextColor color;
     TextLines lines;
     LinePlace place = LinePlace::bottom;
+    bool isVertical = false; ///< of all of the text: its letters stand below each other
     bool operator==(const MTextFormat& other) const;
 };
 

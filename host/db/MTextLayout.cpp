@@ -1,4 +1,5 @@
 #include "MTextLayout.h"
+#include "MTextDownward.h"
 #include "MTextLines.h"
 
 #include <cmath>
@@ -7,8 +8,9 @@ namespace lettering
 {
 namespace
 {
-/// Baselines are this many heights apart at a factor of 1 (documented for both kinds of spacing).
-constexpr double spacingOfHeights = 5.0 / 3;
+/// Baselines are this many heights apart at a factor of 1 (documented for both kinds of spacing), and columns
+/// so many (measured on a drawing of AutoCAD's).
+constexpr double spacingOfHeights = 5.0 / 3, spacingOfColumns = 4.0 / 3;
 
 using Paragraphs = std::vector<MTextParagraph>;
 
@@ -23,7 +25,10 @@ struct PlacedLine {
 class Stacker
 {
 public:
-    Stacker(const MTextFormat& format, const MTextBox& box) : mUnit(format.height), mBox(box) {}
+    Stacker(const MTextFormat& format, const MTextBox& box)
+        : mUnit(format.height), mSpacing(format.isVertical ? spacingOfColumns : spacingOfHeights), mBox(box)
+    {
+    }
 
     std::vector<PlacedLine> run(const Paragraphs& paragraphs)
     {
@@ -43,7 +48,7 @@ private:
         const double height = isExact ? mUnit : line.height;
         // The first line begins at the top of its own characters, whatever the spacing.
         const double baseline = mTop - (isExact && !mLines.empty() ? mUnit : line.rise);
-        mTop = baseline - (isExact ? 0 : line.drop) - (spacingOfHeights * factor() - 1) * height;
+        mTop = baseline - (isExact ? 0 : line.drop) - (mSpacing * factor() - 1) * height;
         mLines.push_back({std::move(line), &paragraph, baseline});
     }
     double factor() const
@@ -51,7 +56,7 @@ private:
         return std::isfinite(mBox.spacingFactor) ? std::clamp(mBox.spacingFactor, 0.25, 4.0) : 1;
     }
 
-    double mUnit;
+    double mUnit, mSpacing;
     const MTextBox& mBox;
     double mTop = 0; ///< of the next line; below 0
     std::vector<PlacedLine> mLines;
@@ -185,18 +190,10 @@ MTextBox repaired(MTextBox box)
     if (!std::isfinite(box.width) || box.width < 0) box.width = 0;
     return box;
 }
-} // namespace
 
-Look MTextFragment::look() const
-{
-    return lookOf(format);
-}
-
-MTextLayout layoutMText(std::wstring_view contents, const MTextFormat& format, const MTextBox& given)
+MTextLayout layLines(std::wstring_view contents, const MTextFormat& format, const MTextBox& box)
 {
     MTextLayout layout;
-    if (!lookOf(format).isValid()) return layout;
-    const MTextBox box = repaired(given);
     const Paragraphs paragraphs = parseMText(contents, format);
     const std::vector<PlacedLine> lines = Stacker(format, box).run(paragraphs);
     double reach = 0;
@@ -211,5 +208,20 @@ MTextLayout layoutMText(std::wstring_view contents, const MTextFormat& format, c
     for (const PlacedLine& placed : lines)
         paint(layout, placed, box, format.height, shift, frameWidth);
     return layout;
+}
+} // namespace
+
+Look MTextFragment::look() const
+{
+    return lookOf(format);
+}
+
+MTextLayout layoutMText(std::wstring_view contents, const MTextFormat& format, const MTextBox& given)
+{
+    if (!lookOf(format).isValid()) return {};
+    MTextBox box = repaired(given);
+    if (!format.isVertical) return layLines(contents, format, box);
+    box.attachment = transposed(box.attachment);
+    return writtenDown(layLines(contents, format, box));
 }
 } // namespace lettering

@@ -50,7 +50,7 @@ struct MTextRule {
     MTextFormat format;
 };
 
-/// A multiline text in its own plane: x along the lines, the insertion point in the origin.
+/// A multiline text in its own plane: x along lying lines, across columns; the insertion point in the origin.
 struct MTextLayout {
     std::vector<MTextFragment> fragments;
     std::vector<MTextRule> rules;
@@ -63,6 +63,7 @@ struct MTextLayout {
 /// Lays a multiline text out. `format` holds its style's font, its height and the other values that the
 /// contents may change. Lines break at blanks and beside Chinese characters, not before closing or behind
 /// opening marks; a longer word stands out of the frame. Columns are not formed: \N is a new paragraph. A
-/// format that is not valid, of the text or of a part, is shown with no characters.
+/// format that is not valid, of the text or of a part, is shown with no characters. Of a vertical format the
+/// lines are columns from left to right, which break at `width`; they are 4/3 of the height apart.
 MTextLayout layoutMText(std::wstring_view contents, const MTextFormat& format, const MTextBox& box);
 } // namespace lettering

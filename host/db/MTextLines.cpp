@@ -216,6 +216,7 @@ Look lookOf(const MTextFormat& format)
     look.widthFactor = format.widthFactor;
     look.obliqueAngle = format.obliqueAngle;
     look.tracking = format.tracking;
+    look.isVertical = format.isVertical;
     return look;
 }
 

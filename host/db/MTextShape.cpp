@@ -64,7 +64,10 @@ lettering::MTextLayout AcDbMText::layout() const
     box.attachment = static_cast<lettering::Attachment>(mAttachment);
     box.spacing = mSpacingStyle == AcDb::kExactly ? lettering::LineSpacing::exactly : lettering::LineSpacing::atLeast;
     box.spacingFactor = mSpacingFactor;
-    return lettering::layoutMText(viewOf(mContents), formatOf(textStyleOf(textStyle()), mTextHeight), box);
+    const AcGiTextStyle style = textStyleOf(textStyle());
+    lettering::MTextFormat format = formatOf(style, mTextHeight);
+    format.isVertical = mFlowDirection == kTtoB || (mFlowDirection == kByStyle && style.isVertical);
+    return lettering::layoutMText(viewOf(mContents), format, box);
 }
 
 AcGeMatrix3d AcDbMText::textToWorld() const

@@ -6,8 +6,8 @@ namespace lettering
 {
 namespace
 {
-/// Places of the bars above the baseline, and the step of vertical texts, in text heights.
-constexpr double underlinePlace = -0.2, overlinePlace = 1.2, throughPlace = 0.5, verticalStep = 1.5;
+/// Places of the bars above the baseline, in text heights.
+constexpr double underlinePlace = -0.2, overlinePlace = 1.2, throughPlace = 0.5;
 constexpr double steepestAngle = 85 * 3.14159265358979323846 / 180;
 
 /// Takes a glyph's points (in text heights) to their place in the text.
@@ -36,7 +36,7 @@ private:
 class Pen
 {
 public:
-    explicit Pen(const Look& look) : mLook(look) {}
+    Pen(const Font& font, const Look& look) : mLook(look), mColumnStep(font.columnStep()) {}
 
     /// The origin of the next character.
     AcGePoint2d origin(const Glyph& glyph) const
@@ -46,20 +46,20 @@ public:
     }
     void pass(const Glyph& glyph)
     {
-        const double step = mLook.isVertical ? verticalStep : glyph.advance * mLook.widthFactor;
+        const double step = mLook.isVertical ? mColumnStep : glyph.advance * mLook.widthFactor;
         mAdvance += step * mLook.height * mLook.tracking;
     }
     double advance() const { return mAdvance; }
     /// From the start of the first character to the end of the last: behind that of a column is no gap.
     double length() const
     {
-        const double gap = (verticalStep * mLook.tracking - 1) * mLook.height;
+        const double gap = (mColumnStep * mLook.tracking - 1) * mLook.height;
         return mLook.isVertical && mAdvance > 0 ? mAdvance - gap : mAdvance;
     }
 
 private:
     const Look& mLook;
-    double mAdvance = 0;
+    double mColumnStep, mAdvance = 0;
 };
 
 template <class Visit>
@@ -128,7 +128,7 @@ TextMeasure measureText(const Font& font, const Look& look, std::wstring_view te
 {
     if (!look.isValid()) return {};
     TextMeasure measure = emptyMeasure(font, look);
-    Pen pen(look);
+    Pen pen(font, look);
     addRun(measure, pen, font, look, text);
     return measure;
 }
@@ -137,7 +137,7 @@ TextMeasure measureText(const Font& font, const Look& look, const std::vector<Te
 {
     if (!look.isValid()) return {};
     TextMeasure measure = emptyMeasure(font, look);
-    Pen pen(look);
+    Pen pen(font, look);
     std::vector<TextBar> bars;
     for (const TextRun& run : runs) {
         const double start = pen.advance();
@@ -154,9 +154,9 @@ TextMeasure measureText(const Font& font, const Look& look, const std::vector<Te
 double advanceOf(const Font& font, const Look& look, std::wstring_view text)
 {
     if (!look.isValid()) return 0;
-    Pen pen(look);
+    Pen pen(font, look);
     eachGlyph(font, pen, text, [](const Glyph&, const AcGePoint2d&) {});
-    return pen.length();
+    return pen.advance();
 }
 
 TextDrawing drawText(const Font& font, const Look& look, const std::vector<TextRun>& runs)
@@ -164,7 +164,7 @@ TextDrawing drawText(const Font& font, const Look& look, const std::vector<TextR
     TextDrawing drawing;
     if (!look.isValid()) return drawing;
     const Placing place(look);
-    Pen pen(look);
+    Pen pen(font, look);
     for (const TextRun& run : runs) {
         const double start = pen.advance();
         eachGlyph(font, pen, run.text, [&](const Glyph& glyph, const AcGePoint2d& at) {

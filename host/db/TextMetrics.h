@@ -19,8 +19,8 @@ struct Look {
     double tracking = 1;     ///< factor of the distance between characters, above 0
     bool isBackward = false; ///< mirrored: the text runs to the left
     bool isUpsideDown = false;
-    /// Characters below each other, 1.5 heights apart, their middles on the line x = 0, the first one's top
-    /// in the origin (as in the shape font "txt").
+    /// Characters below each other, a column step of the font apart, their middles on the line x = 0, the
+    /// first one's top in the origin.
     bool isVertical = false;
 
     /// All numbers finite and in their ranges.
@@ -50,7 +50,7 @@ struct TextDrawing {
 TextMeasure measureText(const Font& font, const Look& look, std::wstring_view text);
 /// Measures runs behind each other.
 TextMeasure measureText(const Font& font, const Look& look, const std::vector<TextRun>& runs);
-/// The width alone, which is what breaking lines asks for.
+/// The width alone, which is what breaking lines asks for; of columns with the gap behind the last character.
 double advanceOf(const Font& font, const Look& look, std::wstring_view text);
 
 /// The lines of the runs. Curves are chords no farther than 1/1400 of the height from the curve, for an

@@ -159,19 +159,20 @@ TEST_F(TextAlignment, ColumnsHangAlongTheirRotationInEveryCoordinateSystem)
         const Open<AcDbTextStyleTableRecord> style(m_style, AcDb::kForWrite);
         style->setIsVertical(true);
     }
+    // Two steps of 17/14 of the height and a letter: half of it stands above the point.
+    constexpr double half = (2 * 17.0 / 14 + 1) / 2 * kHeight;
     for (int ucs = 0; ucs < 4; ++ucs) {
         setUcs(ucs);
         AcDbObjectId id;
         ASSERT_EQ(CMakeEnt::MakeText(at, L"HHH", id, kHeight, kAligCenter, 1.5 * kPi), 1);
         AcGeMatrix3d toWorld;
         acdbUcsMatrix(toWorld);
-        // Two steps of 1.5 heights and a letter are 40: half of it stands above the point.
-        EXPECT_POINT(Open<AcDbText>(id)->position(), toWorld * (at + AcGeVector3d(0, 20, 0)));
+        EXPECT_POINT(Open<AcDbText>(id)->position(), toWorld * (at + AcGeVector3d(0, half, 0)));
         AcGePoint3d corners[4];
         ASSERT_TRUE(Open<AcDbText>(id)->boundingPoints(corners));
         const AcGePoint3d low = toWorld.inverse() * corners[0], high = toWorld.inverse() * corners[2];
-        EXPECT_NEAR(low.y, at.y - 20, 0.01);
-        EXPECT_NEAR(high.y, at.y + 20, 0.01);
+        EXPECT_NEAR(low.y, at.y - half, 0.01);
+        EXPECT_NEAR(high.y, at.y + half, 0.01);
         EXPECT_NEAR((low.x + high.x) / 2, at.x, 0.01);
     }
 }

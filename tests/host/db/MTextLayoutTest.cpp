@@ -169,3 +169,45 @@ TEST(MTextLayout, EmptyTextsAndBadHeightsHaveNoFragments)
     bad.height = std::nan("");
     EXPECT_EQ(layoutMText(L"a", bad, {}).lineCount, 0);
 }
+
+TEST(MTextLayout, ColumnsStandFromLeftToRightWithUprightLetters)
+{
+    MTextFormat format;
+    format.font = {L"simplex.shx", {}};
+    format.height = 14; // a step of 17, columns 4/3 of 14 apart
+    format.isVertical = true;
+    const MTextLayout layout = layoutMText(L"HI\\PH", format, {});
+    ASSERT_EQ(texts(layout), (Texts{L"H", L"I", L"H"}));
+    const auto middleOf = [&](int i) {
+        return layout.fragments[i].position.x + layout.fragments[i].advance / 2;
+    };
+    EXPECT_NEAR(middleOf(0), 7.0, 1e-9);
+    EXPECT_NEAR(middleOf(1), 7.0, 1e-9);
+    EXPECT_NEAR(middleOf(2), 7.0 + 14 * 4.0 / 3, 1e-9);
+    EXPECT_NEAR(layout.fragments[0].position.y, -14.0, 1e-9);
+    EXPECT_NEAR(layout.fragments[1].position.y, -17.0 - 14.0, 1e-9);
+    EXPECT_NEAR(layout.fragments[2].position.y, -14.0, 1e-9);
+    EXPECT_FALSE(layout.fragments[0].look().isVertical) << "each letter is drawn as a line of its own";
+    EXPECT_NEAR(layout.min.y, -34.0, 1e-9);
+    EXPECT_NEAR(layout.max.x, 14 + 14 * 4.0 / 3, 1e-9);
+}
+
+TEST(MTextLayout, ColumnsBreakAtTheWidthAndHangOnTheirAttachment)
+{
+    MTextFormat format;
+    format.font = {L"simplex.shx", {}};
+    format.height = 14;
+    format.isVertical = true;
+    MTextBox box;
+    box.width = 40; // two letters
+    box.attachment = Attachment::bottomRight;
+    const MTextLayout layout = layoutMText(L"\u4e2d\u6587\u6807", format, box);
+    EXPECT_EQ(layout.lineCount, 2);
+    ASSERT_EQ(layout.fragments.size(), 3u);
+    EXPECT_LT(layout.fragments[0].position.x, layout.fragments[2].position.x) << "the first one stands left";
+    EXPECT_NEAR(layout.max.x, 0.0, 1e-9);
+    EXPECT_NEAR(layout.min.y, 0.0, 1e-9);
+    // The second column ends at the bottom, as texts that hang at the right end there.
+    EXPECT_NEAR(layout.fragments[2].position.y, 3.0, 1e-9);
+    EXPECT_NEAR(layout.fragments[1].position.y, 3.0, 1e-9);
+}

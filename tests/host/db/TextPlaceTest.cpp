@@ -1,5 +1,6 @@
 #include "DatabaseFixture.h"
 
+#include "dbmtext.h"
 #include "dbobjptr.h"
 #include "dbtext.h"
 #include "dbtxtsty.h"
@@ -114,6 +115,29 @@ TEST_F(TextPlace, ColumnKeepsItsLettersWhenItIsStretched)
     EXPECT_NEAR(column.height(), 2.0, 1e-9);
     EXPECT_NEAR(boxOf(column).maxPoint().x, 3 * before.maxPoint().x, 1e-9);
     EXPECT_NEAR(boxOf(column).minPoint().y, before.minPoint().y, 1e-9);
+}
+
+TEST_F(TextPlace, ColumnsOfMultilineTextsExplodeWhereTheyStand)
+{
+    AcDbMText text;
+    text.setTextStyle(addStyle(L"DOWN", L"txt.shx", true));
+    text.setTextHeight(2.0);
+    text.setContents(L"AB\\PC");
+    text.setFlowDirection(AcDbMText::kByStyle);
+    text.setRotation(0.4);
+    text.setLocation({5, 6, 0});
+    AcDbVoidPtrArray pieces;
+    ASSERT_EQ(text.explode(pieces), Acad::eOk);
+    ASSERT_EQ(pieces.length(), 3);
+    const AcGeVector3d right(std::cos(0.4), std::sin(0.4), 0), down(right.y, -right.x, 0);
+    // The middles of the columns are 1 and 1 + 4/3 * 2 from the edge; letters are 3 apart.
+    const AcGePoint3d starts[] = {text.location() + right, text.location() + right + 3 * down,
+                                  text.location() + (1 + 8.0 / 3) * right};
+    for (int i = 0; i < 3; ++i) {
+        const std::unique_ptr<AcDbText> letter(static_cast<AcDbText*>(pieces[i]));
+        EXPECT_LT(letter->position().distanceTo(starts[i]), 1e-9) << i;
+        EXPECT_NEAR(std::remainder(letter->rotation() - 0.4 - 3 * quarter, 4 * quarter), 0.0, 1e-9);
+    }
 }
 
 TEST_F(TextPlace, TypefacesAreNotWrittenDownwards)
