@@ -1,4 +1,5 @@
 #include "RegionBody.h"
+#include "WindingTree.h"
 
 #include <unordered_map>
 #include <unordered_set>
@@ -32,7 +33,7 @@ class Combination
 {
 public:
     Combination(const std::vector<Run>& first, const std::vector<Run>& second, double tol)
-        : mOperands{first, second}, mPlane(strands(tol), tol)
+        : mOperands{first, second}, mSides{{first, tol}, {second, tol}}, mPlane(strands(tol), tol)
     {
     }
 
@@ -72,7 +73,7 @@ private:
             ++(shared.sameDirection ? onto : against);
         }
         if (onto == 0 && against == 0) {
-            left = right = windingNumber(mOperands[operand], mPlane.middlePoint(h)) > 0;
+            left = right = mSides[operand].numberAt(mPlane.middlePoint(h)) > 0;
         } else {
             left = onto > 0;
             right = against > 0;
@@ -112,6 +113,7 @@ private:
     }
 
     const std::vector<Run> mOperands[2];
+    const WindingTree mSides[2];
     std::vector<int> mOwner;
     Arrangement mPlane;
     std::vector<HalfEdge> mKept;

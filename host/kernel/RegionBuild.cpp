@@ -4,6 +4,8 @@
 #include "LoopChains.h"
 #include "RegionBody.h"
 
+#include <algorithm>
+
 namespace kernel
 {
 using namespace gecore;
@@ -39,6 +41,13 @@ double toleranceFor(const Chain3d& curves, double tol)
     Box2 size{box.min.x, box.min.y, box.max.x, box.max.y};
     size.add(Box2{box.min.z, box.min.z, box.max.z, box.max.z});
     return safeTolerance(tol, size);
+}
+
+/// The ends of a part this short would meet each other as well as their neighbours.
+void dropShort(Chain3d& parts, double tol)
+{
+    const auto isShort = [tol](const auto& part) { return !(gecore::boxOf(part->form()).diagonal() > tol); };
+    parts.erase(std::remove_if(parts.begin(), parts.end(), isShort), parts.end());
 }
 
 RegionStatus statusOf(ChainStatus status)
@@ -147,8 +156,9 @@ std::vector<Region> Region::fromCurves(const std::vector<const AcGeCurve3d*>& cu
         if (!curve || !addParts(curve->form(), tol, parts)) status = RegionStatus::kBadCurve;
     if (status != RegionStatus::kOk) return {};
     const double near = toleranceFor(parts, tol);
+    dropShort(parts, near);
     std::vector<Chain3d> chains;
-    status = statusOf(closedChains(parts, near, chains));
+    status = parts.empty() ? RegionStatus::kBadCurve : statusOf(closedChains(parts, near, chains));
     std::vector<Region> regions;
     for (const Chain3d& chain : chains) {
         AcGeMatrix3d frame;

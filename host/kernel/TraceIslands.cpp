@@ -1,6 +1,7 @@
 #include "AreaMoments.h"
 #include "CurveMeet.h"
 #include "TraceSteps.h"
+#include "WindingTree.h"
 
 #include <cmath>
 #include <unordered_set>
@@ -15,7 +16,8 @@ class Islands
 {
 public:
     Islands(Arrangement& plane, const Enclosure& enclosure)
-        : mPlane(plane), mOuter(runsOf(plane, enclosure.outer)), mReach(flatBoxOf(plane, enclosure.outer))
+        : mPlane(plane), mOuter(runsOf(plane, enclosure.outer), 4 * plane.tolerance()),
+          mReach(flatBoxOf(plane, enclosure.outer))
     {
         addBoundary(enclosure.outer);
         for (const Cycle& cycle : enclosure.attached) {
@@ -28,8 +30,7 @@ public:
     {
         for (const int strand : strandsInside())
             if (mSeen.insert(strand).second) addComponent(strand);
-        for (Island& island : mFound)
-            island.depth = depthOf(island);
+        findDepths();
         return std::move(mFound);
     }
 
@@ -47,7 +48,7 @@ private:
             if (mBoundary.count(i) || !mReach.contains(mPlane.box(i))) return;
             const CurveForm& form = mPlane.strand(i).form;
             const AcGePoint3d p = pointAt(form, (form.lo + form.hi) / 2);
-            if (windingNumber(mOuter, {p.x, p.y}) > 0) inside.push_back(i);
+            if (mOuter.numberAt({p.x, p.y}) > 0) inside.push_back(i);
         });
         return inside;
     }
@@ -104,19 +105,26 @@ private:
             mFound.push_back({std::move(cycle), 1});
     }
 
-    int depthOf(const Island& island)
+    /// An island lies as deep as there are islands around a point of it.
+    void findDepths()
     {
-        const AcGePoint2d p = mPlane.middlePoint(island.cycle.front());
-        int depth = 1;
-        for (const Island& other : mFound)
-            if (&other != &island && windingNumber(runsOf(mPlane, other.cycle), p) != 0 &&
-                flatBoxOf(mPlane, other.cycle).contains(p))
-                ++depth;
-        return depth;
+        std::vector<Box2> boxes;
+        for (const Island& island : mFound)
+            boxes.push_back(flatBoxOf(mPlane, island.cycle));
+        const BoxTree tree(boxes);
+        for (Island& island : mFound) {
+            const AcGePoint2d p = mPlane.middlePoint(island.cycle.front());
+            Box2 place;
+            place.add(p);
+            tree.eachIn(place, [&](int other) {
+                const Island& around = mFound[static_cast<std::size_t>(other)];
+                if (&around != &island && windingNumber(runsOf(mPlane, around.cycle), p) != 0) ++island.depth;
+            });
+        }
     }
 
     Arrangement& mPlane;
-    std::vector<Run> mOuter;
+    WindingTree mOuter;
     Box2 mReach;
     std::unordered_set<int> mBoundary, mSeen;
     std::vector<Island> mFound;

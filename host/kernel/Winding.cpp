@@ -12,12 +12,6 @@ using namespace gecore;
 
 namespace
 {
-double angleBetween(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& p)
-{
-    const double ax = a.x - p.x, ay = a.y - p.y, bx = b.x - p.x, by = b.y - p.y;
-    return std::atan2(ax * by - ay * bx, ax * bx + ay * by);
-}
-
 /// No further than rounding lets chords and curves be told apart.
 bool isAsChord(const Span& span)
 {
@@ -30,19 +24,25 @@ bool isAsChord(const Span& span)
 double turnOfSpan(const Span& span, const AcGePoint3d& p)
 {
     if (distanceToSegment(p, span.a, span.b) > span.sag || isAsChord(span))
-        return angleBetween(span.a, span.b, p);
+        return turnBetween(span.a, span.b, {p.x, p.y});
     Span left, right;
     span.split(left, right);
     return turnOfSpan(left, p) + turnOfSpan(right, p);
 }
 } // namespace
 
+double turnBetween(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint2d& p)
+{
+    const double ax = from.x - p.x, ay = from.y - p.y, bx = to.x - p.x, by = to.y - p.y;
+    return std::atan2(ax * by - ay * bx, ax * bx + ay * by);
+}
+
 double turnAround(const Run& run, const AcGePoint2d& place)
 {
     const AcGePoint3d p(place.x, place.y, 0);
     double turn = 0;
     if (run.form.kind == FormKind::kLine) {
-        turn = angleBetween(startOf(run.form), endOf(run.form), p);
+        turn = turnBetween(startOf(run.form), endOf(run.form), place);
     } else {
         for (const Span& span : spansOf(run.form))
             turn += turnOfSpan(span, p);

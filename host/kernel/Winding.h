@@ -20,6 +20,10 @@ struct Run {
     AcGePoint3d end() const { return gecore::pointAt(form, forward ? form.hi : form.lo); }
 };
 
+/// The angle, in radians from -pi to pi and positive counter-clockwise, between the directions from p to two
+/// points.
+double turnBetween(const AcGePoint3d& from, const AcGePoint3d& to, const AcGePoint2d& p);
+
 /// The angle, in radians and positive counter-clockwise, that the direction from p to a point of the run
 /// turns through; exact, whatever the shape. Without meaning for a point that lies on the curve.
 double turnAround(const Run& run, const AcGePoint2d& p);

@@ -5,6 +5,7 @@
 #include "geline2d.h"
 #include "genurb2d.h"
 #include "Shapes.h"
+#include "WindingTree.h"
 
 #include <gtest/gtest.h>
 
@@ -231,6 +232,25 @@ TEST(BoundaryTrace, CurvesThatRepeatTheBoundaryAreNoIslands)
         ASSERT_EQ(found.loops.size(), 2u);
         EXPECT_NEAR(found.loops[0].area, 64 * kPi, 1e-9);
         EXPECT_NEAR(found.loops[1].area, -4 * kPi, 1e-9);
+    }
+}
+
+TEST(WindingTree, CountsAsTheSumOverAllRuns)
+{
+    // A large circle, small ones in a grid within and around it, every second one clockwise.
+    std::vector<std::unique_ptr<AcGeCircArc2d>> circles;
+    std::vector<kernel::Run> runs;
+    circles.push_back(std::make_unique<AcGeCircArc2d>(AcGePoint2d(5, 5), 6.0));
+    for (int i = 0; i < 100; ++i)
+        circles.push_back(std::make_unique<AcGeCircArc2d>(AcGePoint2d(i % 10, i / 10), 0.7));
+    for (const auto& circle : circles)
+        runs.push_back({circle->form(), runs.size() % 2 == 0});
+    const WindingTree tree(runs, 1e-9);
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> place(-3.0, 12.0);
+    for (int i = 0; i < 1000; ++i) {
+        const AcGePoint2d p(place(random), place(random));
+        EXPECT_EQ(tree.numberAt(p), windingNumber(runs, p)) << p.x << ", " << p.y;
     }
 }
 
