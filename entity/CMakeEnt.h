@@ -44,24 +44,25 @@ class AFX_EXT_CLASS CArxEntity::CMakeEnt
 public:
     // Lines, points and polylines.
 
-    /// A line; two equal points make one without length.
+    /// A line from p1 to p2; two equal points make one without length.
     static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2);
     static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, AcDbObjectId& id);
     static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, int color);
     static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, const CString& layer, int color,
                         AcDbObjectId& id);
     static int MakePoint(const AcGePoint3d& pt, AcDbObjectId& id);
-    /// A closed polyline of four vertices at the height of `p1`, which is its first and `p2` its third
-    /// corner; the side from the first to the second runs at `angle`. 0 for a rectangle without width or
-    /// height.
+    /// A closed polyline of four vertices at the height (z) of `p1`, which is its first and `p2` its third
+    /// corner; the side from the first to the second runs at `angle` (any number of radians) or against it.
+    /// 0 for a rectangle without width or height.
     static int MakeRect(const AcGePoint3d& p1, const AcGePoint3d& p2, AcDbObjectId& id, double angle = 0.0);
-    /// A lightweight polyline through the x and y of the points, in WORLD coordinates; closed unless `closed`
-    /// is 0; `width` is that of all its segments. 0 for an empty list or a negative width.
+    /// A lightweight polyline through the x and y of the points, in WORLD coordinates at height 0; closed
+    /// unless `closed` is 0; `width` (0 or more, drawing units) is that of all its segments. A single point
+    /// makes a polyline of one vertex. 0 for an empty list or a negative width.
     static int MakePline(const AcGePoint3dArray& points, AcDbObjectId& id, int closed = 0,
                          double width = 0.0);
     /// The same with arcs: a bulge for each vertex, the tangent of a quarter of the angle of the arc to the
-    /// next one, counter-clockwise for positive ones. Vertices that the list does not reach have 0; numbers
-    /// beyond are not used.
+    /// next one, counter-clockwise for positive ones, 0 for a straight segment. Vertices that the list does
+    /// not reach have 0; numbers beyond are not used.
     static int MakePline(const AcGePoint3dArray& points, AcDbObjectId& id, const AcArray<double>& bulges,
                          int closed, double width = 0.0);
     /// The polyline itself, which is not added: the caller owns it. Null where the others give 0.
@@ -78,10 +79,10 @@ public:
     static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, int color);
     static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
                        const CString& layer, int color, AcDbObjectId& id);
-    /// Gives the arc back open for write; the caller closes it. Null on failure.
+    /// Gives the arc back open for write, also on a locked layer; the caller closes it. Null on failure.
     static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, AcDbArc*& arc);
-    /// Counter-clockwise from one angle to the other; a full turn for equal ones. 0 unless the radius is
-    /// above 0.
+    /// Counter-clockwise from one angle to the other (any numbers of radians); a full turn for equal ones.
+    /// 0 unless the radius is above 0.
     static int MakeArc(const AcGePoint3d& center, double r, double startAngle, double endAngle,
                        AcDbObjectId& id);
     /// A free arc from p1 to p2, in the coordinates of the points; nothing is added. `bulge` is the tangent
@@ -95,22 +96,23 @@ public:
                        AcGeCircArc3d& arc);
     /// 0 unless the radius is above 0.
     static int MakeCircle(const AcGePoint3d& center, double r, AcDbObjectId& id);
-    /// An ellipse in the XY plane: `axis` is the direction of its first axis, `radius` the radius along it,
-    /// `otherRadius` the one across; either may be the larger. It runs counter-clockwise between the angles,
-    /// which are measured from `axis`. 0 unless the radii are above 0, and for an axis that is zero or leaves
-    /// the plane.
+    /// An ellipse parallel to the XY plane: `axis` is the direction of its first axis (its length does not
+    /// count), `radius` the radius along it, `otherRadius` the one across; either may be the larger. It runs
+    /// counter-clockwise between two parameters, in radians from the end of `axis` on: the point at t is
+    /// radius cos t along the axis and otherRadius sin t across. 0 unless the radii are above 0, and for an
+    /// axis that is zero or leaves the plane.
     static int MakeEllipse(const AcGePoint3d& center, const AcGeVector3d& axis, double radius,
                            double otherRadius, AcDbObjectId& id, double startAngle = 0.0,
                            double endAngle = 6.283185307179586);
 
     // Filled figures.
 
-    /// A filled triangle.
+    /// A filled triangle; points in line make one without area.
     static int MakeSolid(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
                          AcDbObjectId& id);
-    /// Fills the inside of a closed planar curve with triangles and appends their ids. Arcs count as chords
-    /// no further from them than a thousandth of the figure's size. 0 for what is no such curve and for one
-    /// that crosses itself.
+    /// Fills the inside of a closed planar curve of the drawing with triangles and appends their ids. Arcs
+    /// count as chords no further from them than a thousandth of the figure's size. 0 for what is no such
+    /// curve and for one that crosses or touches itself.
     static int MakeSolid(AcDbObjectId id, const AcCmColor& color, AcDbObjectIdArray& ids);
 
     // Texts. Heights are those of capital letters; rotations are radians from the user's X axis. What a text
@@ -151,30 +153,35 @@ public:
 
     // Areas.
 
-    /// An associative hatch over closed curves, regions, and open curves that make closed chains; what lies
-    /// inside of another is an island, islands in islands are filled again. `pattern` is a standard pattern
-    /// or "SOLID". The hatch lies in the plane of its boundary, its draw order is the newest. 0, and nothing
-    /// is added, for an empty list, chains that stay open, entities out of one plane, unknown patterns,
-    /// scales that are not above 0.
+    /// An associative hatch over closed curves, regions, and open curves that make closed chains (ends
+    /// within a millionth of a unit meet); what lies inside of another is an island, islands in islands are
+    /// filled again. An id that is there twice counts once. `pattern` is a standard pattern or "SOLID" in any
+    /// case of letters, `scale` (above 0) enlarges it, `angle` turns it from the user's X axis. The hatch
+    /// lies in the plane of its boundary, its draw order is the newest. 0, and nothing is added, for an empty
+    /// list, chains that stay open, entities out of one plane, ids of nothing or of what bounds nothing,
+    /// entities that somebody has open for write, unknown patterns, and for lines too dense to count.
     static int MakeHatch(const AcDbObjectIdArray& ids, AcDbObjectId& id, CGTStringW pattern, double scale,
                          double angle);
+    /// The same over one entity, in a colour.
     static int MakeHatch(AcDbObjectId boundary, CGTStringW pattern, double scale, double angle,
                          const AcCmColor& color, AcDbObjectId& id);
-    /// Makes the outlines of a hatch anew, as entities with the current properties, and appends their ids.
-    /// `asRegions` 0: a closed polyline for each loop of lines and arcs, and for other loops the curve of
-    /// each edge; else one region for each loop. 0 for what is no hatch or has no loops.
+    /// Makes the outlines of a hatch anew where its loops lie, as entities with the current properties, and
+    /// appends their ids. `asRegions` 0: a closed polyline for each loop of lines and arcs, and for other
+    /// loops the curve of each edge; else one region for each loop. 0 for what is no hatch or has no loops.
     static int MakeHatchBoundary(AcDbObjectId hatch, AcDbObjectIdArray& ids, int asRegions = 0);
-    /// A new region, which is not added: the caller owns it. World coordinates; the points are the corners of
-    /// a polygon, the last may repeat the first. Null unless they lie in a plane and the polygon does not
-    /// cross itself.
+    /// A new region, which is not added: the caller owns it, and it lies in the world where the points are in
+    /// the user coordinate system. They are the corners of a polygon, the last may repeat the first. Null
+    /// unless they lie in a plane (any) and the polygon does not cross or touch itself.
     static AcDbRegion* MakeRegion(const AcGePoint3dArray& points);
-    /// The curves (AcDbCurve*, which stay the caller's) make closed chains; what lies inside of an odd number
-    /// of them is the region. Null when they do not, or leave one plane.
+    /// The same of curves in WORLD coordinates (AcDbCurve*, in a drawing or not; they stay the caller's),
+    /// which make closed chains; what lies inside of an odd number of chains is the region. Null when they
+    /// do not, leave one plane, or a pointer is null.
     static AcDbRegion* MakeRegion(const AcArray<void*>& curves);
 
     // Boundaries, traced around a point among the curves, regions and block references of the current space
-    // that are shown and lie parallel to the XY plane. The outlines lie in that plane at the height of the
-    // point. 0 when a gap leaves the area open, the point lies on a curve or outside of everything.
+    // that are shown and lie parallel to the XY plane, at any height: as seen from above, with everything
+    // that crosses, touches or repeats. The outlines lie in that plane at the height of the point. 0 when a
+    // gap leaves the area open, the point lies on a curve or outside of everything.
 
     /// Appends the ids of the smallest outline around the point and, with `islands` not 0, of those that lie
     /// inside: closed polylines where lines and circular arcs bound the area, regions elsewhere; with

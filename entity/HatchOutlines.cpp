@@ -11,6 +11,7 @@
 #include "geell2d.h"
 #include "gelnsg2d.h"
 #include "genurb2d.h"
+#include "RegionExclusion.h"
 
 #include <cmath>
 
@@ -166,18 +167,17 @@ Curves curvesOf(const LoopParts& parts)
     return curves;
 }
 
+/// What lies inside of the curves; null when they make no closed chains.
 std::unique_ptr<AcDbRegion> regionOf(const Curves& curves)
 {
-    AcDbVoidPtrArray segments, regions;
+    AcDbVoidPtrArray segments, made;
     for (const auto& curve : curves)
         segments.append(curve.get());
-    AcDbRegion::createFromCurves(segments, regions);
-    std::unique_ptr<AcDbRegion> first;
-    for (void* const made : regions) {
-        std::unique_ptr<AcDbRegion> region(static_cast<AcDbRegion*>(made));
-        if (!first) first = std::move(region);
-    }
-    return first;
+    AcDbRegion::createFromCurves(segments, made);
+    std::vector<std::unique_ptr<AcDbRegion>> regions;
+    for (void* const region : made)
+        regions.emplace_back(static_cast<AcDbRegion*>(region));
+    return areaByTurns(std::move(regions));
 }
 
 /// From the plane of the hatch to the world.

@@ -1,5 +1,6 @@
 /// Hatches that follow the entities around them.
 
+#include "DbObjectAccess.h"
 #include "dbhatch.h"
 #include "HatchSources.h"
 
@@ -12,13 +13,16 @@ bool isSource(const hatch::Loop& loop, AcDbObjectId id)
     return std::find(loop.sources.begin(), loop.sources.end(), id) != loop.sources.end();
 }
 
-/// A source that cannot be opened now does not tell the hatch of its changes.
+/// A source that cannot be opened now does not tell the hatch of its changes. One on a locked layer does: it
+/// is not changed itself, and the layer may be unlocked later.
 void attach(AcDbObjectId sourceId, AcDbObjectId hatch)
 {
     AcDbObject* source = nullptr;
-    if (acdbOpenAcDbObject(source, sourceId, AcDb::kForRead) != Acad::eOk) return;
-    if (!source->hasPersistentReactor(hatch) && source->upgradeOpen() == Acad::eOk)
-        source->addPersistentReactor(hatch);
+    const Acad::ErrorStatus status = acdbOpenAcDbObject(source, sourceId, AcDb::kForWrite);
+    AcDbObject* const locked = status == Acad::eOnLockedLayer ? residentObject(sourceId) : nullptr;
+    if (locked && DbObjectAccess::openUnlocked(*locked) == Acad::eOk) source = locked;
+    if (!source) return;
+    source->addPersistentReactor(hatch);
     source->close();
 }
 
