@@ -178,7 +178,9 @@ AcDbBlockTableRecord& EntityReader::blockOf(const DxfFrame& frame)
 
 AcDbBlockTableRecord& EntityReader::spaceOf(bool isPaper)
 {
-    return spaceRecord(_context, isPaper ? ACDB_PAPER_SPACE : ACDB_MODEL_SPACE);
+    AcDbBlockTableRecord*& space = isPaper ? _paperSpace : _modelSpace;
+    if (!space) space = &spaceRecord(_context, isPaper ? ACDB_PAPER_SPACE : ACDB_MODEL_SPACE);
+    return *space;
 }
 
 AcDbBlockTableRecord& spaceRecord(ReadContext& context, const wchar_t* name)

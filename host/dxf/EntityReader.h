@@ -40,6 +40,7 @@ private:
     FileSource& _source;
     AcDbBlockTableRecord* _block = nullptr; ///< whose entities are being read in BLOCKS
     AcDbBlockTableRecord* _space = nullptr; ///< of the last entity in ENTITIES
+    AcDbBlockTableRecord *_modelSpace = nullptr, *_paperSpace = nullptr; ///< of entities that name no owner
     std::unordered_map<std::string_view, RecordKind> _kinds;
 };
 

@@ -6,6 +6,7 @@
 #include "TextEncoding.h"
 
 #include <memory>
+#include <vector>
 
 namespace dxf
 {
@@ -42,6 +43,9 @@ public:
         return _hasAhead ? &_ahead : nullptr;
     }
 
+    /// Appends the groups up to the next record, or the end, without stepping to them; group() is none of them then.
+    void takeRest(std::vector<Group>& to);
+
     /// Makes the next call of next() step to group() once more. Not between a peek and the next().
     void pushBack();
 
@@ -75,6 +79,8 @@ protected:
     void enterRecord(const Group& group) { _isDimStyle = group.text() == "DIMSTYLE"; }
 
 private:
+    bool takeInto(std::vector<Group>& to);
+
     std::shared_ptr<const Input> _input;
     Group _group, _ahead;
     bool _hasAhead = false;

@@ -46,10 +46,7 @@ bool RecordStream::next()
     _record.position = first->position();
     _record.groups.clear();
     _reader.next();
-    while ((first = _reader.peek()) && first->code() != 0) {
-        _record.groups.push_back(*first);
-        _reader.next();
-    }
+    _reader.takeRest(_record.groups);
     return true;
 }
 
