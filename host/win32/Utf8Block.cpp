@@ -60,14 +60,21 @@ Roles readRoles(const unsigned char* at)
 }
 #endif
 
+/// What the upper half of a first byte says: which of its bits count, and how far the three bytes from it on, six bits
+/// each, hold too many.
+struct Shape {
+    std::uint8_t mask, excess;
+};
+constexpr Shape oneByte{0x7F, 12}, twoBytes{0x1F, 6}, threeBytes{0x0F, 0};
+constexpr Shape shapes[16] = {oneByte, oneByte, oneByte, oneByte, oneByte,  oneByte,  oneByte,    oneByte,
+                              oneByte, oneByte, oneByte, oneByte, twoBytes, twoBytes, threeBytes, threeBytes};
+
 /// The character at a place, without a branch on its length.
 wchar_t characterAt(const unsigned char* at)
 {
-    const std::uint32_t first = at[0], second = at[1] & 0x3F, third = at[2] & 0x3F;
-    const std::uint32_t two = (first & 0x1F) << 6 | second;
-    const std::uint32_t three = (first & 0x0F) << 12 | second << 6 | third;
-    const std::uint32_t isLong = 0u - (first >= 0x80), isThree = 0u - (first >= 0xE0);
-    return static_cast<wchar_t>((first & ~isLong) | (two & isLong & ~isThree) | (three & isThree));
+    const Shape shape = shapes[at[0] >> 4];
+    const std::uint32_t first = at[0] & shape.mask, second = at[1] & 0x3F, third = at[2] & 0x3F;
+    return static_cast<wchar_t>((first << 12 | second << 6 | third) >> shape.excess);
 }
 } // namespace
 
