@@ -14,16 +14,30 @@ ACDB_ABSTRACT_CLASS(AcDbSymbolTable, AcDbObject)
 
 namespace
 {
-CString keyOf(const CString& name)
+CString keyOf(const ACHAR* name)
 {
-    CString key = name;
-    return key.MakeLower();
+    CString key(name);
+    key.MakeLower();
+    return key;
 }
 
 /// The table that a record stands in, which need not be open; null for a new record.
 AcDbSymbolTable* tableOf(const AcDbSymbolTableRecord& record)
 {
     return AcDbSymbolTable::cast(residentObject(record.ownerId()));
+}
+
+/// The living record under a key; `erasedToo`: an erased one when there is no other.
+template <class Map>
+AcDbObjectId recordIn(const Map& map, const CString& key, bool erasedToo)
+{
+    const auto range = map.equal_range(key);
+    AcDbObjectId erased;
+    for (auto at = range.first; at != range.second; ++at) {
+        if (!at->second.isErased()) return at->second;
+        erased = at->second;
+    }
+    return erasedToo ? erased : AcDbObjectId();
 }
 
 template <class Map>
@@ -76,13 +90,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::subErase(bool erasing)
 
 AcDbObjectId AcDbSymbolTable::find(const CString& name, bool erasedToo) const
 {
-    const auto range = mByName.equal_range(keyOf(name));
-    AcDbObjectId erased;
-    for (auto at = range.first; at != range.second; ++at) {
-        if (!at->second.isErased()) return at->second;
-        erased = at->second;
-    }
-    return erasedToo ? erased : AcDbObjectId();
+    return recordIn(mByName, keyOf(name), erasedToo);
 }
 
 void AcDbSymbolTable::rename(AcDbObjectId id, const CString& from, const CString& to)
@@ -94,7 +102,7 @@ void AcDbSymbolTable::rename(AcDbObjectId id, const CString& from, const CString
 
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id, bool getErased) const
 {
-    id = name && *name ? find(name, getErased) : AcDbObjectId();
+    id = name && *name ? recordIn(mByName, keyOf(name), getErased) : AcDbObjectId();
     return id.isNull() ? Acad::eKeyNotFound : Acad::eOk;
 }
 

@@ -21,6 +21,11 @@ Axes axesOf(const AcGeMatrix3d& matrix)
     return axes;
 }
 
+double volumeOf(const Axes& axes)
+{
+    return axes.x.dotProduct(axes.y.crossProduct(axes.z));
+}
+
 /// Gauss-Jordan elimination with the largest pivot of the column. False when a column has no pivot.
 bool eliminate(double (&a)[4][4], double (&b)[4][4])
 {
@@ -84,7 +89,7 @@ AcGeMatrix3d AcGeMatrix3d::inverse(const AcGeTol&) const
 bool AcGeMatrix3d::isSingular(const AcGeTol& tol) const
 {
     const Axes a = axesOf(*this);
-    return !(std::fabs(det()) > tol.equalVector() * a.x.length() * a.y.length() * a.z.length());
+    return !(std::fabs(volumeOf(a)) > tol.equalVector() * a.x.length() * a.y.length() * a.z.length());
 }
 
 AcGeMatrix3d AcGeMatrix3d::transpose() const
@@ -121,8 +126,7 @@ bool AcGeMatrix3d::isScaledOrtho(const AcGeTol& tol) const
 
 double AcGeMatrix3d::det() const
 {
-    const Axes a = axesOf(*this);
-    return a.x.dotProduct(a.y.crossProduct(a.z));
+    return volumeOf(axesOf(*this));
 }
 
 double AcGeMatrix3d::scale() const
