@@ -110,7 +110,7 @@ void AcDbArc::turnOver(const AcGeMatrix3d& xform, const AcGePoint3d& start, cons
     mEndAngle = withinTurn(mStartAngle + total);
 }
 
-bool AcDbArc::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbArc::subWorldDraw(AcGiWorldDraw* draw)
 {
     double start = 0.0, end = 0.0;
     angleRange(start, end);
@@ -150,14 +150,14 @@ Acad::ErrorStatus AcDbArc::subMoveGripPointsAt(const AcDbIntArray& indices, cons
     return setFromAcGeCurve(arc, &side);
 }
 
-Acad::ErrorStatus AcDbArc::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+Acad::ErrorStatus AcDbArc::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                              const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
     if (mode == AcDb::kOsModeMid) {
         points.append(middle());
         return Acad::eOk;
     }
-    if (mode != AcDb::kOsModeEnd) return DbCircularCurve::subGetOsnapPoints(mode, pick, last, points);
+    if (mode != AcDb::kOsModeEnd) return DbCircularCurve::pointsToSnapTo(mode, pick, last, points);
     const AcGePoint3d start = pointAtAngle(mStartAngle), end = pointAtAngle(mEndAngle);
     points.append(pick.distanceTo(start) <= pick.distanceTo(end) ? start : end);
     return Acad::eOk;

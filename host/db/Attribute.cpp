@@ -89,7 +89,7 @@ Acad::ErrorStatus AcDbAttribute::setAttributeFromBlock(const AcGeMatrix3d& block
     return status == Acad::eOk ? subTransformBy(blockTransform) : status;
 }
 
-bool AcDbAttribute::subWorldDraw(AcGiWorldDraw* draw) const { return isInvisible() || AcDbText::subWorldDraw(draw); }
+bool AcDbAttribute::subWorldDraw(AcGiWorldDraw* draw) { return isInvisible() || AcDbText::subWorldDraw(draw); }
 
 ACHAR* AcDbAttribute::tag() const { return newCopyOf(mTag); }
 

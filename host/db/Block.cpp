@@ -74,6 +74,18 @@ Acad::ErrorStatus AcDbBlockTableRecord::comments(ACHAR*& text) const
     return acutNewString(mComments, text) == RTNORM ? Acad::eOk : Acad::eOutOfMemory;
 }
 
+Acad::ErrorStatus AcDbBlockTableRecord::comments(AcString& text) const
+{
+    text = AcString(mComments);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::pathName(AcString& path) const
+{
+    path = AcString(mPathName);
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbBlockTableRecord::setComments(const ACHAR* text)
 {
     const Acad::ErrorStatus status = assertWriteEnabled();

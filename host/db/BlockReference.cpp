@@ -60,10 +60,10 @@ void AcDbBlockReference::listInBlock()
 }
 
 // What lists change comes here without a setter.
-void AcDbBlockReference::subClose()
+Acad::ErrorStatus AcDbBlockReference::subClose()
 {
     listInBlock();
-    AcDbEntity::subClose();
+    return AcDbEntity::subClose();
 }
 
 AcGePoint3d AcDbBlockReference::position() const { return ocsToWorld(mNormal) * mPosition; }

@@ -189,7 +189,7 @@ Acad::ErrorStatus AcDbBlockReference::geomExtentsBestFit(AcDbExtents& extents, c
     return extentsOf(*this, parentXform, extents) ? Acad::eOk : Acad::eInvalidExtents;
 }
 
-bool AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw)
 {
     const Nesting nesting;
     if (nesting.isTooDeep()) return true;
@@ -236,7 +236,7 @@ Acad::ErrorStatus AcDbBlockReference::subGetGripPoints(AcGePoint3dArray& gripPoi
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbBlockReference::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
+Acad::ErrorStatus AcDbBlockReference::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
                                                         AcGePoint3dArray& points) const
 {
     if (mode == AcDb::kOsModeIns) points.append(position());

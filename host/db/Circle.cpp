@@ -32,7 +32,7 @@ Acad::ErrorStatus AcDbCircle::setFromAcGeCurve(const AcGeCurve3d& curve, const A
     return setCircle(circle.center(), turned ? -circle.normal() : circle.normal(), circle.radius());
 }
 
-bool AcDbCircle::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbCircle::subWorldDraw(AcGiWorldDraw* draw)
 {
     draw->geometry().circle(center(), radius(), normal());
     return true;

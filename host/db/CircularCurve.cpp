@@ -210,7 +210,7 @@ void DbCircularCurve::appendTangents(const AcGePoint3d& last, AcGePoint3dArray& 
     }
 }
 
-Acad::ErrorStatus DbCircularCurve::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+Acad::ErrorStatus DbCircularCurve::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                                      const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
     switch (mode) {

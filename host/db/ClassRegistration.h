@@ -6,10 +6,14 @@
 #include "rxboiler.h"
 
 struct ClassRegistration {
-    explicit ClassRegistration(void (*rxInit)()) { rxInit(); }
+    ClassRegistration(void (*rxInit)(), AcRxClass* const& desc)
+    {
+        rxInit();
+        desc->mIsBuiltIn = true;
+    }
 };
 
-#define ACDB_REGISTER_CLASS(CLASS) static const ClassRegistration registrationOf##CLASS(&CLASS::rxInit);
+#define ACDB_REGISTER_CLASS(CLASS) static const ClassRegistration registrationOf##CLASS(&CLASS::rxInit, CLASS::gpDesc);
 
 /// Of a class with no objects of its own.
 #define ACDB_ABSTRACT_CLASS(CLASS, PARENT)                                                                   \

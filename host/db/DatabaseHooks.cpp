@@ -3,6 +3,7 @@
 namespace
 {
 hooks::DatabaseGate databaseGate = nullptr;
+hooks::Highlighter shownHighlight = nullptr;
 }
 
 namespace hooks
@@ -17,5 +18,12 @@ Acad::ErrorStatus mayWrite(const AcDbObject& object)
         if (status != Acad::eOk) return status;
     }
     return object.subMayWrite();
+}
+
+void setHighlighter(Highlighter highlighter) { shownHighlight = highlighter; }
+
+void highlight(AcDbObjectId entity, bool on)
+{
+    if (shownHighlight) shownHighlight(entity, on);
 }
 } // namespace hooks

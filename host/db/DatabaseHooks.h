@@ -12,4 +12,9 @@ void setDatabaseGate(DatabaseGate gate);
 
 /// Whether an object may be opened for write: the gate of its database, then its own (a locked layer: eOnLockedLayer).
 Acad::ErrorStatus mayWrite(const AcDbObject& object);
+
+/// What shows an entity as selected, or no longer so.
+using Highlighter = void (*)(AcDbObjectId entity, bool on);
+void setHighlighter(Highlighter highlighter);
+void highlight(AcDbObjectId entity, bool on);
 } // namespace hooks

@@ -3,6 +3,7 @@
 #include "ClassRegistration.h"
 #include "DatabaseHooks.h"
 #include "DbObjectAccess.h"
+#include "ObjectFiling.h"
 #include "ObjectNotices.h"
 #include "OwnedObjects.h"
 
@@ -108,7 +109,8 @@ Acad::ErrorStatus AcDbObject::cancel()
     }
     if (mExtras && mExtras->before) {
         subCancel(*mExtras->before);
-        assignState(*mExtras->before);
+        subCancel();
+        filing::assign(*this, *mExtras->before);
     }
     notices::cancelled(*this);
     if (mIsNew) notices::unappended(*this);
@@ -123,7 +125,7 @@ Acad::ErrorStatus AcDbObject::assertWriteEnabled(bool recordModified)
     if (!recordModified || mModified) return Acad::eOk;
     mModified = true;
     if (!mIsNew) {
-        DbObjectAccess::needExtras(*this).before.reset(newCopy());
+        DbObjectAccess::needExtras(*this).before = filing::copyOf(*this);
         notices::openedForModify(*this);
     }
     return Acad::eOk;
@@ -147,14 +149,14 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing)
 const DxfClass* AcDbObject::dxfClass() const { return nullptr; }
 std::string_view AcDbObject::dxfRecordName() const { return isA()->dxfRecordName(); }
 
-AcRxObject* AcDbObject::clone() const { return newCopy(); }
+AcRxObject* AcDbObject::clone() const { return filing::copyOf(*this).release(); }
 
 Acad::ErrorStatus AcDbObject::copyFrom(const AcRxObject* other)
 {
     if (!other) return Acad::eNullObjectPointer;
     if (other->isA() != isA()) return Acad::eWrongObjectType;
     const Acad::ErrorStatus status = assertWriteEnabled();
-    if (status == Acad::eOk) assignState(*static_cast<const AcDbObject*>(other));
+    if (status == Acad::eOk) filing::assign(*this, *static_cast<const AcDbObject*>(other));
     return status;
 }
 

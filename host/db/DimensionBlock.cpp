@@ -151,11 +151,11 @@ Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool forceUpdate)
     return status == Acad::eOk ? DimensionBlock::recompute(*this) : status;
 }
 
-void AcDbDimension::subClose()
+Acad::ErrorStatus AcDbDimension::subClose()
 {
     if (mIsStale && database() && isWriteEnabled() && (isModified() || isNewObject()) && !isErased())
         DimensionBlock::recompute(*this);
-    AcDbEntity::subClose();
+    return AcDbEntity::subClose();
 }
 
 Acad::ErrorStatus AcDbDimension::subExplode(AcDbVoidPtrArray& entitySet) const
@@ -179,7 +179,7 @@ Acad::ErrorStatus AcDbDimension::subGetGeomExtents(AcDbExtents& extents) const
     return extents.isEmpty() ? Acad::eInvalidExtents : Acad::eOk;
 }
 
-bool AcDbDimension::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbDimension::subWorldDraw(AcGiWorldDraw* draw)
 {
     DimensionBlock::forEachShown(*this, [&](const AcDbEntity& entity, const AcGeMatrix3d& map) {
         draw->geometry().pushModelTransform(map);

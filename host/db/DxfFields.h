@@ -94,6 +94,8 @@ struct DxfFrame {
 /// classes, extended data. Groups that no field of the section takes are kept with the object; a section of an unknown
 /// name is kept whole.
 DxfFrame dxfRead(AcDbObject& object, DxfSource& source);
+/// Reads the sections of the host's classes alone, all that the source has.
+void dxfReadSections(AcDbObject& object, DxfSource& source);
 /// Writes all groups of an object's classes, and what was kept, without the frame.
 void dxfWrite(const AcDbObject& object, DxfSink& sink);
 /// Writes what stands before the classes: group 0, handle, extension dictionary, reactors, owner.

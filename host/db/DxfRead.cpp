@@ -1,5 +1,6 @@
 #include "DbObjectAccess.h"
 #include "DxfFields.h"
+#include "DxfFiler.h"
 #include "DxfKept.h"
 #include "dbsymbase.h"
 
@@ -21,11 +22,54 @@ public:
 
     DxfFrame read()
     {
-        while (const DxfGroup* group = mSource.peek()) take(*group);
+        DxfInFiler filer(mSource, mObject.database(), [this] { readKnown(); });
+        mObject.dxfInFields(&filer);
+        if (filer.filerStatus() != Acad::eOk) mSource.report(DxfGroup(), "a value that its class cannot take");
+        if (filer.isInOwnSection()) skipSection();
+        if (const std::string* mark = filer.markGivenBack()) keepMark(*mark);
+        readAll();
         return mFrame;
     }
 
+    void readAll()
+    {
+        while (const DxfGroup* group = mSource.peek()) take(*group);
+    }
+
 private:
+    /// Up to the first section that is of none of the host's classes.
+    void readKnown()
+    {
+        while (const DxfGroup* group = mSource.peek()) {
+            if (group->code == 100 && !sectionOf(*group)) return;
+            take(*group);
+        }
+    }
+
+    /// Groups that a module's class has left of its section, for nobody to read.
+    void skipSection()
+    {
+        while (const DxfGroup* group = mSource.peek()) {
+            if (group->code == 100 || group->code == 101 || group->code >= 1000) return;
+            mSource.take();
+        }
+    }
+
+    void keepMark(const std::string& mark)
+    {
+        mSection = nullptr;
+        DxfGroup group;
+        group.code = 100;
+        group.text = mark;
+        keepGroup(mObject, nullptr, group);
+    }
+
+    const DxfClass* sectionOf(const DxfGroup& mark) const
+    {
+        const DxfClass* own = mObject.dxfClass();
+        return own ? own->sectionOf(mark.text) : nullptr;
+    }
+
     void take(const DxfGroup& group)
     {
         if (group.code >= 1000) return takeXData(group);
@@ -59,8 +103,7 @@ private:
     {
         mSectionsKnown = true;
         mTaken.reset();
-        const DxfClass* own = mObject.dxfClass();
-        mSection = own ? own->sectionOf(group.text) : nullptr;
+        mSection = sectionOf(group);
         if (mSection) {
             mSource.take();
         } else {
@@ -210,10 +253,12 @@ void writeBody(const AcDbObject& object, AcDbObjectId namedOwner, DxfSink& sink)
 } // namespace
 
 DxfFrame dxfRead(AcDbObject& object, DxfSource& source) { return RecordReader(object, source).read(); }
+void dxfReadSections(AcDbObject& object, DxfSource& source) { RecordReader(object, source).readAll(); }
 
 void dxfWrite(const AcDbObject& object, DxfSink& sink)
 {
-    if (const DxfClass* own = object.dxfClass()) own->write(object, sink);
+    DxfOutFiler filer(sink, object.database());
+    object.dxfOutFields(&filer);
     writeKeptGroups(object, nullptr, sink);
 }
 

@@ -286,7 +286,7 @@ Acad::ErrorStatus AcDbEllipse::subTransformBy(const AcGeMatrix3d& xform)
     return setFromAcGeCurve(*curve, &side);
 }
 
-bool AcDbEllipse::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbEllipse::subWorldDraw(AcGiWorldDraw* draw)
 {
     if (const std::unique_ptr<AcGeCurve3d> curve = makeGeCurve())
         draw->geometry().ellipArc(static_cast<const AcGeEllipArc3d&>(*curve));
@@ -344,7 +344,7 @@ std::vector<double> tangentParams(double x, double y)
 }
 } // namespace
 
-Acad::ErrorStatus AcDbEllipse::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+Acad::ErrorStatus AcDbEllipse::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                                  const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
     const std::unique_ptr<AcGeCurve3d> curve = makeGeCurve();
@@ -363,6 +363,7 @@ Acad::ErrorStatus AcDbEllipse::subGetOsnapPoints(AcDb::OsnapMode mode, const AcG
     for (const double param : tangentParams(x, y)) {
         if (mode == AcDb::kOsModeTan && holds(start, end, param)) points.append(pointAt(param));
     }
-    if (mode != AcDb::kOsModeEnd || !isClosed()) appendSnaps(*curve, mode, pick, last, points);
+    const bool isDone = mode == AcDb::kOsModeTan || (mode == AcDb::kOsModeEnd && isClosed());
+    if (!isDone) appendSnaps(*curve, mode, pick, last, points);
     return Acad::eOk;
 }

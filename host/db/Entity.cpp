@@ -1,6 +1,7 @@
 #include "dbentity.h"
 
 #include "ClassRegistration.h"
+#include "DatabaseHooks.h"
 #include "DbObjectAccess.h"
 #include "EntityAccess.h"
 #include "Stub.h"
@@ -107,6 +108,14 @@ Acad::ErrorStatus AcDbEntity::layer(CString& name) const
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbEntity::layer(AcString& name) const
+{
+    CString found;
+    const Acad::ErrorStatus status = layer(found);
+    name = AcString(found);
+    return status;
+}
+
 Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name, bool doSubents, bool allowHiddenLayer)
 {
     AcDbObjectId id;
@@ -131,6 +140,27 @@ AcDbObjectId AcDbEntity::linetypeId() const
 }
 
 ACHAR* AcDbEntity::linetype() const { return copyOfName(linetypeId(), L"ByLayer"); }
+
+Acad::ErrorStatus AcDbEntity::linetype(AcString& name) const
+{
+    const CString* found = nameOfRecord(linetypeId());
+    name = AcString(found ? *found : CString(L"ByLayer"));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbEntity::highlight() const
+{
+    if (!database()) return Acad::eNotInDatabase;
+    hooks::highlight(objectId(), true);
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbEntity::unhighlight() const
+{
+    if (!database()) return Acad::eNotInDatabase;
+    hooks::highlight(objectId(), false);
+    return Acad::eOk;
+}
 
 Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name, bool doSubents)
 {

@@ -95,36 +95,67 @@ Acad::ErrorStatus AcDbEntity::subMoveGripPointsAt(const AcDbIntArray&, const AcG
 
 Acad::ErrorStatus AcDbEntity::getStretchPoints(AcGePoint3dArray& stretchPoints) const
 {
+    return subGetStretchPoints(stretchPoints);
+}
+
+Acad::ErrorStatus AcDbEntity::subGetStretchPoints(AcGePoint3dArray& stretchPoints) const
+{
     AcDbIntArray modes, ids;
     return subGetGripPoints(stretchPoints, modes, ids);
 }
 
 Acad::ErrorStatus AcDbEntity::moveStretchPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset)
 {
-    return moveGripPointsAt(indices, offset);
+    if (indices.isEmpty()) return Acad::eOk;
+    AcGePoint3dArray points;
+    const Acad::ErrorStatus known = subGetStretchPoints(points);
+    if (known == Acad::eOk && !areAllInRange(indices, points.length())) return Acad::eInvalidIndex;
+    const Acad::ErrorStatus status = beginChange();
+    return status == Acad::eOk ? subMoveStretchPointsAt(indices, offset) : status;
 }
 
-Acad::ErrorStatus AcDbEntity::getOsnapPoints(AcDb::OsnapMode osnapMode, Adesk::GsMarker, const AcGePoint3d& pickPoint,
-                                             const AcGePoint3d& lastPoint, const AcGeMatrix3d&,
-                                             AcGePoint3dArray& snapPoints, AcDbIntArray&) const
+Acad::ErrorStatus AcDbEntity::subMoveStretchPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset)
 {
-    return subGetOsnapPoints(osnapMode, pickPoint, lastPoint, snapPoints);
+    return subMoveGripPointsAt(indices, offset);
+}
+
+Acad::ErrorStatus AcDbEntity::getOsnapPoints(AcDb::OsnapMode osnapMode, Adesk::GsMarker gsSelectionMark,
+                                             const AcGePoint3d& pickPoint, const AcGePoint3d& lastPoint,
+                                             const AcGeMatrix3d& viewXform, AcGePoint3dArray& snapPoints,
+                                             AcDbIntArray& geomIds) const
+{
+    return subGetOsnapPoints(osnapMode, gsSelectionMark, pickPoint, lastPoint, viewXform, snapPoints, geomIds);
+}
+
+Acad::ErrorStatus AcDbEntity::subGetOsnapPoints(AcDb::OsnapMode osnapMode, Adesk::GsMarker,
+                                                const AcGePoint3d& pickPoint, const AcGePoint3d& lastPoint,
+                                                const AcGeMatrix3d&, AcGePoint3dArray& snapPoints, AcDbIntArray&) const
+{
+    return pointsToSnapTo(osnapMode, pickPoint, lastPoint, snapPoints);
+}
+
+Adesk::UInt32 AcDbEntity::subSetAttributes(AcGiDrawableTraits* traits)
+{
+    traits->setLayer(layerId());
+    if (mColor.isByColor()) {
+        traits->setTrueColor(mColor);
+    } else {
+        traits->setColor(colorIndex());
+    }
+    traits->setLineType(linetypeId());
+    traits->setLineTypeScale(mLinetypeScale);
+    traits->setLineWeight(lineWeight());
+    traits->setTransparency(mTransparency);
+    traits->setFillType(kAcGiFillNever);
+    return 0;
 }
 
 bool AcDbEntity::worldDraw(AcGiWorldDraw* draw) const
 {
     if (!draw) return true;
-    AcGiSubEntityTraits& traits = draw->subEntityTraits();
-    traits.setLayer(layerId());
-    if (mColor.isByColor()) {
-        traits.setTrueColor(mColor);
-    } else {
-        traits.setColor(colorIndex());
-    }
-    traits.setLineType(linetypeId());
-    traits.setLineTypeScale(mLinetypeScale);
-    traits.setLineWeight(lineWeight());
-    traits.setTransparency(mTransparency);
-    traits.setFillType(kAcGiFillNever);
-    return subWorldDraw(draw);
+    // Drawing changes nothing of the entity; the signatures of what classes override are older than const.
+    auto& self = const_cast<AcDbEntity&>(*this);
+    draw->geometry().mDraw = draw;
+    self.subSetAttributes(&draw->subEntityTraits());
+    return self.subWorldDraw(draw);
 }

@@ -110,7 +110,7 @@ Acad::ErrorStatus AcDbFace::subGetGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-bool AcDbFace::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbFace::subWorldDraw(AcGiWorldDraw* draw)
 {
     for (int i = 0; i < 4; ++i) {
         const AcGePoint3d edge[] = {corner(i), corner((i + 1) % 4)};

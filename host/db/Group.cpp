@@ -280,9 +280,10 @@ Acad::ErrorStatus AcDbGroup::subErase(bool erasing)
     return AcDbObject::subErase(erasing);
 }
 
-void AcDbGroup::subClose()
+Acad::ErrorStatus AcDbGroup::subClose()
 {
     if (isNewObject()) tellAll(objectId(), true);
+    return AcDbObject::subClose();
 }
 
 void AcDbGroup::subCancel(const AcDbObject& before)

@@ -98,16 +98,16 @@ Acad::ErrorStatus AcDbHatch::removeAssocObjIds()
     return setAssociative(false);
 }
 
-void AcDbHatch::subClose()
+Acad::ErrorStatus AcDbHatch::subClose()
 {
-    AcDbEntity::subClose();
     writeExtraData();
-    if (!mSourcesChanged || !database()) return;
+    if (!mSourcesChanged || !database()) return AcDbEntity::subClose();
     mSourcesChanged = false;
     AcDbObjectIdArray ids;
     getAssocObjIds(ids);
     for (const AcDbObjectId& id : ids)
         attach(id, objectId());
+    return AcDbEntity::subClose();
 }
 
 bool AcDbHatch::follows(AcDbObjectId id) const

@@ -60,7 +60,7 @@ Acad::ErrorStatus AcDbHatch::subGetGeomExtents(AcDbExtents& extents) const
     return extents.isEmpty() ? Acad::eInvalidExtents : Acad::eOk;
 }
 
-bool AcDbHatch::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbHatch::subWorldDraw(AcGiWorldDraw* draw)
 {
     if (mLoops.empty()) return true;
     const AcGeMatrix3d world = planeToWorld();

@@ -205,15 +205,28 @@ Acad::ErrorStatus intersect(const AcDbEntity& first, const AcDbEntity* second, A
 }
 } // namespace
 
-Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity* ent, AcDb::Intersect intType,
-                                            AcGePoint3dArray& points, Adesk::GsMarker, Adesk::GsMarker) const
+Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity* ent, AcDb::Intersect intType, AcGePoint3dArray& points,
+                                            Adesk::GsMarker thisGsMarker, Adesk::GsMarker otherGsMarker) const
+{
+    return subIntersectWith(ent, intType, points, thisGsMarker, otherGsMarker);
+}
+
+Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity* ent, AcDb::Intersect intType, const AcGePlane& projPlane,
+                                            AcGePoint3dArray& points, Adesk::GsMarker thisGsMarker,
+                                            Adesk::GsMarker otherGsMarker) const
+{
+    return subIntersectWith(ent, intType, projPlane, points, thisGsMarker, otherGsMarker);
+}
+
+Acad::ErrorStatus AcDbEntity::subIntersectWith(const AcDbEntity* ent, AcDb::Intersect intType,
+                                               AcGePoint3dArray& points, Adesk::GsMarker, Adesk::GsMarker) const
 {
     return intersect(*this, ent, intType, nullptr, points);
 }
 
-Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity* ent, AcDb::Intersect intType,
-                                            const AcGePlane& projPlane, AcGePoint3dArray& points,
-                                            Adesk::GsMarker, Adesk::GsMarker) const
+Acad::ErrorStatus AcDbEntity::subIntersectWith(const AcDbEntity* ent, AcDb::Intersect intType,
+                                               const AcGePlane& projPlane, AcGePoint3dArray& points, Adesk::GsMarker,
+                                               Adesk::GsMarker) const
 {
     return intersect(*this, ent, intType, &projPlane, points);
 }

@@ -11,6 +11,7 @@
 #include "dbdictdflt.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 ACDB_DXF_CLASS(AcDbLayerTableRecord, AcDbSymbolTableRecord, LAYER)
 ACDB_SYMBOL_TABLE_MEMBERS(Layer)
@@ -112,6 +113,14 @@ bool standsOn(AcDbObjectId id, AcDbObjectId layer)
     const auto* entity = AcDbEntity::cast(residentObject(id));
     return entity && !id.isErased() && entity->layerId() == layer;
 }
+
+void addLayersOf(const AcDbBlockTableRecord& block, std::unordered_set<AcDbObjectId>& layers)
+{
+    for (const AcDbObjectId id : block.entityIds()) {
+        const auto* entity = AcDbEntity::cast(residentObject(id));
+        if (entity && !id.isErased()) layers.insert(entity->layerId());
+    }
+}
 } // namespace
 
 AcCmEntityColor AcDbLayerTableRecord::white()
@@ -138,8 +147,25 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen)
     return setFlag(frozenFlag, frozen);
 }
 
+Acad::ErrorStatus AcDbLayerTable::generateUsageData()
+{
+    const auto* blocks = database() ? AcDbBlockTable::cast(residentObject(database()->blockTableId())) : nullptr;
+    if (!blocks) return Acad::eNotInDatabase;
+    std::unordered_set<AcDbObjectId> used;
+    for (const AcDbObjectId blockId : blocks->recordIds()) {
+        if (!blockId.isErased()) addLayersOf(*static_cast<AcDbBlockTableRecord*>(residentObject(blockId)), used);
+    }
+    using Usage = AcDbLayerTableRecord::Usage;
+    for (const AcDbObjectId layer : recordIds()) {
+        if (auto* record = AcDbLayerTableRecord::cast(residentObject(layer)))
+            record->mUsage = used.count(layer) ? Usage::used : Usage::unused;
+    }
+    return Acad::eOk;
+}
+
 bool AcDbLayerTableRecord::isInUse() const
 {
+    if (mUsage != Usage::unknown) return mUsage == Usage::used;
     const auto* blocks = database() ? AcDbBlockTable::cast(residentObject(database()->blockTableId())) : nullptr;
     if (!blocks) return false;
     return std::any_of(blocks->recordIds().begin(), blocks->recordIds().end(), [&](AcDbObjectId blockId) {

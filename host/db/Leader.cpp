@@ -146,6 +146,25 @@ Acad::ErrorStatus AcDbLeader::attachAnnotation(AcDbObjectId annotation)
     return Acad::eWrongObjectType;
 }
 
+Acad::ErrorStatus AcDbLeader::evaluateLeader()
+{
+    const auto* text = AcDbEntity::cast(residentObject(mAnnotation));
+    AcDbExtents box;
+    if (!text || mAnnotation.isErased() || mVertices.size() < 2 || text->getGeomExtents(box) != Acad::eOk)
+        return Acad::eNotApplicable;
+    const Acad::ErrorStatus status = beginChange();
+    if (status != Acad::eOk) return status;
+    const AcGePoint3d middle = box.minPoint() + (box.maxPoint() - box.minPoint()) / 2.0;
+    const AcGeVector3d along = mHorizontal.normal();
+    const double half = std::fabs((box.maxPoint() - middle).dotProduct(along));
+    const double side = (middle - mVertices[mVertices.size() - 2]).dotProduct(along) >= 0.0 ? -1.0 : 1.0;
+    const DimVariables look = variables();
+    mVertices.back() = middle + along * (side * (half + look.scaled(look.dimgap)));
+    mHookAlongX = side < 0.0;
+    mHasHook = mAnnotationType == kMText;
+    return status;
+}
+
 Acad::ErrorStatus AcDbLeader::detachAnnotation()
 {
     const Acad::ErrorStatus status = beginChange();
@@ -275,7 +294,7 @@ Acad::ErrorStatus AcDbLeader::subGetGeomExtents(AcDbExtents& extents) const
     return status;
 }
 
-bool AcDbLeader::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbLeader::subWorldDraw(AcGiWorldDraw* draw)
 {
     const std::unique_ptr<AcGeCurve3d> curve = makeGeCurve();
     if (!curve) return true;

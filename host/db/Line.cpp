@@ -167,7 +167,7 @@ Acad::ErrorStatus AcDbLine::subGetGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-bool AcDbLine::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbLine::subWorldDraw(AcGiWorldDraw* draw)
 {
     const AcGePoint3d ends[] = {mStart, mEnd};
     draw->geometry().polyline(2, ends);
@@ -190,7 +190,7 @@ Acad::ErrorStatus AcDbLine::subMoveGripPointsAt(const AcDbIntArray& indices, con
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbLine::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+Acad::ErrorStatus AcDbLine::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                               const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
     const std::unique_ptr<AcGeCurve3d> line = makeGeCurve();

@@ -170,10 +170,10 @@ void AcDbMText::getEcs(AcGeMatrix3d& matrix) const { matrix = ocsToWorld(mNormal
 
 void AcDbMText::subSetDatabaseDefaults(AcDbDatabase* db) { mStyle = db->textstyle(); }
 
-void AcDbMText::subClose()
+Acad::ErrorStatus AcDbMText::subClose()
 {
-    AcDbEntity::subClose();
     if (mStyle.isNull()) mStyle = textStyle();
     if (mIsChanged) MTextFields::forgetEmbedded(*this);
     mIsChanged = false;
+    return AcDbEntity::subClose();
 }

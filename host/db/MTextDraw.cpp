@@ -163,7 +163,7 @@ void AcDbMText::drawBackground(AcGiWorldDraw& draw, const lettering::MTextLayout
     if (showBorders()) draw.geometry().polygon(4, corners);
 }
 
-bool AcDbMText::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbMText::subWorldDraw(AcGiWorldDraw* draw)
 {
     const lettering::MTextLayout lines = layout();
     const AcGeMatrix3d world = textToWorld();

@@ -173,7 +173,7 @@ Acad::ErrorStatus AcDbMText::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDb
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbMText::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
+Acad::ErrorStatus AcDbMText::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
                                                AcGePoint3dArray& points) const
 {
     if (mode == AcDb::kOsModeIns) points.append(mLocation);

@@ -233,7 +233,7 @@ Acad::ErrorStatus AcDbMline::subGetGeomExtents(AcDbExtents& extents) const
     return extents.isEmpty() ? Acad::eInvalidExtents : Acad::eOk;
 }
 
-bool AcDbMline::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbMline::subWorldDraw(AcGiWorldDraw* draw)
 {
     forEachPiece([&](const AcGePoint3d& start, const AcGePoint3d& end) {
         const AcGePoint3d points[] = {start, end};

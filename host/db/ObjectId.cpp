@@ -2,6 +2,7 @@
 
 #include "DbObjectAccess.h"
 #include "Stub.h"
+#include "dbobjptr2.h"
 
 #include <cwctype>
 
@@ -56,6 +57,8 @@ bool AcDbObjectId::isEffectivelyErased() const
     }
     return false;
 }
+
+AcDbObject* smartptr::openedObject(AcDbObjectId id) { return residentObject(id); }
 
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased)
 {

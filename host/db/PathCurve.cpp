@@ -245,7 +245,21 @@ Acad::ErrorStatus DbPathCurve::subGetGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-Acad::ErrorStatus DbPathCurve::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+namespace
+{
+/// An arc of a polyline is snapped to as one that stands alone.
+void appendArcSnaps(const AcGeCurve3d& arc, const AcGeVector3d& normal, AcDb::OsnapMode mode, const AcGePoint3d& pick,
+                    const AcGePoint3d& last, AcGePoint3dArray& points)
+{
+    AcDbCurve* alone = nullptr;
+    if (AcDbCurve::createFromAcGeCurve(arc, alone, &normal) != Acad::eOk) return;
+    const std::unique_ptr<AcDbCurve> owned(alone);
+    AcDbIntArray ids;
+    alone->getOsnapPoints(mode, 0, pick, last, AcGeMatrix3d::kIdentity, points, ids);
+}
+} // namespace
+
+Acad::ErrorStatus DbPathCurve::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                                  const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
     const BulgePath at = path();
@@ -268,6 +282,10 @@ Acad::ErrorStatus DbPathCurve::subGetOsnapPoints(AcDb::OsnapMode mode, const AcG
         break;
     case AcDb::kOsModeCen:
         if (segment.isArc()) points.append(placed(at, segment.center()));
+        break;
+    case AcDb::kOsModeTan:
+    case AcDb::kOsModeQuad:
+        if (segment.isArc()) appendArcSnaps(*at.geSegment(index, at.toWorld()), at.normal, mode, pick, last, points);
         break;
     default:
         break;

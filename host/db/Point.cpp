@@ -83,7 +83,7 @@ Acad::ErrorStatus AcDbPoint::subGetGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-bool AcDbPoint::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbPoint::subWorldDraw(AcGiWorldDraw* draw)
 {
     draw->geometry().pointMark(mPosition);
     return true;
@@ -95,7 +95,7 @@ Acad::ErrorStatus AcDbPoint::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDb
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbPoint::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
+Acad::ErrorStatus AcDbPoint::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
                                                AcGePoint3dArray& points) const
 {
     if (mode == AcDb::kOsModeNode) points.append(mPosition);

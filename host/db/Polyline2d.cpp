@@ -290,7 +290,7 @@ Acad::ErrorStatus AcDb2dPolyline::reverseCurve()
     });
 }
 
-bool AcDb2dPolyline::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDb2dPolyline::subWorldDraw(AcGiWorldDraw* draw)
 {
     AcDbPolyline drawn;
     const std::vector<AcDb2dVertex*> vertices = shownVertices();

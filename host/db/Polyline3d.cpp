@@ -261,7 +261,7 @@ Acad::ErrorStatus AcDb3dPolyline::subGetGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-bool AcDb3dPolyline::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDb3dPolyline::subWorldDraw(AcGiWorldDraw* draw)
 {
     const AcGePoint3dArray all = points();
     if (all.length() > 1) draw->geometry().polyline(static_cast<unsigned>(all.length()), all.asArrayPtr());

@@ -58,7 +58,7 @@ Acad::ErrorStatus AcDbPolyline::subGetTransformedCopy(const AcGeMatrix3d& xform,
     return Acad::eOk;
 }
 
-bool AcDbPolyline::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbPolyline::subWorldDraw(AcGiWorldDraw* draw)
 {
     draw->geometry().pline(*this);
     return true;

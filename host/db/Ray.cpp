@@ -23,7 +23,7 @@ std::unique_ptr<AcGeCurve3d> AcDbRay::makeGeCurve() const
     return std::make_unique<AcGeRay3d>(mBase, mDirection);
 }
 
-bool AcDbRay::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbRay::subWorldDraw(AcGiWorldDraw* draw)
 {
     draw->geometry().ray(mBase, secondPoint());
     return true;

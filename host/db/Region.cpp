@@ -238,7 +238,7 @@ Acad::ErrorStatus AcDbRegion::subGetGeomExtents(AcDbExtents& extents) const
     return extents.set(low, high);
 }
 
-bool AcDbRegion::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbRegion::subWorldDraw(AcGiWorldDraw* draw)
 {
     kernel::Region shape;
     if (RegionAccess::shape(*this, shape) != Acad::eOk) return true;

@@ -158,3 +158,9 @@ void acutDelString(ACHAR*& text)
     std::free(text);
     text = nullptr;
 }
+
+void acutDelBuffer(char*& buffer)
+{
+    std::free(buffer);
+    buffer = nullptr;
+}

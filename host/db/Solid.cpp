@@ -114,7 +114,7 @@ Acad::ErrorStatus AcDbFilledQuad::subGetGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-bool AcDbFilledQuad::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbFilledQuad::subWorldDraw(AcGiWorldDraw* draw)
 {
     const AcGeMatrix3d world = ocsToWorld(mNormal);
     AcGePoint3d points[4];

@@ -194,7 +194,7 @@ Acad::ErrorStatus AcDbSpline::subTransformBy(const AcGeMatrix3d& xform)
     return Acad::eOk;
 }
 
-bool AcDbSpline::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbSpline::subWorldDraw(AcGiWorldDraw* draw)
 {
     if (const std::unique_ptr<AcGeNurbCurve3d> curve = nurbs()) draw->geometry().nurbs(*curve);
     return true;
@@ -219,7 +219,7 @@ Acad::ErrorStatus AcDbSpline::subMoveGripPointsAt(const AcDbIntArray& indices, c
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbSpline::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+Acad::ErrorStatus AcDbSpline::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                                 const AcGePoint3d& last, AcGePoint3dArray& points) const
 {
     if (const std::unique_ptr<AcGeNurbCurve3d> curve = nurbs()) appendSnaps(*curve, mode, pick, last, points);

@@ -62,6 +62,12 @@ Acad::ErrorStatus AcDbSymbolTableRecord::getName(const ACHAR*& name) const
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbSymbolTableRecord::getName(AcString& name) const
+{
+    name = AcString(mName);
+    return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name)
 {
     const bool mayBeNameless = sharesName() && name && !*name;

@@ -177,11 +177,11 @@ void AcDbText::subSetDatabaseDefaults(AcDbDatabase* db)
     mGeneration = static_cast<std::int16_t>((style.isBackward ? 2 : 0) | (style.isUpsideDown ? 4 : 0));
 }
 
-void AcDbText::subClose()
+Acad::ErrorStatus AcDbText::subClose()
 {
-    AcDbEntity::subClose();
     if (mStyle.isNull()) mStyle = textStyle();
     if (isModifiedGraphics() && !isDefaultAlignment()) adjustAlignment(database());
+    return AcDbEntity::subClose();
 }
 
 void AcDbText::intersectionCurves(Curves& curves, bool) const

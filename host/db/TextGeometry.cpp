@@ -172,7 +172,7 @@ Acad::ErrorStatus AcDbText::subGetGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-bool AcDbText::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbText::subWorldDraw(AcGiWorldDraw* draw)
 {
     const CString& text = shownText();
     const AcGeMatrix3d world = textToWorld();
@@ -188,7 +188,7 @@ Acad::ErrorStatus AcDbText::subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbI
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbText::subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
+Acad::ErrorStatus AcDbText::pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d&, const AcGePoint3d&,
                                               AcGePoint3dArray& points) const
 {
     if (mode == AcDb::kOsModeIns) points.append(isDefaultAlignment() ? position() : alignmentPoint());

@@ -90,7 +90,7 @@ Acad::ErrorStatus VertexMesh::subGetGeomExtents(AcDbExtents& extents) const
     return extents.isEmpty() ? Acad::eInvalidExtents : Acad::eOk;
 }
 
-bool VertexMesh::subWorldDraw(AcGiWorldDraw* draw) const
+bool VertexMesh::subWorldDraw(AcGiWorldDraw* draw)
 {
     for (const Edge& edge : edges()) {
         const AcGePoint3d ends[] = {edge.from, edge.to};

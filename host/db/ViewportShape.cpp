@@ -33,7 +33,7 @@ Acad::ErrorStatus AcDbViewport::subGetGeomExtents(AcDbExtents& extents) const
     return Acad::eOk;
 }
 
-bool AcDbViewport::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbViewport::subWorldDraw(AcGiWorldDraw* draw)
 {
     // The layout's own viewport is not seen; an outline that clips draws itself.
     if (mNumber == 1 || isNonRectClipOn()) return true;

@@ -25,7 +25,7 @@ std::unique_ptr<AcGeCurve3d> AcDbXline::makeGeCurve() const
     return makeExtendedGeCurve();
 }
 
-bool AcDbXline::subWorldDraw(AcGiWorldDraw* draw) const
+bool AcDbXline::subWorldDraw(AcGiWorldDraw* draw)
 {
     draw->geometry().xline(mBase, secondPoint());
     return true;

@@ -41,6 +41,9 @@ bool isOfObjects(const AcDbStub& stub)
 struct ApplicationClass {
     const char* record;
     const char* name;
+    const char* application = "ObjectDBX Classes";
+    int proxyFlags = 0;
+    bool isEntity = false;
 };
 
 // Classes of objects that the host makes itself and that readers expect to be listed.
@@ -50,8 +53,14 @@ constexpr ApplicationClass ownClasses[] = {
     {"DICTIONARYVAR", "AcDbDictionaryVar"},
     {"LAYOUT", "AcDbLayout"},
     {"PLOTSETTINGS", "AcDbPlotSettings"},
+    {"IMAGE", "AcDbRasterImage", "ISM", 127, true},
+    {"IMAGEDEF", "AcDbRasterImageDef", "ISM"},
+    {"IMAGEDEF_REACTOR", "AcDbRasterImageDefReactor", "ISM", 1},
+    {"RASTERVARIABLES", "AcDbRasterVariables", "ISM"},
     {"SCALE", "AcDbScale"},
     {"SORTENTSTABLE", "AcDbSortentsTable"},
+    {"WIPEOUT", "AcDbWipeout", "WipeOut", 127, true},
+    {"WIPEOUTVARIABLES", "AcDbWipeoutVariables", "WipeOut"},
 };
 
 bool isListed(const DatabaseState& state, std::string_view record)
@@ -65,12 +74,31 @@ bool isListed(const DatabaseState& state, std::string_view record)
     return false;
 }
 
+using RecordCounts = std::map<std::string_view, int>;
+
 /// How many objects have each record name.
-std::map<std::string_view, int> countRecords(const std::vector<AcDbStub*>& objects)
+RecordCounts countRecords(const std::vector<AcDbStub*>& objects)
 {
-    std::map<std::string_view, int> counts;
+    RecordCounts counts;
     for (const AcDbStub* stub : objects) ++counts[stub->object->dxfRecordName()];
     return counts;
+}
+
+/// Adds the entities. Those of a class mostly follow each other, and a drawing holds many.
+void addEntities(StubTable& stubs, RecordCounts& counts)
+{
+    std::map<const AcRxClass*, int> ofClass;
+    const AcRxClass* last = nullptr;
+    int* count = nullptr;
+    for (const AcDbStub& stub : stubs) {
+        if (!stub.object || stub.erased) continue;
+        const AcRxClass* own = stub.object->isA();
+        if (own != last) count = &ofClass[last = own];
+        ++*count;
+    }
+    for (const auto& [own, number] : ofClass) {
+        if (own->isDerivedFrom(AcDbEntity::desc())) counts[own->dxfRecordName()] += number;
+    }
 }
 
 void writeClass(FileSink& sink, const ApplicationClass& own, int count)
@@ -78,11 +106,21 @@ void writeClass(FileSink& sink, const ApplicationClass& own, int count)
     sink.text(0, "CLASS");
     sink.text(1, own.record);
     sink.text(2, own.name);
-    sink.text(3, "ObjectDBX Classes");
-    sink.integer(90, 0);
+    sink.text(3, own.application);
+    sink.integer(90, own.proxyFlags);
     if (sink.version() >= static_cast<int>(FileVersion::r2004)) sink.integer(91, count);
     sink.integer(280, 0);
-    sink.integer(281, 0);
+    sink.integer(281, own.isEntity);
+}
+
+/// A class of a module, by the name of its records.
+void writeModuleClass(FileSink& sink, const AcRxClass& own, int count)
+{
+    const std::string name = utf8Of(own.name()), application = utf8Of(own.appName());
+    writeClass(sink,
+               {own.dxfRecordName().c_str(), name.c_str(), application.c_str(), own.proxyFlags(),
+                own.isDerivedFrom(AcDbEntity::desc())},
+               count);
 }
 } // namespace
 
@@ -136,10 +174,15 @@ void DrawingWriter::writeClasses()
         _sink.text(0, "CLASS");
         writeGroups(entry, _sink);
     }
-    const std::map<std::string_view, int> counts = countRecords(_objects);
+    RecordCounts counts = countRecords(_objects);
+    addEntities(_state.stubs, counts);
     for (const ApplicationClass& own : ownClasses) {
         const auto at = counts.find(own.record);
         if (at != counts.end() && !isListed(_state, own.record)) writeClass(_sink, own, at->second);
+    }
+    for (const auto& [record, count] : counts) {
+        const AcRxClass* known = acrxClassOfDxfName(wideOf(record));
+        if (known && !known->isBuiltIn() && !isListed(_state, record)) writeModuleClass(_sink, *known, count);
     }
     end();
 }

@@ -3,6 +3,7 @@
 #include "acedgraphics.h"
 #include "PointAnswers.h"
 #include "ScreenRecord.h"
+#include "SelectionState.h"
 
 namespace
 {
@@ -89,7 +90,7 @@ int acedDragGen(const ads_name set, const ACHAR* prompt, int, Follow follow, ads
     wish.prompt = ed::promptText(prompt);
     wish.rules = ed::takeInputRules();
     wish.seesMoves = true;
-    if (!set || ads_name_nil(set) || !result) return RTERROR;
+    if (!set || !ed::selectionSet(set) || !result) return RTERROR;
     for (;;) {
         const ed::PointReply reply = ed::askPoint(wish);
         if (reply.code == RTKWORD && !reply.keyword) return RTSTR;

@@ -77,17 +77,38 @@ int acedGetKword(const ACHAR* prompt, ACHAR* result, std::size_t size)
     return reply.code == RTKWORD ? ed::handOut(ed::lastInput(), result, size) : reply.code;
 }
 
-int acedGetString(int cronly, const ACHAR* prompt, ACHAR* result, std::size_t size)
+namespace
 {
-    ed::takeInputRules();
-    if (!result || size == 0) return RTERROR;
+/// Asks until there is a text; RTNORM or RTCAN.
+int askText(int cronly, const ACHAR* prompt, std::wstring& text)
+{
     for (;;) {
         ed::print(ed::promptText(prompt));
         const Answer answer = ed::currentInput().next(cronly ? ed::Reading::line : ed::Reading::word);
         if (answer.kind == Answer::Kind::cancel) return RTCAN;
-        if (answer.kind == Answer::Kind::text || answer.kind == Answer::Kind::enter)
-            return ed::handOut(answer.text, result, size);
+        if (answer.kind != Answer::Kind::text && answer.kind != Answer::Kind::enter) continue;
+        text = answer.text;
+        return RTNORM;
     }
+}
+} // namespace
+
+int acedGetString(int cronly, const ACHAR* prompt, ACHAR* result, std::size_t size)
+{
+    ed::takeInputRules();
+    if (!result || size == 0) return RTERROR;
+    std::wstring text;
+    const int code = askText(cronly, prompt, text);
+    return code == RTNORM ? ed::handOut(text, result, size) : code;
+}
+
+int acedGetString(int cronly, const ACHAR* prompt, AcString& result)
+{
+    ed::takeInputRules();
+    std::wstring text;
+    const int code = askText(cronly, prompt, text);
+    if (code == RTNORM) result = AcString(text.c_str());
+    return code;
 }
 
 int acedGetInt(const ACHAR* prompt, int* result)

@@ -3,6 +3,7 @@
 #include "acdbads.h"
 #include "CurrentUcs.h"
 #include "dbobjptr.h"
+#include "DatabaseHooks.h"
 #include "ScreenRecord.h"
 #include "Stub.h"
 
@@ -71,6 +72,11 @@ void setMode(AcDbObjectId id, int mode)
         screen.highlighted.erase(id);
     }
 }
+
+void showHighlight(AcDbObjectId id, bool on) { setMode(id, on ? 3 : 4); }
+
+// An entity asks its database layer to be highlighted; the screen is here.
+[[maybe_unused]] const bool highlighterIsSet = (hooks::setHighlighter(showHighlight), true);
 } // namespace
 
 int acedGrDraw(const ads_point from, const ads_point to, int color, int highlight)

@@ -134,6 +134,27 @@ void CairoCanvas::pushClip(const Loops& loops, FillRule rule)
     cairo_clip(mFile.context());
 }
 
+void CairoCanvas::image(cairo_surface_t* picture, const AcGePoint2d& corner, const AcGeVector2d& width,
+                        const AcGeVector2d& height)
+{
+    if (mTransforms.empty()) return;
+    const AcGeMatrix2d& map = mTransforms.back();
+    const AcGePoint2d top = map * (corner + height);
+    const AcGeVector2d across = map * (width / cairo_image_surface_get_width(picture));
+    const AcGeVector2d down = map * (height / -cairo_image_surface_get_height(picture));
+    cairo_matrix_t matrix;
+    cairo_matrix_init(&matrix, across.x, across.y, down.x, down.y, top.x, top.y);
+    // A picture that is seen from its edge has no matrix back to its pixels.
+    const double area = across.x * down.y - across.y * down.x;
+    if (!std::isfinite(top.x + top.y) || !(std::fabs(area) > 1e-12) || !std::isfinite(area)) return;
+    cairo_t* const context = mFile.context();
+    cairo_save(context);
+    cairo_transform(context, &matrix);
+    cairo_set_source_surface(context, picture, 0, 0);
+    cairo_paint(context);
+    cairo_restore(context);
+}
+
 void CairoCanvas::popClip()
 {
     if (mClips == 0) return;

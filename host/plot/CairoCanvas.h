@@ -24,6 +24,8 @@ public:
     void segments(const std::vector<kernel::HatchPiece>& lines, const Pen& pen) override;
     void dots(const Points& points, const Pen& pen) override;
     void fill(const Loops& loops, FillRule rule, const Paint& paint) override;
+    void image(cairo_surface_t* picture, const AcGePoint2d& corner, const AcGeVector2d& width,
+               const AcGeVector2d& height) override;
     double finest() const override;
 
 private:

@@ -8,6 +8,9 @@
 
 #include "gemat2d.h"
 
+/// As cairo.h declares it.
+typedef struct _cairo_surface cairo_surface_t;
+
 namespace plot
 {
 /// How a plot ended.
@@ -93,6 +96,9 @@ public:
     /// Round marks as wide as the pen.
     virtual void dots(const Points& points, const Pen& pen) = 0;
     virtual void fill(const Loops& loops, FillRule rule, const Paint& paint) = 0;
+    /// A picture whose lower left corner, lower edge and left edge are these.
+    virtual void image(cairo_surface_t* picture, const AcGePoint2d& corner, const AcGeVector2d& width,
+                       const AcGeVector2d& height) = 0;
 
     /// The smallest length that can be seen on the page, in units of the present transformation: curves that
     /// are flattened to a quarter of it look smooth. 0 before a page was begun.

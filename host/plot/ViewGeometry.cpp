@@ -1,5 +1,6 @@
 #include "ViewGeometry.h"
 
+#include "PictureFile.h"
 #include "DrawLettering.h"
 #include "TextLook.h"
 
@@ -214,6 +215,19 @@ bool ViewGeometry::text(const AcGePoint3d& position, const AcGeVector3d& normal,
     drawLettering(mCanvas, lettering::drawText(lettering::fontNamed(look.font), look.look, runs), look.look.height,
                   mTraits.look().ink);
     mCanvas.popTransform();
+    return true;
+}
+
+bool ViewGeometry::imageFile(const AcGiImageFile& image)
+{
+    if (!mTraits.look().isShown) return true;
+    const Picture picture = readPicture(image.path);
+    if (!picture) return false;
+    setTone(picture.get(), {image.brightness, image.contrast, image.fade, image.isTransparent});
+    flush();
+    mCanvas.pushClip({place(image.clip.count, image.clip.points)}, FillRule::evenOdd);
+    mCanvas.image(picture.get(), place(image.origin), place(image.width), place(image.height));
+    mCanvas.popClip();
     return true;
 }
 } // namespace plot

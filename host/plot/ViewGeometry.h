@@ -39,6 +39,7 @@ public:
     bool pointMark(const AcGePoint3d& point) override;
     bool text(const AcGePoint3d& position, const AcGeVector3d& normal, const AcGeVector3d& direction,
               const wchar_t* text, int length, bool raw, const AcGiTextStyle& style) override;
+    bool imageFile(const AcGiImageFile& image) override;
 
     /// Draws what has been collected.
     void flush();

@@ -2,6 +2,8 @@
 
 /// Enumerations of the drawing database. Their numbers are those of drawing files and of the interfaces.
 
+#include "dbdxfcode.h"
+
 namespace AcDb
 {
 enum Visibility { kInvisible = 1, kVisible = 0 };

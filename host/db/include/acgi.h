@@ -4,6 +4,7 @@
 /// Plots, extents of odd entities and tests are such world draws.
 
 #include "acdb.h"
+#include "adesk.h"
 #include "dbcolor.h"
 #include "dbextent.h"
 #include "gemat3d.h"
@@ -11,7 +12,9 @@
 
 #include <atlstr.h>
 
+class AcDbEntity;
 class AcDbPolyline;
+class AcGiWorldDraw;
 class AcGeCircArc3d;
 class AcGeEllipArc3d;
 class AcGeNurbCurve3d;
@@ -46,6 +49,21 @@ public:
     bool isUnderlined = false;
     bool isOverlined = false;
     bool isStrikethrough = false;
+
+    void setFileName(const ACHAR* name) { fileName = name; }
+    void setBigFontFileName(const ACHAR* name) { bigFontFileName = name; }
+    /// The character set, pitch and family follow from the face.
+    Acad::ErrorStatus setFont(const ACHAR* face, bool bold, bool italic, int charset = 0, int pitch = 0, int family = 0);
+    void setTextSize(double size) { textSize = size; }
+    void setXScale(double scale) { xScale = scale; }
+    void setObliquingAngle(double angle) { obliquingAngle = angle; }
+    void setTrackingPercent(double percent) { trackingPercent = percent; }
+    void setBackward(bool on) { isBackward = on; }
+    void setUpsideDown(bool on) { isUpsideDown = on; }
+    void setUnderlined(bool on) { isUnderlined = on; }
+    void setOverlined(bool on) { isOverlined = on; }
+    /// Fonts are found when they are drawn.
+    int loadStyleRec() const { return 0; }
 };
 
 /// The traits of what is drawn next.
@@ -61,12 +79,24 @@ public:
     virtual void setLineWeight(AcDb::LineWeight weight) = 0;
     virtual void setTransparency(const AcCmTransparency& transparency) = 0;
     virtual void setFillType(AcGiFillType fill) = 0;
+    /// Marks the parts of an entity for selections of parts, which there are none of.
+    virtual void setSelectionMarker(Adesk::GsMarker) {}
 };
 
 /// One loop of a filled area, flattened.
 struct AcGiLoop {
     const AcGePoint3d* points;
     unsigned count;
+};
+
+/// A picture in a file, as it lies in the drawing.
+struct AcGiImageFile {
+    CString path;
+    AcGePoint3d origin;                     ///< the lower left corner of the picture
+    AcGeVector3d width, height;             ///< its lower and its left edge
+    AcGiLoop clip;                          ///< what is shown of it
+    int brightness = 50, contrast = 50, fade = 0; ///< 0 to 100
+    bool isTransparent = false;             ///< what lies behind is seen through pixels that say so
 };
 
 class AcGiGeometry
@@ -97,6 +127,33 @@ public:
     /// One line of text from its baseline's start; `raw` texts hold no codes (%%d ...).
     virtual bool text(const AcGePoint3d& position, const AcGeVector3d& normal, const AcGeVector3d& direction,
                       const wchar_t* text, int length, bool raw, const AcGiTextStyle& style) = 0;
+    /// A picture of a file; false where it cannot be shown.
+    virtual bool imageFile(const AcGiImageFile&) { return false; }
+
+    // Other ways to say the same.
+
+    /// Through three points; false when they lie in a line.
+    bool circle(const AcGePoint3d& first, const AcGePoint3d& second, const AcGePoint3d& third);
+    bool circularArc(const AcGePoint3d& start, const AcGePoint3d& through, const AcGePoint3d& end,
+                     AcGiArcType type = kAcGiArcSimple);
+    bool polyline(unsigned count, const AcGePoint3d* points, const AcGeVector3d* normal, Adesk::GsMarker marker = -1);
+    bool worldLine(const AcGePoint3d points[2]) { return polyline(2, points); }
+    bool polypoint(unsigned count, const AcGePoint3d* points);
+    bool rowOfDots(int count, const AcGePoint3d& start, const AcGeVector3d& step);
+    /// Row by row; each cell is a polygon.
+    bool mesh(unsigned rows, unsigned columns, const AcGePoint3d* vertices);
+    /// `faces` has for each face the number of its vertices and their indices; a negative number is that of a hole in
+    /// the face before it.
+    bool shell(unsigned vertexCount, const AcGePoint3d* vertices, unsigned faceListSize, const Adesk::Int32* faces);
+    /// A text of one line in the font of SIMPLEX.
+    bool text(const AcGePoint3d& position, const AcGeVector3d& normal, const AcGeVector3d& direction, double height,
+              double width, double oblique, const ACHAR* text);
+    /// Another entity, with traits of its own. Only while an entity draws itself; false otherwise.
+    bool draw(const AcDbEntity* entity);
+
+private:
+    friend class AcDbEntity;
+    AcGiWorldDraw* mDraw = nullptr; ///< whose geometry this is, while an entity draws itself
 };
 
 class AcGiCommonDraw : public AcRxObject
@@ -104,6 +161,7 @@ class AcGiCommonDraw : public AcRxObject
 public:
     virtual AcGiRegenType regenType() const = 0;
     virtual bool regenAbort() const { return false; }
+    virtual bool isDragging() const { return false; }
     virtual AcGiSubEntityTraits& subEntityTraits() const = 0;
     /// The largest distance that a chord may have from its curve near a point.
     virtual double deviation(AcGiDeviationType type, const AcGePoint3d& at) const = 0;

@@ -19,6 +19,8 @@ int acutRelRb(resbuf* list);
 /// A copy of a text that acutDelString releases; sets `copy` and returns RTNORM, or RTERROR.
 int acutNewString(const ACHAR* text, ACHAR*& copy);
 void acutDelString(ACHAR*& text);
+/// Releases a buffer of bytes that a function handed out, and sets it to null.
+void acutDelBuffer(char*& buffer);
 
 /// Whether a text matches a pattern, with regard to case: # a digit, @ a letter, . neither, ? any character, * any
 /// characters, [abc] [a-z] one of a set, [~abc] none of it, ~ in front all but the pattern, a comma between alternatives,

@@ -76,7 +76,7 @@ protected:
     std::unique_ptr<AcDbCurve> makePath(const BulgePath& path) const override;
     Acad::ErrorStatus subErase(bool erasing) override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
     Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;

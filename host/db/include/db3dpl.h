@@ -57,7 +57,7 @@ protected:
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
     Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;

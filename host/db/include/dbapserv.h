@@ -7,6 +7,7 @@
 
 class AcDbDatabase;
 class AcDbLayoutManager;
+class AcDbPlotSettingsValidator;
 
 /// Shows how far long work is: opening, saving and plotting of drawings. start and stop enclose the work; setLimit says how
 /// often meterProgress will be called in between.
@@ -34,6 +35,8 @@ public:
     void setWorkingProgressMeter(AcDbHostApplicationProgressMeter* meter) { mMeter = meter; }
     /// The one layout manager, an AcApLayoutManager; never null.
     AcDbLayoutManager* layoutManager() const;
+    /// The one validator of plot settings; never null.
+    AcDbPlotSettingsValidator* plotSettingsValidator() const;
 
 private:
     AcDbDatabase* mWorking = nullptr;

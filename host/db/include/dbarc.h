@@ -41,11 +41,11 @@ public:
 protected:
     void angleRange(double& start, double& end) const override;
     void turnOver(const AcGeMatrix3d& xform, const AcGePoint3d& start, const AcGePoint3d& end) override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
     Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+    Acad::ErrorStatus pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                         const AcGePoint3d& last, AcGePoint3dArray& points) const override;
 
 private:

@@ -37,7 +37,7 @@ public:
     static const DxfClass dxf;
 
 protected:
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
 
 private:
     template <class T>

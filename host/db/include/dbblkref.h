@@ -63,7 +63,7 @@ public:
     const DbSubentities* subentities() const { return mAttributes.get(); }
     void addedToDrawing() override { listInBlock(); }
     void completeRead() override { listInBlock(); }
-    void subClose() override;
+    Acad::ErrorStatus subClose() override;
 
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
@@ -74,10 +74,10 @@ protected:
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     bool explodesWithOwnProperties() const override { return true; }
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick, const AcGePoint3d& last,
+    Acad::ErrorStatus pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick, const AcGePoint3d& last,
                                         AcGePoint3dArray& points) const override;
     /// The maps of every copy of the block that is shown.
     virtual std::vector<AcGeMatrix3d> instances() const { return {blockTransform()}; }

@@ -8,6 +8,7 @@
 #include "gepnt3d.h"
 
 class AcDbBlockTableRecord;
+class AcDbSortentsTable;
 
 constexpr const wchar_t* ACDB_MODEL_SPACE = L"*Model_Space";
 constexpr const wchar_t* ACDB_PAPER_SPACE = L"*Paper_Space";
@@ -92,6 +93,15 @@ public:
     /// that is in no drawing; the entity stays the caller's then.
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
+    /// Takes entities over from other blocks of the drawing; they come behind those that are here, in the order of the
+    /// list, and keep id and handle. The other blocks must be open for write or closed, the entities too. eWrongDatabase,
+    /// eNotAnEntity, eWasErased, eIllegalReplacement for an entity that belongs to another entity (a vertex, an
+    /// attribute) or to none of the blocks; the status of opening otherwise. Nothing is changed then.
+    Acad::ErrorStatus assumeOwnershipOf(const AcDbObjectIdArray& entitiesToMove);
+    /// The block's draw order, opened. eKeyNotFound when it has none and none is to be made; making one needs the block
+    /// open for write.
+    Acad::ErrorStatus getSortentsTable(AcDbSortentsTable*& table, AcDb::OpenMode mode = AcDb::kForRead,
+                                       bool createIfNecessary = false);
     /// A new iterator that the caller deletes.
     Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning = true,
                                   bool skipDeleted = true) const;
@@ -101,13 +111,18 @@ public:
     AcGePoint3d origin() const { return mOrigin; }
     Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
     Acad::ErrorStatus comments(ACHAR*& text) const;
+    Acad::ErrorStatus comments(AcString& text) const;
     Acad::ErrorStatus setComments(const ACHAR* text);
     Acad::ErrorStatus pathName(ACHAR*& path) const;
+    Acad::ErrorStatus pathName(AcString& path) const;
     Acad::ErrorStatus setPathName(const ACHAR* path);
 
     bool isAnonymous() const { return (mFlags & 1) != 0; }
     bool isFromExternalReference() const { return (mFlags & 4) != 0; }
     bool isFromOverlayReference() const { return (mFlags & 8) != 0; }
+    /// External references are not read here: what is one is kXrfUnresolved.
+    AcDb::XrefStatus xrefStatus() const { return isFromExternalReference() ? AcDb::kXrfUnresolved : AcDb::kXrfNotAnXref; }
+    bool isUnloaded() const { return false; }
     /// Whether an entity of the block is an attribute definition that is not constant.
     bool hasAttributeDefinitions() const;
     /// Whether the block is model space or the space of a layout.

@@ -53,7 +53,7 @@ protected:
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subGetTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copy) const override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+    Acad::ErrorStatus pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                         const AcGePoint3d& last, AcGePoint3dArray& points) const override;
 
 private:

@@ -199,6 +199,28 @@ public:
     /// The current dimension style.
     AcDbObjectId dimstyle() const;
     Acad::ErrorStatus setDimstyle(AcDbObjectId style);
+    /// The dimension variables of the header, those of the current style with what was set since: as a new record that the
+    /// caller owns.
+    Acad::ErrorStatus getDimstyleData(AcDbDimStyleTableRecord*& record) const;
+    /// Sets all of them from a record, or from the style of an id, whose name becomes the current style.
+    Acad::ErrorStatus setDimstyleData(const AcDbDimStyleTableRecord* record);
+    Acad::ErrorStatus setDimstyleData(AcDbObjectId style);
+
+    // The named coordinate systems of model space, with a p those of paper space. Null: none, or the world's.
+
+    /// The current one, where it has a name.
+    AcDbObjectId ucsname() const;
+    AcDbObjectId pucsname() const;
+    /// That which the orthographic ones are taken from.
+    AcDbObjectId ucsBase() const;
+    Acad::ErrorStatus setUcsBase(AcDbObjectId ucs);
+    AcDbObjectId pucsBase() const;
+    Acad::ErrorStatus setPucsBase(AcDbObjectId ucs);
+    /// The origin of an orthographic system of the world: eInvalidInput for kNonOrthoView and points that are not finite.
+    AcGePoint3d worldUcsBaseOrigin(AcDb::OrthographicView view) const;
+    Acad::ErrorStatus setWorldUcsBaseOrigin(const AcGePoint3d& origin, AcDb::OrthographicView view);
+    AcGePoint3d worldPucsBaseOrigin(AcDb::OrthographicView view) const;
+    Acad::ErrorStatus setWorldPucsBaseOrigin(const AcGePoint3d& origin, AcDb::OrthographicView view);
 
     // Variables of the header. Setters: eInvalidInput for a value out of range or not finite, and nothing changed.
     // Limits and extents are those of model space, with a p

@@ -5,6 +5,7 @@
 #include "dbdimvar.h"
 #include "dbmtext.h"
 
+class AcDbDimStyleTableRecord;
 class DimensionPicture;
 struct DimVariables;
 
@@ -85,6 +86,10 @@ public:
     AcDbObjectId dimensionStyle() const;
     /// eInvalidDimStyle for what is no dimension style of the drawing.
     Acad::ErrorStatus setDimensionStyle(AcDbObjectId style);
+    /// The style with the dimension's own values, as a new record that the caller owns.
+    Acad::ErrorStatus getDimstyleData(AcDbDimStyleTableRecord*& record) const;
+    /// Takes the values of a record: those that differ from the style become the dimension's own.
+    Acad::ErrorStatus setDimstyleData(const AcDbDimStyleTableRecord* record);
     /// Takes a style and drops the dimension's own values.
     Acad::ErrorStatus setDimstyleData(AcDbObjectId style);
 
@@ -139,7 +144,7 @@ public:
     Acad::ErrorStatus getPlane(AcGePlane& plane, AcDb::Planarity& planarity) const override;
     void getEcs(AcGeMatrix3d& matrix) const override;
     void intersectionCurves(Curves& curves, bool extended) const override;
-    void subClose() override;
+    Acad::ErrorStatus subClose() override;
 
     const DxfClass* dxfClass() const override
     {
@@ -215,7 +220,7 @@ protected:
         return true;
     }
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
     Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;

@@ -2,6 +2,7 @@
 
 /// AcDbEntity: what everything that can be seen has in common: layer, colour, line type, geometry as a whole.
 
+#include "AcString.h"
 #include "acdb.h"
 #include "adesk.h"
 #include "dbcolor.h"
@@ -20,6 +21,7 @@
 class AcDbDatabase;
 class AcDbEntity;
 class AcGeCurve3d;
+class AcGiSubEntityTraits;
 class AcGiWorldDraw;
 
 /// Attached as an AcDbObjectReactor is (addReactor); told also when the picture of the entity has changed.
@@ -31,6 +33,9 @@ public:
     /// A drag shows copies in real programs; here none is made and this is never called.
     virtual void dragCloneToBeDeleted(const AcDbEntity*, const AcDbEntity*) {}
 };
+
+/// Where a drawable says its traits is where its parts do.
+using AcGiDrawableTraits = AcGiSubEntityTraits;
 
 /// New entities that the caller owns.
 using AcDbVoidPtrArray = AcArray<void*>;
@@ -71,12 +76,14 @@ public:
     /// The layer's name, as a copy that the caller releases with acutDelString.
     ACHAR* layer() const;
     Acad::ErrorStatus layer(CString& name) const;
+    Acad::ErrorStatus layer(AcString& name) const;
     AcDbObjectId layerId() const;
     /// eKeyNotFound for a name the database does not have.
     virtual Acad::ErrorStatus setLayer(const ACHAR* name, bool doSubents = true, bool allowHiddenLayer = false);
     virtual Acad::ErrorStatus setLayer(AcDbObjectId id, bool doSubents = true, bool allowHiddenLayer = false);
 
     ACHAR* linetype() const;
+    Acad::ErrorStatus linetype(AcString& name) const;
     AcDbObjectId linetypeId() const;
     virtual Acad::ErrorStatus setLinetype(const ACHAR* name, bool doSubents = true);
     virtual Acad::ErrorStatus setLinetype(AcDbObjectId id, bool doSubents = true);
@@ -140,6 +147,11 @@ public:
     /// Updates the screen at once; the headless host has nothing to update.
     Acad::ErrorStatus draw() { return Acad::eOk; }
     void recordGraphicsModified(bool changed = true) { AcDbObject::recordGraphicsModified(changed); }
+    /// Shows the entity as selected, or no longer so.
+    Acad::ErrorStatus highlight() const;
+    Acad::ErrorStatus unhighlight() const;
+    /// Writes what the command LIST shows of the class, behind its common properties.
+    void list() const { subList(); }
 
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
@@ -169,14 +181,32 @@ protected:
     /// True for entities whose pieces have properties of their own, such as those of blocks.
     virtual bool explodesWithOwnProperties() const { return false; }
     virtual Acad::ErrorStatus subGetGeomExtents(AcDbExtents&) const { return Acad::eInvalidExtents; }
-    virtual bool subWorldDraw(AcGiWorldDraw*) const { return true; }
+    /// Traits that hold for all of the entity; the result is a sum of flags that nothing here looks at.
+    virtual Adesk::UInt32 subSetAttributes(AcGiDrawableTraits* traits);
+    virtual bool subWorldDraw(AcGiWorldDraw*) { return true; }
+    virtual void subList() const {}
+    /// What intersectWith gives.
+    virtual Acad::ErrorStatus subIntersectWith(const AcDbEntity* ent, AcDb::Intersect intType, AcGePoint3dArray& points,
+                                               Adesk::GsMarker thisGsMarker, Adesk::GsMarker otherGsMarker) const;
+    virtual Acad::ErrorStatus subIntersectWith(const AcDbEntity* ent, AcDb::Intersect intType, const AcGePlane& projPlane,
+                                               AcGePoint3dArray& points, Adesk::GsMarker thisGsMarker,
+                                               Adesk::GsMarker otherGsMarker) const;
     virtual Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray&, AcDbIntArray&, AcDbIntArray&) const
     {
         return Acad::eNotImplementedYet;
     }
     /// Moves the whole entity unless a class overrides it.
     virtual Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset);
-    virtual Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode, const AcGePoint3d&, const AcGePoint3d&,
+    /// The grips unless a class overrides them.
+    virtual Acad::ErrorStatus subGetStretchPoints(AcGePoint3dArray& stretchPoints) const;
+    virtual Acad::ErrorStatus subMoveStretchPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset);
+    /// pointsToSnapTo unless a module's class overrides it.
+    virtual Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode osnapMode, Adesk::GsMarker gsSelectionMark,
+                                                const AcGePoint3d& pickPoint, const AcGePoint3d& lastPoint,
+                                                const AcGeMatrix3d& viewXform, AcGePoint3dArray& snapPoints,
+                                                AcDbIntArray& geomIds) const;
+    /// Where the classes of the host can be snapped to.
+    virtual Acad::ErrorStatus pointsToSnapTo(AcDb::OsnapMode, const AcGePoint3d&, const AcGePoint3d&,
                                                 AcGePoint3dArray&) const
     {
         return Acad::eNotImplementedYet;

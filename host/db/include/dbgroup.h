@@ -1,5 +1,8 @@
 #pragma once
 
+#include "AcString.h"
+#include "acdb.h"
+#include "adesk.h"
 #include "dbidar.h"
 #include "dbobject.h"
 
@@ -7,6 +10,7 @@
 
 #include <vector>
 
+class AcCmColor;
 class AcDbEntity;
 class AcDbGroup;
 
@@ -53,6 +57,10 @@ public:
     Acad::ErrorStatus setSelectable(bool selectable) { return assign(mIsSelectable, std::int16_t(selectable)); }
     /// The name in the group dictionary, empty for a group that is in none.
     CString name() const;
+    /// The same as a copy that the caller releases with acutDelString; eNotInDatabase, and nothing, for a group that is in
+    /// no dictionary.
+    Acad::ErrorStatus getName(ACHAR*& name) const;
+    Acad::ErrorStatus getName(AcString& name) const;
     /// Renames the entry of the group dictionary: eInvalidKey, eDuplicateKey; eNotInDatabase.
     Acad::ErrorStatus setName(const ACHAR* name);
     bool isAnonymous() const;
@@ -85,10 +93,24 @@ public:
     Acad::ErrorStatus clear();
     Acad::ErrorStatus reverse();
 
+    // The same property for every entity. Those that cannot be opened for write are left as they are, and the first
+    // status of those is returned; one that the caller holds open for write is set as it is.
+
+    Acad::ErrorStatus setColor(const AcCmColor& color);
+    Acad::ErrorStatus setColorIndex(Adesk::UInt16 color);
+    Acad::ErrorStatus setLayer(const ACHAR* name);
+    Acad::ErrorStatus setLayer(AcDbObjectId layer);
+    Acad::ErrorStatus setLinetype(const ACHAR* name);
+    Acad::ErrorStatus setLinetype(AcDbObjectId linetype);
+    Acad::ErrorStatus setLinetypeScale(double scale);
+    Acad::ErrorStatus setVisibility(AcDb::Visibility visibility);
+    /// Shows every entity as selected, or none.
+    Acad::ErrorStatus setHighlight(bool on);
+
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
     Acad::ErrorStatus subErase(bool erasing) override;
-    void subClose() override;
+    Acad::ErrorStatus subClose() override;
     void subCancel(const AcDbObject& before) override;
 
 private:

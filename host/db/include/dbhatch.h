@@ -173,7 +173,7 @@ public:
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
     void completeRead() override;
-    void subClose() override;
+    Acad::ErrorStatus subClose() override;
     void modified(const AcDbObject* object) override;
     void erased(const AcDbObject* object, bool isErasing) override;
 
@@ -182,7 +182,7 @@ protected:
     /// Lines, and points for dots. Solid fills and gradients: eCannotExplodeEntity.
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
 
 private:
     struct Dxf;

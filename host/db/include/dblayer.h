@@ -23,7 +23,8 @@ public:
     void setIsLocked(bool locked) { setFlag(lockedFlag, locked); }
     bool isHidden() const { return mIsHidden; }
     Acad::ErrorStatus setIsHidden(bool hidden) { return assign(mIsHidden, hidden); }
-    /// True when an object of the drawing stands on the layer.
+    /// True when an object of the drawing stands on the layer: as AcDbLayerTable::generateUsageData has found it, or as it
+    /// is now while that was not called.
     bool isInUse() const;
 
     AcCmColor color() const { return mColor; }
@@ -69,6 +70,8 @@ protected:
 
 private:
     friend struct LayerAccess;
+    friend class AcDbLayerTable;
+    enum class Usage : std::uint8_t { unknown, unused, used };
     static AcCmEntityColor white();
     static constexpr int frozenFlag = 1;
     static constexpr int frozenInNewViewportsFlag = 2;
@@ -80,5 +83,6 @@ private:
     bool mIsOff = false;
     bool mIsPlottable = true;
     bool mIsHidden = false;
+    Usage mUsage = Usage::unknown;
     AcDbObjectId mLinetype, mPlotStyle, mMaterial, mVisualStyle;
 };

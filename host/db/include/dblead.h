@@ -5,6 +5,7 @@
 #include "dbcurve.h"
 #include "gept3dar.h"
 
+class AcDbDimStyleTableRecord;
 struct DimVariables;
 
 /// The first vertex is where the arrow points. Vertices are in world coordinates and lie in the leader's
@@ -53,6 +54,9 @@ public:
     /// A multiline text, a tolerance or a block reference of the drawing; eWrongObjectType for others.
     Acad::ErrorStatus attachAnnotation(AcDbObjectId annotation);
     Acad::ErrorStatus detachAnnotation();
+    /// Moves the last vertex to the side of the annotation that the leader comes from, half its height up and a text gap
+    /// away, with a hook line for a text. eNotApplicable without an annotation that has extents.
+    Acad::ErrorStatus evaluateLeader();
     AcDbObjectId annotationObjId() const { return mAnnotation; }
     enum AnnoType { kMText = 0, kFcf, kBlockRef, kNoAnno };
     AnnoType annoType() const { return static_cast<AnnoType>(mAnnotationType); }
@@ -60,6 +64,11 @@ public:
     double annoWidth() const { return mTextWidth; }
     AcGeVector3d annotationOffset() const { return mAnnotationOffset; }
     Acad::ErrorStatus setAnnotationOffset(const AcGeVector3d& offset);
+
+    /// The style with the leader's own values, as a new record that the caller owns.
+    Acad::ErrorStatus getDimstyleData(AcDbDimStyleTableRecord*& record) const;
+    /// Takes the values of a record: those that differ from the style become the leader's own.
+    Acad::ErrorStatus setDimstyleData(const AcDbDimStyleTableRecord* record);
 
     // The variables: those of the style, or the leader's own.
 
@@ -85,7 +94,7 @@ protected:
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;

@@ -187,7 +187,7 @@ public:
     /// The frame around the lines sits on this.
     void intersectionCurves(Curves& curves, bool extended) const override;
     void completeRead() override;
-    void subClose() override;
+    Acad::ErrorStatus subClose() override;
 
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
@@ -198,10 +198,10 @@ protected:
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     bool explodesWithOwnProperties() const override { return true; }
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick, const AcGePoint3d& last,
+    Acad::ErrorStatus pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick, const AcGePoint3d& last,
                                         AcGePoint3dArray& points) const override;
 
 private:

@@ -11,6 +11,8 @@
 #include <memory>
 #include <string_view>
 
+class AcDbDwgFiler;
+class AcDbDxfFiler;
 class AcDbObjectReactor;
 class DxfClass;
 struct DbObjectExtras;
@@ -115,6 +117,20 @@ public:
     /// The name of the object's records in drawing files: that of its class, for proxies that of the absent class.
     virtual std::string_view dxfRecordName() const;
 
+    // Filing. A module's class overrides these four, calling its base's first, and writes what it adds; its objects are
+    // in drawing files, lists and copies what these say. The classes of the host file themselves by their description.
+
+    /// Writes and reads everything, in memory: ids as they are, numbers in the machine's order.
+    virtual Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const;
+    virtual Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer);
+    /// Writes and reads the groups behind the record's handle and owner. Only filers that the host hands out are taken:
+    /// eNotApplicable for others.
+    virtual Acad::ErrorStatus dxfOutFields(AcDbDxfFiler* filer) const;
+    virtual Acad::ErrorStatus dxfInFields(AcDbDxfFiler* filer);
+    Acad::ErrorStatus dwgOut(AcDbDwgFiler* filer) const;
+    Acad::ErrorStatus dwgIn(AcDbDwgFiler* filer);
+    virtual bool isAProxy() const { return false; }
+
     // Copies.
 
     /// A new object with the same contents, owned by the caller, in no database, without reactors.
@@ -123,7 +139,10 @@ public:
 
     // Notifications to the object itself; overrides call the base.
 
-    virtual void subClose() {}
+    /// Told of each open and close; what they return is not looked at.
+    virtual Acad::ErrorStatus subOpen(AcDb::OpenMode) { return Acad::eOk; }
+    virtual Acad::ErrorStatus subClose() { return Acad::eOk; }
+    virtual Acad::ErrorStatus subCancel() { return Acad::eOk; }
     /// Whether an open for write is granted, beside the lock of the document.
     virtual Acad::ErrorStatus subMayWrite() const { return Acad::eOk; }
     virtual Acad::ErrorStatus subErase(bool) { return Acad::eOk; }
@@ -150,7 +169,7 @@ protected:
     AcDbObject(const AcDbObject& other);
     AcDbObject& operator=(const AcDbObject& other);
 
-    /// Pure state, by class: see ACDB_STATE_MEMBERS.
+    /// Pure state, by class: see ACDB_STATE_MEMBERS. Objects of a module's classes are copied through their filing.
     virtual AcDbObject* newCopy() const { return nullptr; }
     virtual void assignState(const AcDbObject&) {}
     /// Marks the picture of the object as changed; setters of geometry call it after assertWriteEnabled.

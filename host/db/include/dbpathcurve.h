@@ -56,6 +56,6 @@ protected:
     std::unique_ptr<AcGeCurve3d> makeGeCurveToOffset() const override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+    Acad::ErrorStatus pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                         const AcGePoint3d& last, AcGePoint3dArray& points) const override;
 };

@@ -20,8 +20,43 @@ public:
     enum PlotPaperUnits { kInches = 0, kMillimeters = 1, kPixels = 2 };
     enum PlotRotation { k0degrees = 0, k90degrees = 1, k180degrees = 2, k270degrees = 3 };
     enum PlotType { kDisplay = 0, kExtents = 1, kLimits = 2, kView = 3, kWindow = 4, kLayout = 5 };
-    /// Group 75. The scales that have no name here have the numbers of the DXF reference (1 to 32).
-    enum StdScaleType { kScaleToFit = 0, k1_1 = 16, kStdScaleCount = 33 };
+    /// Group 75, by the numbers of the DXF reference: paper by drawing.
+    enum StdScaleType {
+        kScaleToFit = 0,
+        k1_128in_1ft = 1,
+        k1_64in_1ft = 2,
+        k1_32in_1ft = 3,
+        k1_16in_1ft = 4,
+        k3_32in_1ft = 5,
+        k1_8in_1ft = 6,
+        k3_16in_1ft = 7,
+        k1_4in_1ft = 8,
+        k3_8in_1ft = 9,
+        k1_2in_1ft = 10,
+        k3_4in_1ft = 11,
+        k1in_1ft = 12,
+        k3in_1ft = 13,
+        k6in_1ft = 14,
+        k1ft_1ft = 15,
+        k1_1 = 16,
+        k1_2 = 17,
+        k1_4 = 18,
+        k1_8 = 19,
+        k1_10 = 20,
+        k1_16 = 21,
+        k1_20 = 22,
+        k1_30 = 23,
+        k1_40 = 24,
+        k1_50 = 25,
+        k1_100 = 26,
+        k2_1 = 27,
+        k4_1 = 28,
+        k8_1 = 29,
+        k10_1 = 30,
+        k100_1 = 31,
+        k1000_1 = 32,
+        kStdScaleCount = 33
+    };
     enum ShadePlotType {
         kAsDisplayed = 0,
         kWireframe = 1,

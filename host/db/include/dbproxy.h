@@ -16,8 +16,30 @@ struct ProxyClassName {
     static const ProxyClassName& of(std::string_view recordName);
 };
 
+/// What a class lets others do with its objects while it is absent: flags for the definition of the class.
+struct AcDbProxyFlags {
+    enum : int {
+        kNoOperation = 0,
+        kEraseAllowed = 0x1,
+        kTransformAllowed = 0x2,
+        kColorChangeAllowed = 0x4,
+        kLayerChangeAllowed = 0x8,
+        kLinetypeChangeAllowed = 0x10,
+        kLinetypeScaleChangeAllowed = 0x20,
+        kVisibilityChangeAllowed = 0x40,
+        kCloningAllowed = 0x80,
+        kLineWeightChangeAllowed = 0x100,
+        kPlotStyleNameChangeAllowed = 0x200,
+        kAllButCloningAllowed = 0x37F,
+        kAllAllowedBits = 0x3FF,
+        kMergeIgnore = 0,
+        kMergeReplace = 0x4000,
+        kMergeMangleName = 0x8000
+    };
+};
+
 /// An object of an absent class. It can be erased and moved to another owner; it has no members to change.
-class AcDbProxyObject : public AcDbObject
+class AcDbProxyObject : public AcDbObject, public AcDbProxyFlags
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbProxyObject);
@@ -31,6 +53,7 @@ public:
     CString applicationDescription() const;
 
     std::string_view dxfRecordName() const override { return mClass->record; }
+    bool isAProxy() const override { return true; }
 
 private:
     const ProxyClassName* mClass;
@@ -38,7 +61,7 @@ private:
 
 /// An entity of an absent class: its layer, colour and other common properties can be read and changed, its geometry
 /// cannot (eNotAllowedForThisProxy).
-class AcDbProxyEntity : public AcDbEntity
+class AcDbProxyEntity : public AcDbEntity, public AcDbProxyFlags
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbProxyEntity);
@@ -51,6 +74,7 @@ public:
 
     const DxfClass* dxfClass() const override { return &dxf; }
     std::string_view dxfRecordName() const override { return mClass->record; }
+    bool isAProxy() const override { return true; }
     static const DxfClass dxf;
     /// What follows the record in files up to its end mark.
     DbSubentities* subentities() override;

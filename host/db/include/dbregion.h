@@ -63,7 +63,7 @@ protected:
     /// Several faces: a region of each; one face: its boundary curves.
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     void intersectionCurves(Curves& curves, bool extended) const override;
 
 private:

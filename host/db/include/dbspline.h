@@ -106,11 +106,11 @@ public:
 protected:
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
     Acad::ErrorStatus subMoveGripPointsAt(const AcDbIntArray& indices, const AcGeVector3d& offset) override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick,
+    Acad::ErrorStatus pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick,
                                         const AcGePoint3d& last, AcGePoint3dArray& points) const override;
 
 private:

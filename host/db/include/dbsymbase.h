@@ -6,6 +6,7 @@
 /// Names are found without regard to case and kept as given. They are at most 255 characters, not empty, and hold
 /// none of < > / \ " : ; ? * | , = ` (a record of the system's own may begin with "*").
 
+#include "AcString.h"
 #include "dbobject.h"
 
 #include <atlstr.h>
@@ -23,6 +24,7 @@ public:
     /// The name, as a copy that the caller releases with acutDelString.
     Acad::ErrorStatus getName(ACHAR*& name) const;
     Acad::ErrorStatus getName(const ACHAR*& name) const;
+    Acad::ErrorStatus getName(AcString& name) const;
     const CString& name() const { return mName; }
     /// Group 70, as files have it.
     int flags() const { return mFlags; }
@@ -133,8 +135,9 @@ private:
     std::unordered_multimap<CString, AcDbObjectId> mByName; ///< keys in lower case
 };
 
-/// The members of a table whose records are of one class, and the iterator over them.
-#define ACDB_SYMBOL_TABLE(KIND)                                                                              \
+/// The members of a table whose records are of one class, and the iterator over them; MORE are further members.
+#define ACDB_SYMBOL_TABLE(KIND) ACDB_SYMBOL_TABLE_WITH(KIND, )
+#define ACDB_SYMBOL_TABLE_WITH(KIND, MORE)                                                                              \
 class AcDb##KIND##TableRecord;                                                                               \
 class AcDb##KIND##Table;                                                                                     \
 class AcDb##KIND##TableIterator : public AcDbSymbolTableIterator                                             \
@@ -160,13 +163,15 @@ public:                                                                         
     using AcDbSymbolTable::newIterator;                                                                      \
     Acad::ErrorStatus newIterator(AcDb##KIND##TableIterator*& iterator, bool atBeginning = true,             \
                                   bool skipDeleted = true) const;                                            \
+    MORE                                                                                                     \
                                                                                                              \
 protected:                                                                                                   \
     const AcRxClass* recordClass() const override;                                                           \
 }
 
 ACDB_SYMBOL_TABLE(RegApp);
-ACDB_SYMBOL_TABLE(Layer);
+/// Finds out which layers are used; AcDbLayerTableRecord::isInUse tells it from then on.
+ACDB_SYMBOL_TABLE_WITH(Layer, Acad::ErrorStatus generateUsageData(););
 ACDB_SYMBOL_TABLE(Linetype);
 ACDB_SYMBOL_TABLE(TextStyle);
 ACDB_SYMBOL_TABLE(View);

@@ -5,6 +5,7 @@
 #include "dbentity.h"
 
 class AcGiTextStyle;
+class AcString;
 
 /// The position is the start of the baseline. A text that is not left aligned on its baseline hangs on its alignment
 /// point; its position follows from the measures of its font and is brought up to date by adjustAlignment, which closing
@@ -35,6 +36,27 @@ public:
     Acad::ErrorStatus setHorizontalMode(AcDb::TextHorzMode mode);
     AcDb::TextVertMode verticalMode() const { return static_cast<AcDb::TextVertMode>(mVertical); }
     Acad::ErrorStatus setVerticalMode(AcDb::TextVertMode mode);
+    /// Both modes as one. Setting it leaves position and alignment point as they are.
+    enum AcTextAlignment {
+        kTextAlignmentLeft = 0,
+        kTextAlignmentCenter,
+        kTextAlignmentRight,
+        kTextAlignmentAligned,
+        kTextAlignmentMiddle,
+        kTextAlignmentFit,
+        kTextAlignmentTopLeft,
+        kTextAlignmentTopCenter,
+        kTextAlignmentTopRight,
+        kTextAlignmentMiddleLeft,
+        kTextAlignmentMiddleCenter,
+        kTextAlignmentMiddleRight,
+        kTextAlignmentBottomLeft,
+        kTextAlignmentBottomCenter,
+        kTextAlignmentBottomRight
+    };
+    AcTextAlignment justification() const;
+    /// eInvalidInput for another number.
+    Acad::ErrorStatus setJustification(AcTextAlignment justification);
     /// Computes the position from the alignment point. eNotApplicable for a text with default alignment.
     virtual Acad::ErrorStatus adjustAlignment(const AcDbDatabase* db = nullptr);
 
@@ -60,6 +82,7 @@ public:
     ACHAR* textString() const;
     const ACHAR* textStringConst() const { return mText; }
     Acad::ErrorStatus textString(CString& text) const;
+    Acad::ErrorStatus textString(AcString& text) const;
     /// eInvalidInput for null, or with line breaks.
     Acad::ErrorStatus setTextString(const ACHAR* text);
 
@@ -80,7 +103,7 @@ public:
     /// The corners of the box around the drawn text, counter-clockwise from its lower left; false for a text without ink.
     bool boundingPoints(AcGePoint3d (&corners)[4]) const;
 
-    void subClose() override;
+    Acad::ErrorStatus subClose() override;
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
 
@@ -88,10 +111,10 @@ protected:
     void subSetDatabaseDefaults(AcDbDatabase* db) override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;
-    Acad::ErrorStatus subGetOsnapPoints(AcDb::OsnapMode mode, const AcGePoint3d& pick, const AcGePoint3d& last,
+    Acad::ErrorStatus pointsToSnapTo(AcDb::OsnapMode mode, const AcGePoint3d& pick, const AcGePoint3d& last,
                                         AcGePoint3dArray& points) const override;
     /// What is drawn: an attribute definition shows its tag.
     virtual const CString& shownText() const { return mText; }

@@ -18,5 +18,5 @@ public:
 
 protected:
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
-    bool subWorldDraw(AcGiWorldDraw* draw) const override;
+    bool subWorldDraw(AcGiWorldDraw* draw) override;
 };

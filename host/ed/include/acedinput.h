@@ -20,6 +20,7 @@
 /// ".x" ".yz" ask for what they need. Lengths are read as LUNITS says, angles as AUNITS, ANGBASE and ANGDIR
 /// say; "<<" takes degrees from east, "<<<" the current unit from east.
 
+#include "AcString.h"
 #include "adsdef.h"
 
 #include <cstddef>
@@ -66,6 +67,7 @@ int acedGetKword(const ACHAR* prompt, ACHAR (&result)[Size])
 /// Asks for a text, which may have blanks if `cronly`, and may be empty. acedInitGet has no effect.
 /// RTINPUTTRUNCATED when it was cut to fit.
 int acedGetString(int cronly, const ACHAR* prompt, ACHAR* result, std::size_t size);
+int acedGetString(int cronly, const ACHAR* prompt, AcString& result);
 template <std::size_t Size>
 int acedGetString(int cronly, const ACHAR* prompt, ACHAR (&result)[Size])
 {

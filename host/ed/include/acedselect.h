@@ -63,6 +63,9 @@ int acedSSFree(const ads_name ss);
 /// The number of entities, erased ones too.
 int acedSSLength(const ads_name ss, Adesk::Int32* length);
 int acedSSLength(const ads_name ss, long* length);
+/// Transforms every entity of a set by a matrix of columns. RTERROR when the set is not known or an entity cannot be
+/// transformed; the others are.
+int acedXformSS(const ads_name ss, ads_matrix matrix);
 /// The entity at a place, from 0.
 int acedSSName(const ads_name ss, Adesk::Int32 index, ads_name entity);
 /// RTNORM when an entity is in a set.

@@ -52,6 +52,8 @@ public:
     const wchar_t* appName() const { return mAppName.c_str(); }
     int proxyFlags() const { return mProxyFlags; }
     AcRxClass* myParent() const { return mParent; }
+    /// True for the classes of the host, which file their objects by tables; false for those of modules.
+    bool isBuiltIn() const { return mIsBuiltIn; }
 
     /// A new object of the class, owned by the caller; null for abstract classes.
     AcRxObject* create() const { return mMaker ? mMaker() : nullptr; }
@@ -79,6 +81,7 @@ private:
     friend AcRxClass* newAcRxClass(const wchar_t*, AcRxClass*);
     friend void deleteAcRxClass(AcRxClass*);
     friend struct RxClassAccess;
+    friend struct ClassRegistration;
     AcRxClass() = default;
     ~AcRxClass() override = default;
 
@@ -92,6 +95,7 @@ private:
     AcRxClass* mParent = nullptr;
     AcRxObjectMaker mMaker = nullptr;
     int mProxyFlags = 0;
+    bool mIsBuiltIn = false;
     std::vector<Extension> mExtensions;
 };
 

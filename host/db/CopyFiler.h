@@ -1,0 +1,27 @@
+#pragma once
+
+#include "dbfiler.h"
+
+#include <string>
+
+/// A filer in memory: what one object writes another of its class reads.
+class CopyFiler final : public AcDbDwgFiler
+{
+public:
+    explicit CopyFiler(AcDbDatabase* database) : mDatabase(database) {}
+
+    Acad::ErrorStatus filerStatus() const override { return mStatus; }
+    AcDb::FilerType filerType() const override { return AcDb::kCopyFiler; }
+    void setFilerStatus(Acad::ErrorStatus status) override { mStatus = status; }
+    AcDbDatabase* database() const override { return mDatabase; }
+    Acad::ErrorStatus readBytes(void* bytes, Adesk::UIntPtr count) override;
+    Acad::ErrorStatus writeBytes(const void* bytes, Adesk::UIntPtr count) override;
+    Acad::ErrorStatus seek(Adesk::Int64 offset, int method) override;
+    Adesk::Int64 tell() const override { return static_cast<Adesk::Int64>(mAt); }
+
+private:
+    AcDbDatabase* mDatabase;
+    Acad::ErrorStatus mStatus = Acad::eOk;
+    std::string mBytes;
+    std::size_t mAt = 0;
+};
