@@ -14,33 +14,32 @@
 namespace
 {
 using Nodes = std::vector<const resbuf*>;
-/// The groups of each section of a list, in order. What stands before the first section is under null.
-using Sections = std::vector<std::pair<const DxfClass*, Nodes>>;
+/// The groups of each section of a list, in order, under its mark. What stands before the first section is under the empty
+/// one.
+using Sections = std::vector<std::pair<std::string, Nodes>>;
 
-Nodes& sectionIn(Sections& sections, const DxfClass* section)
+Nodes& sectionIn(Sections& sections, const std::string& mark)
 {
     for (auto& [known, nodes] : sections) {
-        if (known == section) return nodes;
+        if (known == mark) return nodes;
     }
-    sections.push_back({section, {}});
+    sections.push_back({mark, {}});
     return sections.back().second;
 }
 
-/// The marker of the section that the fields of a class stand in: its own or that of the nearest base; null without.
-const char* markerOf(const DxfClass* section)
+/// The mark of the section that the fields of a class stand in: its own or that of the nearest base; empty without.
+std::string markOf(const DxfClass* section)
 {
     while (section && !section->marker()) section = section->base();
-    return section ? section->marker() : nullptr;
+    return section ? section->marker() : std::string();
 }
 
 /// The section that a group outside of sections belongs to: that of the innermost class which knows its code.
-const DxfClass* sectionKnowing(const DxfClass* innermost, int code)
+std::string sectionKnowing(const DxfClass* innermost, int code)
 {
     const DxfClass* known = innermost;
     while (known && !known->fieldOf(code)) known = known->base();
-    if (!known) known = innermost;
-    const char* marker = markerOf(known);
-    return marker ? innermost->sectionOf(marker) : known;
+    return markOf(known ? known : innermost);
 }
 
 bool hasSections(const resbuf* list)
@@ -55,13 +54,15 @@ Sections sectionsOf(const resbuf* list, const DxfClass* innermost)
 {
     Sections sections;
     const bool isMarked = hasSections(list);
-    const DxfClass* section = nullptr;
+    bool isInSection = false;
+    std::string section;
     for (; list && list->restype != -3; list = list->rbnext) {
         const int code = list->restype;
         if (code == 100) {
-            section = innermost->sectionOf(utf8Of(list->resval.rstring));
-        } else if (section || (!isMarked && code != 5 && code != 102 && code != 330 && code > 0)) {
-            sectionIn(sections, section ? section : sectionKnowing(innermost, code)).push_back(list);
+            section = utf8Of(list->resval.rstring);
+            isInSection = true;
+        } else if (isInSection || (!isMarked && code != 5 && code != 102 && code != 330 && code > 0)) {
+            sectionIn(sections, isInSection ? section : sectionKnowing(innermost, code)).push_back(list);
         }
     }
     return sections;
@@ -82,13 +83,12 @@ Nodes mergedNodes(const Nodes& old, const Nodes& changed)
 void readSections(AcDbObject& fresh, const Sections& old, Sections changed, AcDbDatabase* database, bool& hasFault)
 {
     for (const auto& [section, nodes] : old) {
-        const char* markerText = markerOf(section);
         resbuf marker{};
-        CString name(markerText ? markerText : "");
+        CString name = wideOf(section);
         marker.restype = 100;
         marker.resval.rstring = name.GetBuffer();
         Nodes all = mergedNodes(nodes, sectionIn(changed, section));
-        if (markerText) all.insert(all.begin(), &marker);
+        if (!section.empty()) all.insert(all.begin(), &marker);
         ResbufSource source(std::move(all), database);
         dxfRead(fresh, source);
         hasFault |= source.hasFault();

@@ -101,11 +101,13 @@ private:
 void askForPoint(unsigned kind)
 {
     const ads_point base = {3, 4, 0};
-    const ads_name set = {1, 1};
+    ads_name set;
+    acedSSAdd(nullptr, nullptr, set);
     ads_point point = {7, 7, 7};
     const int code = kind & 1   ? acedGetPoint(kind & 2 ? base : nullptr, L"", point)
                      : kind & 4 ? acedGetCorner(base, L"", point)
                                 : acedDragGen(set, L"", 0, nullptr, point);
+    acedSSFree(set);
     require(isResult(code) || code == RTSTR, "a documented result");
     require(code == RTNORM ? isFinite(point) : point[0] == 7.0, "a finite point, or none");
 }

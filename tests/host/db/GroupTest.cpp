@@ -169,6 +169,36 @@ TEST_F(Group, NamesAreThoseOfTheDictionary)
     EXPECT_EQ(AcDbGroup().setName(L"A"), Acad::eNotInDatabase);
 }
 
+TEST_F(Group, PropertiesReachEveryEntityThatCanBeOpened)
+{
+    for (int i = 0; i < 3; ++i)
+        mGroup->append(mLines[i]);
+    AcDbObject* reader = open(mLines[1], AcDb::kForRead);
+    auto* writer = static_cast<AcDbEntity*>(open(mLines[2], AcDb::kForWrite));
+    EXPECT_EQ(mGroup->setColorIndex(5), Acad::eWasOpenForRead);
+    EXPECT_EQ(writer->colorIndex(), 5);
+    EXPECT_TRUE(writer->isWriteEnabled());
+    EXPECT_NE(static_cast<AcDbEntity*>(reader)->colorIndex(), 5);
+    reader->close();
+    writer->close();
+    EXPECT_EQ(mGroup->setVisibility(AcDb::kInvisible), Acad::eOk);
+    EXPECT_EQ(mGroup->setLinetypeScale(2.5), Acad::eOk);
+    EXPECT_EQ(mGroup->setLayer(L"none"), Acad::eKeyNotFound);
+    AcDbObject* first = open(mLines[0], AcDb::kForRead);
+    EXPECT_EQ(static_cast<AcDbEntity*>(first)->visibility(), AcDb::kInvisible);
+    EXPECT_EQ(static_cast<AcDbEntity*>(first)->linetypeScale(), 2.5);
+    EXPECT_EQ(static_cast<AcDbEntity*>(first)->colorIndex(), 5);
+    first->close();
+}
+
+TEST_F(Group, NameIsGivenAsACopy)
+{
+    AcString name;
+    EXPECT_EQ(mGroup->getName(name), Acad::eOk);
+    EXPECT_STREQ(name, L"AXES");
+    EXPECT_EQ(AcDbGroup().getName(name), Acad::eNotInDatabase);
+}
+
 TEST_F(Group, RecordIsWrittenAsItWasRead)
 {
     const PackedGroups groups =

@@ -4,6 +4,7 @@
 #include "dbelipse.h"
 #include "dbents.h"
 #include "dbpl.h"
+#include "dbspline.h"
 
 #include <cmath>
 
@@ -98,4 +99,50 @@ TEST(Osnap, PointsAndTextsGiveTheirPlaces)
     EXPECT_TRUE(hasNear(snaps(text, AcDb::kOsModeIns, {4, 5, 0}), {4, 5, 0}));
     const AcDbBlockReference reference(AcGePoint3d(7, 8, 9), AcDbObjectId());
     EXPECT_TRUE(hasNear(snaps(reference, AcDb::kOsModeIns, {7, 8, 9}), {7, 8, 9}));
+}
+
+TEST(Osnap, EllipseGivesEveryFoot)
+{
+    const AcDbEllipse ellipse(AcGePoint3d(0, 0, 0), AcGeVector3d::kZAxis, AcGeVector3d(4, 0, 0), 0.5);
+    // From (1, 0), inside the evolute: x = 16 * 1 / (16 - 4) = 4/3 besides both ends of the major axis.
+    const auto feet = snaps(ellipse, AcDb::kOsModePerp, {4, 0, 0}, {1, 0, 0});
+    const double y = 2.0 * std::sqrt(1.0 - 1.0 / 9.0);
+    EXPECT_EQ(feet.size(), 4u);
+    EXPECT_TRUE(hasNear(feet, {4, 0, 0}) && hasNear(feet, {-4, 0, 0}));
+    EXPECT_TRUE(hasNear(feet, {4.0 / 3.0, y, 0}) && hasNear(feet, {4.0 / 3.0, -y, 0}));
+    // From far outside there are two.
+    EXPECT_EQ(snaps(ellipse, AcDb::kOsModePerp, {4, 0, 0}, {0, 50, 0}).size(), 2u);
+}
+
+TEST(Osnap, ArcsOfPolylinesGiveTangentsAndQuadrants)
+{
+    AcDbPolyline polyline;
+    polyline.addVertexAt(0, AcGePoint2d(-3, 0), -1.0); // the upper half of a circle of 3 about the origin
+    polyline.addVertexAt(1, AcGePoint2d(3, 0));
+    polyline.addVertexAt(2, AcGePoint2d(3, -9));
+    EXPECT_TRUE(hasNear(snaps(polyline, AcDb::kOsModeQuad, {0.2, 3, 0}), {0, 3, 0}));
+    // From (0, 5): cos = 3/5, to both sides.
+    const auto tangents = snaps(polyline, AcDb::kOsModeTan, {0.2, 3, 0}, {0, 5, 0});
+    EXPECT_TRUE(hasNear(tangents, {2.4, 1.8, 0}) && hasNear(tangents, {-2.4, 1.8, 0}));
+    EXPECT_TRUE(snaps(polyline, AcDb::kOsModeTan, {3, -5, 0}, {0, 5, 0}).empty()) << "a straight part";
+}
+
+TEST(Osnap, SplineGivesFeetAndTangents)
+{
+    // y = x * x / 4 from -4 to 4 as a quadratic curve: a Bezier of (-4, 4), (0, -4), (4, 4).
+    AcGePoint3dArray points;
+    for (const AcGePoint3d& point : {AcGePoint3d(-4, 4, 0), AcGePoint3d(0, -4, 0), AcGePoint3d(4, 4, 0)})
+        points.append(point);
+    AcGeDoubleArray knots;
+    for (const double knot : {0.0, 0.0, 0.0, 1.0, 1.0, 1.0})
+        knots.append(knot);
+    const AcDbSpline spline(2, false, false, false, points, knots, AcGeDoubleArray());
+    // Feet from (0, 4): x = 0 and, with x * x = 4 * 4 - 8, x = +-sqrt(8).
+    const auto feet = snaps(spline, AcDb::kOsModePerp, {0, 0, 0}, {0, 4, 0});
+    EXPECT_EQ(feet.size(), 3u);
+    EXPECT_TRUE(hasNear(feet, {0, 0, 0}) && hasNear(feet, {std::sqrt(8.0), 2, 0}));
+    // Tangents through (0, -1) touch where x * x / 4 = 1.
+    const auto tangents = snaps(spline, AcDb::kOsModeTan, {0, 0, 0}, {0, -1, 0});
+    EXPECT_EQ(tangents.size(), 2u);
+    EXPECT_TRUE(hasNear(tangents, {2, 1, 0}) && hasNear(tangents, {-2, 1, 0}));
 }

@@ -37,3 +37,35 @@ TEST_F(PlotSettingsValidator, RefusesWhatNoPageCanHave)
     EXPECT_EQ(validator.setPlotCentered(&settings, true), Acad::eOk);
     EXPECT_TRUE(settings.plotCentered());
 }
+
+TEST_F(PlotSettingsValidator, StandardScalesHaveTheNumbersOfTheReference)
+{
+    AcDbPlotSettingsValidator validator;
+    AcDbPlotSettings settings;
+    double paper = 0.0, drawing = 0.0, scale = 0.0;
+    EXPECT_EQ(validator.setStdScaleType(&settings, AcDbPlotSettings::k1_50), Acad::eOk);
+    settings.getCustomPrintScale(paper, drawing);
+    settings.getStdScale(scale);
+    EXPECT_EQ(settings.stdScaleType(), 25);
+    EXPECT_EQ(drawing / paper, 50.0);
+    EXPECT_EQ(scale, 0.02);
+    // A quarter of an inch for a foot.
+    EXPECT_EQ(validator.setStdScale(&settings, 1.0 / 48), Acad::eOk);
+    EXPECT_EQ(settings.stdScaleType(), AcDbPlotSettings::k1_4in_1ft);
+    EXPECT_EQ(validator.setStdScale(&settings, 0.0), Acad::eOk);
+    EXPECT_EQ(settings.stdScaleType(), AcDbPlotSettings::kScaleToFit);
+    EXPECT_EQ(validator.setStdScale(&settings, 1.0 / 7), Acad::eInvalidInput);
+}
+
+TEST_F(PlotSettingsValidator, ClosestPaperMayLieOnItsSide)
+{
+    AcDbPlotSettingsValidator validator;
+    AcDbPlotSettings settings;
+    // 16.5 by 11.7 inches: 419 by 297 mm.
+    EXPECT_EQ(validator.setClosestMediaName(&settings, 16.5, 11.7, AcDbPlotSettings::kInches), Acad::eOk);
+    const ACHAR* media = nullptr;
+    settings.getCanonicalMediaName(media);
+    EXPECT_STREQ(validator.getLocaleMediaName(&settings, media), L"ISO A3 (297.00 x 420.00 MM)");
+    EXPECT_EQ(settings.plotPaperUnits(), AcDbPlotSettings::kInches);
+    EXPECT_EQ(validator.setClosestMediaName(&settings, 0.0, 11.7, AcDbPlotSettings::kInches), Acad::eInvalidInput);
+}

@@ -5,6 +5,7 @@
 #include "VariableStore.h"
 
 #include "acdbads.h"
+#include "acedselect.h"
 #include "dbjig.h"
 #include "dbline.h"
 #include "dbobjptr.h"
@@ -24,8 +25,6 @@ int follow(ads_point point, ads_matrix matrix)
     return RTNORM;
 }
 
-const ads_name someSet = {1, 2};
-
 class Drags : public headless::EditorTest
 {
 protected:
@@ -34,7 +33,15 @@ protected:
         EditorTest::SetUp();
         ed::screen() = {};
         followed.clear();
+        acedSSAdd(nullptr, nullptr, someSet);
     }
+    void TearDown() override
+    {
+        acedSSFree(someSet);
+        EditorTest::TearDown();
+    }
+
+    ads_name someSet;
 };
 
 /// Draws a line from a base point to the cursor.
@@ -274,4 +281,16 @@ TEST_F(Drags, JigsAcquireNumbersAndTexts)
     EXPECT_EQ(jig.drag(), AcEdJig::kNormal);
     EXPECT_STREQ(text, L"two w");
     EXPECT_EQ(jig.drag(), AcEdJig::kCancel);
+}
+
+TEST_F(Drags, ASetThatIsNotThereIsRefused)
+{
+    const ads_name freed = {77, 78}, null = {0, 0};
+    ads_point at = {7, 7, 7};
+    answer(L"1,2\n");
+    EXPECT_EQ(acedDragGen(freed, L"", 0, follow, at), RTERROR);
+    EXPECT_EQ(acedDragGen(null, L"", 0, follow, at), RTERROR);
+    EXPECT_EQ(at[X], 7.0);
+    acedDragGen(someSet, L"", 0, follow, at);
+    EXPECT_EQ(at[X], 1.0) << "the answer is still there";
 }

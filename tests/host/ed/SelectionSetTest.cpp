@@ -130,3 +130,19 @@ TEST(SelectionSet, PlacesAreThoseOfAListAfterRemovals)
     }
     EXPECT_FALSE(set.remove(AcDbObjectId()));
 }
+
+TEST_F(SelectionSets, TransformMovesEveryEntityOfASet)
+{
+    const AcDbObjectId first = addLine(0, 0, 1, 0), second = addCircle(5, 5, 1);
+    ads_name names[2], set;
+    acdbGetAdsName(names[0], first);
+    acdbGetAdsName(names[1], second);
+    acedSSAdd(names[0], nullptr, set);
+    acedSSAdd(names[1], set, set);
+    ads_matrix move = {{1, 0, 0, 10}, {0, 1, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}};
+    EXPECT_EQ(acedXformSS(set, move), RTNORM);
+    EXPECT_EQ(AcDbObjectPointer<AcDbLine>(first)->endPoint(), AcGePoint3d(11, 0, 0));
+    EXPECT_EQ(AcDbObjectPointer<AcDbCircle>(second)->center(), AcGePoint3d(15, 5, 0));
+    acedSSFree(set);
+    EXPECT_EQ(acedXformSS(set, move), RTERROR);
+}
