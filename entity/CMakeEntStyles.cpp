@@ -40,7 +40,8 @@ bool apply(const StyleData& data, StyleRecord& style)
 /// A style that is in the drawing. An empty typeface takes away the one that the style had.
 bool applyTypeface(const StyleData& data, StyleRecord& style)
 {
-    constexpr int charset = 134, pitchAndFamily = 0; // GB 2312
+    // Windows would put another face in the place of one that lacks a character set that is named.
+    constexpr int charset = 1, pitchAndFamily = 0; // DEFAULT_CHARSET
     return style.setFont(data.typeface, false, false, charset, pitchAndFamily) == Acad::eOk;
 }
 

@@ -3,6 +3,7 @@
 #include "MTextLayout.h"
 #include "MTextFrame.h"
 #include "MTextMembers.h"
+#include "DimensionPicture.h"
 #include "PlanarCoords.h"
 #include "TextLook.h"
 #include "gecurv3d.h"
@@ -54,6 +55,13 @@ CString withScaledHeights(const CString& contents, double factor)
         ++at;
     }
     return scaled + contents.Mid(from);
+}
+
+/// The angle of a direction in the plane of a normal.
+double flatAngle(const AcGeVector3d& normal, const AcGeVector3d& along)
+{
+    const AcGeVector3d flat = worldToOcs(normal) * along;
+    return std::atan2(flat.y, flat.x);
 }
 } // namespace
 
@@ -132,15 +140,31 @@ Acad::ErrorStatus AcDbMText::setAttachmentMovingLocation(AttachmentPoint attachm
     return status;
 }
 
+/// A mirrored text stands where its mirror image would, but reads the right way round: to the right, or upwards. Gives
+/// the place of the text for that of the image; `along` and `up` are the image's directions.
+AcGePoint3d AcDbMText::readableImage(const AcGePoint3d& image, const AcGeVector3d& normal, AcGeVector3d& along,
+                                     const AcGeVector3d& up) const
+{
+    const lettering::MTextLayout lines = layout();
+    if (readableAngle(flatAngle(normal, along)) == flatAngle(normal, along))
+        return image + (lines.min.y + lines.max.y) * up;
+    const AcGeVector3d back = along;
+    along = -along;
+    return image + (lines.min.x + lines.max.x) * back;
+}
+
 Acad::ErrorStatus AcDbMText::subTransformBy(const AcGeMatrix3d& xform)
 {
     const AcGeVector3d normal = mappedNormal(xform, mNormal);
-    const AcGeVector3d along = xform * direction(), up = xform * mNormal.crossProduct(direction()).normal();
+    AcGeVector3d along = xform * direction();
+    const AcGeVector3d up = xform * mNormal.crossProduct(direction()).normal();
     if (along.isZeroLength() || normal.isZeroLength()) return Acad::eCannotScaleNonUniformly;
+    AcGePoint3d location = xform * mLocation;
+    if (along.crossProduct(up).dotProduct(normal) < 0.0) location = readableImage(location, normal, along, up);
     const double stretch = along.length();
     const double grow = along.crossProduct(up).length() / stretch;
     beginTextChange();
-    mLocation.transformBy(xform);
+    mLocation = location;
     mNormal = normal;
     mDirection = along / stretch;
     if (mExtras) mExtras->fileRotation.reset();

@@ -45,6 +45,12 @@ AcGeVector2d alignmentOffset(const lettering::TextMeasure& measure, const AcGiTe
     return {style.isBackward ? -way : way, style.isUpsideDown && !isMeasured ? -up : up};
 }
 
+bool readsRight(const AcGeVector3d& along)
+{
+    const double rounding = 1e-9 * along.length();
+    return along.x > rounding || (along.x > -rounding && along.y > 0.0);
+}
+
 /// Whether the alignment point alone says where the text lies. Aligned and fitted texts start at their position.
 bool hangsOnAlignmentPoint(int horizontal, int vertical)
 {
@@ -135,6 +141,31 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*)
     return status;
 }
 
+/// A mirrored text stands where its mirror image would, but reads the right way round: to the right, or upwards.
+/// `along` and `up` are the directions of the image and become those of the text. Of a column the letters are turned
+/// alone.
+void AcDbText::keepReadable(AcGeVector3d& along, AcGeVector3d& up)
+{
+    const AcGiTextStyle style = drawnStyle();
+    const bool turnsBack = !style.isVertical && !readsRight(along);
+    if (!style.isVertical) {
+        const lettering::TextMeasure measure = measureOf(style, shownText());
+        const double height = heightOfPoint(measure, mHeight, mHorizontal, mVertical) / mHeight;
+        const double part = turnsBack ? partOfWay(mHorizontal) : mHorizontal == AcDb::kTextMid ? 0.5 : height;
+        const AcGeVector3d way = turnsBack ? (style.isBackward ? -measure.advance : measure.advance) * along
+                                           : (style.isUpsideDown ? -mHeight : mHeight) * up;
+        const bool isStretched = mHorizontal == AcDb::kTextAlign || mHorizontal == AcDb::kTextFit;
+        if (isStretched && turnsBack) {
+            std::swap(mPosition, mAlignment);
+        } else {
+            mPosition += way;
+            if (!isDefaultAlignment()) mAlignment += (1.0 - 2.0 * part) * way;
+        }
+    }
+    AcGeVector3d& turned = turnsBack ? along : up;
+    turned = -turned;
+}
+
 Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& xform)
 {
     const AcGeVector3d normal = mappedNormal(xform, mNormal);
@@ -147,7 +178,7 @@ Acad::ErrorStatus AcDbText::subTransformBy(const AcGeMatrix3d& xform)
     mPosition.transformBy(map);
     // The one that a left aligned text has is of no use and stays in the origin.
     if (!isDefaultAlignment()) mAlignment.transformBy(map);
-    // A mirrored text stays readable: it is turned, not reversed.
+    if (along.x * up.y < along.y * up.x) keepReadable(along, up);
     const double upwards = std::fabs(along.x * up.y - along.y * up.x) / along.length();
     mRotation = std::atan2(along.y, along.x);
     // The letters of a column are as high as it is long.

@@ -208,6 +208,8 @@ private:
     friend struct MTextFields;
     friend struct MTextRecord;
     Acad::ErrorStatus beginTextChange();
+    AcGePoint3d readableImage(const AcGePoint3d& image, const AcGeVector3d& normal, AcGeVector3d& along,
+                              const AcGeVector3d& up) const;
     template <class T, class V>
     Acad::ErrorStatus change(T& member, V value);
     template <class Apply>

@@ -124,6 +124,7 @@ private:
     AcGiTextStyle drawnStyle() const;
     double letterTurn(const AcGiTextStyle& style) const;
     void stretch(const AcGiTextStyle& style, double length);
+    void keepReadable(AcGeVector3d& along, AcGeVector3d& up);
     /// From the text's own coordinates (baseline along X) to the world.
     AcGeMatrix3d textToWorld() const;
 

@@ -173,17 +173,6 @@ TEST_F(TextEntity, LiesAtItsAlignmentPointWhateverItsPositionSays)
     EXPECT_EQ(text->position(), AcGePoint3d(100, 50, 0));
 }
 
-TEST_F(TextEntity, MirroringKeepsItReadable)
-{
-    const std::unique_ptr<AcDbText> text = textOf(L"A-1", 2.5);
-    text->setRotation(0.3);
-    const AcGeMatrix3d mirror = AcGeMatrix3d().setToMirroring(AcGePlane(AcGePoint3d::kOrigin, AcGeVector3d::kXAxis));
-    ASSERT_EQ(text->transformBy(mirror), Acad::eOk);
-    EXPECT_NEAR(text->rotation(), pi - 0.3, 1e-12);
-    EXPECT_NEAR(text->height(), 2.5, 1e-12);
-    EXPECT_NEAR(text->widthFactor(), 1.0, 1e-12);
-}
-
 TEST_F(TextEntity, BadValuesAreRefused)
 {
     AcDbText text;

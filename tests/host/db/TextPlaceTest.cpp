@@ -187,4 +187,80 @@ TEST_F(TextPlace, MiddleIsThatOfWhatIsDrawnAndBottomThatOfTheFont)
     ASSERT_EQ(low.adjustAlignment(), Acad::eOk);
     EXPECT_NEAR(low.position().y, 2.0 / 3, 1e-12);
 }
+/// A mirror through the origin whose line runs at an angle.
+AcGeMatrix3d mirrorAt(double angle)
+{
+    const AcGeVector3d across(-std::sin(angle), std::cos(angle), 0.0);
+    return AcGeMatrix3d().setToMirroring(AcGePlane(AcGePoint3d(3, 1, 0), across));
+}
+
+/// Whether a text is read to the right, or upwards.
+bool readsRight(double rotation)
+{
+    return std::cos(rotation) > 1e-9 || (std::cos(rotation) > -1e-9 && std::sin(rotation) > 0.0);
+}
+
+TEST_F(TextPlace, ReflectedTextReadsRightWhereItsImageWouldStand)
+{
+    const AcDbObjectId style = addStyle(L"PLAIN", L"txt.shx", false);
+    for (const Alignment& alignment : hanging)
+        for (const double mirror : {0.0, quarter, quarter / 2, 1.0})
+            for (const double rotation : {0.0, 0.3, quarter, -0.5}) {
+                SCOPED_TRACE(testing::Message() << alignment.horizontal << "/" << alignment.vertical
+                                                << " mirrored at " << mirror << ", turned by " << rotation);
+                // As wide before the first as behind the last letter, as low as high: the box is its own
+                // image.
+                AcDbText before = text(style, L"HIH", rotation, alignment);
+                ASSERT_EQ(before.adjustAlignment(), Acad::eOk);
+                AcDbText after = before;
+                ASSERT_EQ(after.transformBy(mirrorAt(mirror)), Acad::eOk);
+                EXPECT_TRUE(readsRight(after.rotation())) << after.rotation();
+                EXPECT_NEAR(std::sin(after.rotation() + rotation - 2 * mirror), 0.0, 1e-9);
+                EXPECT_NEAR(after.height(), 2.0, 1e-9);
+                AcGePoint3d was[4], is[4];
+                ASSERT_TRUE(before.boundingPoints(was) && after.boundingPoints(is));
+                const AcGePoint3d middle = was[0] + (was[2] - was[0]) / 2;
+                EXPECT_LT((is[0] + (is[2] - is[0]) / 2).distanceTo(mirrorAt(mirror) * middle), 1e-6);
+                AcDbText adjusted = after;
+                ASSERT_EQ(adjusted.adjustAlignment(), Acad::eOk);
+                EXPECT_LT(adjusted.position().distanceTo(after.position()), 1e-9) << "both points moved";
+            }
+}
+
+TEST_F(TextPlace, ReflectedTextBetweenTwoPointsStaysBetweenThem)
+{
+    const AcDbObjectId style = addStyle(L"PLAIN", L"txt.shx", false);
+    AcDbText fitted = text(style, L"HIH", 0.0, {AcDb::kTextFit, AcDb::kTextBase});
+    fitted.setAlignmentPoint({30.0, 0.0, 0.0});
+    ASSERT_EQ(fitted.adjustAlignment(), Acad::eOk);
+    const double factor = fitted.widthFactor();
+    AcGeMatrix3d flip;
+    flip.entry[0][0] = -1.0;
+    ASSERT_EQ(fitted.transformBy(flip), Acad::eOk);
+    ASSERT_EQ(fitted.adjustAlignment(), Acad::eOk);
+    EXPECT_LT(fitted.position().distanceTo({-30.0, 0.0, 0.0}), 1e-9);
+    EXPECT_LT(fitted.alignmentPoint().distanceTo(AcGePoint3d::kOrigin), 1e-9);
+    EXPECT_NEAR(fitted.rotation(), 0.0, 1e-9);
+    EXPECT_NEAR(fitted.widthFactor(), factor, 1e-9);
+}
+
+TEST_F(TextPlace, ReflectedMultilineTextReadsRightWhereItsImageWouldStand)
+{
+    for (int attachment = AcDbMText::kTopLeft; attachment <= AcDbMText::kBottomRight; ++attachment)
+        for (const double mirror : {0.0, quarter, 1.0}) {
+            AcDbMText text;
+            text.setTextHeight(2.0);
+            text.setContents(L"first line\\Psecond");
+            text.setAttachment(static_cast<AcDbMText::AttachmentPoint>(attachment));
+            text.setLocation({5, 6, 0});
+            text.setRotation(0.3);
+            AcGePoint3dArray was, is;
+            text.getBoundingPoints(was);
+            ASSERT_EQ(text.transformBy(mirrorAt(mirror)), Acad::eOk);
+            text.getBoundingPoints(is);
+            EXPECT_TRUE(readsRight(text.rotation())) << text.rotation();
+            const AcGePoint3d before = was[0] + (was[3] - was[0]) / 2, after = is[0] + (is[3] - is[0]) / 2;
+            EXPECT_LT(after.distanceTo(mirrorAt(mirror) * before), 1e-9) << attachment << " at " << mirror;
+        }
+}
 } // namespace
