@@ -99,8 +99,8 @@ public:
     /// An ellipse parallel to the XY plane: `axis` is the direction of its first axis (its length does not
     /// count), `radius` the radius along it, `otherRadius` the one across; either may be the larger. It runs
     /// counter-clockwise between two parameters, in radians from the end of `axis` on: the point at t is
-    /// radius cos t along the axis and otherRadius sin t across. 0 unless the radii are above 0, and for an
-    /// axis that is zero or leaves the plane.
+    /// radius cos t along the axis and otherRadius sin t across; equal ones make it whole. 0 unless the radii
+    /// are above 0, and for an axis that is zero or leaves the plane.
     static int MakeEllipse(const AcGePoint3d& center, const AcGeVector3d& axis, double radius,
                            double otherRadius, AcDbObjectId& id, double startAngle = 0.0,
                            double endAngle = 6.283185307179586);
@@ -155,11 +155,12 @@ public:
 
     /// An associative hatch over closed curves, regions, and open curves that make closed chains (ends
     /// within a millionth of a unit meet); what lies inside of another is an island, islands in islands are
-    /// filled again. An id that is there twice counts once. `pattern` is a standard pattern or "SOLID" in any
-    /// case of letters, `scale` (above 0) enlarges it, `angle` turns it from the user's X axis. The hatch
-    /// lies in the plane of its boundary, its draw order is the newest. 0, and nothing is added, for an empty
-    /// list, chains that stay open, entities out of one plane, ids of nothing or of what bounds nothing,
-    /// entities that somebody has open for write, unknown patterns, and for lines too dense to count.
+    /// filled again; the frames of texts and multiline texts are left out too. An id that is there twice
+    /// counts once. `pattern` is a standard pattern or "SOLID" in any case of letters, `scale` (above 0)
+    /// enlarges it, `angle` turns it from the user's X axis. The hatch lies in the plane of its boundary, its
+    /// draw order is the newest. 0, and nothing is added, for an empty list, chains that stay open, entities
+    /// out of one plane, ids of nothing or of what bounds nothing, entities that somebody has open for write,
+    /// unknown patterns, and for lines too dense to count.
     static int MakeHatch(const AcDbObjectIdArray& ids, AcDbObjectId& id, CGTStringW pattern, double scale,
                          double angle);
     /// The same over one entity, in a colour.

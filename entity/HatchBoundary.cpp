@@ -1,7 +1,9 @@
 #include "HatchBoundary.h"
 
 #include "dbcurve.h"
+#include "dbmtext.h"
 #include "dbobjptr.h"
+#include "dbtext.h"
 #include "EndChains.h"
 #include "LoopNesting.h"
 
@@ -90,6 +92,12 @@ Ends endsOf(const AcDbEntity& entity, AcGePoint3d& start, AcGePoint3d& end)
     return isMeasured && length > 2.0 * EndChains::reach ? Ends::meet : Ends::tooNear;
 }
 
+bool isText(AcDbObjectId id)
+{
+    const AcRxClass* const kind = id.objectClass();
+    return kind->isDerivedFrom(AcDbText::desc()) || kind->isDerivedFrom(AcDbMText::desc());
+}
+
 class Sorter
 {
 public:
@@ -110,8 +118,11 @@ public:
     {
         if (!m_plane.get(boundary.plane) || !m_chains.take(m_loops)) return false;
         const std::vector<bool> isOuter = outermost(m_loops, boundary.plane);
-        for (std::size_t i = 0; i < m_loops.size(); ++i)
-            boundary.loops.push_back({m_loops[i], isOuter[i] ? AcDbHatch::kExternal : AcDbHatch::kDefault});
+        for (std::size_t i = 0; i < m_loops.size(); ++i) {
+            const int place = isOuter[i] ? AcDbHatch::kExternal : AcDbHatch::kDefault;
+            const int kind = isText(m_loops[i][0]) ? AcDbHatch::kTextbox : AcDbHatch::kDefault;
+            boundary.loops.push_back({m_loops[i], place | kind});
+        }
         return !boundary.loops.empty();
     }
 

@@ -10,7 +10,7 @@ namespace entity
 struct HatchBoundary {
     struct Loop {
         AcDbObjectIdArray ids;
-        Adesk::Int32 type; ///< kExternal for loops that lie in no other
+        Adesk::Int32 type; ///< kExternal for loops that lie in no other, kTextbox for the frame of a text
     };
 
     std::vector<Loop> loops;

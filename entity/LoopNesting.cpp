@@ -1,7 +1,9 @@
 #include "LoopNesting.h"
 
 #include "CurveSamples.h"
+#include "dbmtext.h"
 #include "dbobjptr.h"
+#include "dbtext.h"
 #include "gept2dar.h"
 
 #include <algorithm>
@@ -54,7 +56,8 @@ private:
         return (a.y > p.y) != (b.y > p.y) && p.x < a.x + (p.y - a.y) / (b.y - a.y) * (b.x - a.x);
     }
 
-    /// What is no curve itself is exploded into curves (a region of several faces into regions first).
+    /// What is no curve itself is exploded into curves (a region of several faces into regions first), or
+    /// counts as the point where it lies.
     void add(const AcDbEntity& entity)
     {
         AcGePoint3dArray points;
@@ -66,6 +69,21 @@ private:
             const std::unique_ptr<AcDbEntity> owned(static_cast<AcDbEntity*>(part));
             add(*owned);
         }
+        AcGePoint3d place;
+        if (m_starts.isEmpty() && placeOf(entity, place)) {
+            points.append(place);
+            points.append(place);
+            addChords(points);
+        }
+    }
+
+    static bool placeOf(const AcDbEntity& entity, AcGePoint3d& place)
+    {
+        const AcDbText* const text = AcDbText::cast(&entity);
+        const AcDbMText* const paragraph = AcDbMText::cast(&entity);
+        if (text) place = text->position();
+        if (paragraph) place = paragraph->location();
+        return text || paragraph;
     }
 
     void addChords(const AcGePoint3dArray& points)

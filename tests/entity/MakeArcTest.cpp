@@ -112,6 +112,18 @@ TEST_F(MakeEllipse, EitherRadiusMayBeTheLarger)
     EXPECT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {1, 0, 0}, 0.0, 1.0, wide), 0);
 }
 
+TEST_F(MakeEllipse, EqualAnglesMakeItWhole)
+{
+    for (const double angle : {0.0, 1.0, -2.0}) {
+        AcDbObjectId id;
+        ASSERT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {1, 0, 0}, 3.0, 2.0, id, angle, angle), 1);
+        double area = 0.0;
+        Open<AcDbEllipse>(id)->getArea(area);
+        EXPECT_NEAR(area, 6 * kPi, 1e-9) << angle;
+        EXPECT_TRUE(Open<AcDbEllipse>(id)->isClosed());
+    }
+}
+
 double areaOf(const AcDbSolid& solid)
 {
     AcGePoint3d p[3];

@@ -200,6 +200,25 @@ TEST_F(MakePline, PointerFormLeavesThePolylineToTheCaller)
     EXPECT_EQ(entityCount(), 0);
 }
 
+TEST_F(MakeSpline, RingIsSmoothWhereItCloses)
+{
+    AcGePoint3dArray points;
+    const double ring[][2] = {{0, 0}, {4, 1}, {3, 5}, {-1, 2}, {0, 0}};
+    for (const auto& p : ring)
+        points.append({p[0], p[1], 0});
+    AcDbObjectId id;
+    ASSERT_EQ(CMakeEnt::MakeSpline(points, id), 1);
+    const Open<AcDbSpline> spline(id);
+    EXPECT_TRUE(spline->isClosed());
+    double from = 0.0, to = 0.0;
+    spline->getStartParam(from);
+    spline->getEndParam(to);
+    AcGeVector3d out, in;
+    ASSERT_EQ(spline->getFirstDeriv(from, out), Acad::eOk);
+    ASSERT_EQ(spline->getFirstDeriv(to, in), Acad::eOk);
+    EXPECT_TRUE(out.isCodirectionalTo(in, AcGeTol().setEqualVector(1e-9)));
+}
+
 TEST_F(MakeSpline, CurvePassesThroughItsPoints)
 {
     turnUcs();
