@@ -4,27 +4,36 @@
 # samples/drawings/site.dxf; the results are out/site.dxf, out/site.png and out/site.svg (out/NAME.* for NAME.dxf).
 set -euo pipefail
 
-drawing=${1:+$(realpath "$1")}
-cd "$(dirname "$0")"
+fail() {
+  echo "demo.sh: $1" >&2
+  exit 1
+}
+
+[[ ${1:-} == -h || ${1:-} == --help ]] && { sed -n '2,4s/^# //p' "$0"; exit; }
+(($# <= 1)) || fail "takes one drawing at most"
+drawing=${1:+$(realpath -m -- "$1")}
+cd "$(dirname "$(realpath "$0")")"
 script=samples/axis-grid/anywhere.scr
 if [[ -z $drawing ]]; then
   drawing=$PWD/samples/drawings/site.dxf
   script=samples/axis-grid/site.scr
 fi
-[[ -r $drawing ]] || { echo "demo.sh: $drawing cannot be read" >&2; exit 1; }
-name=$(basename "${drawing%.*}")
+[[ -e $drawing ]] || fail "$drawing: there is no such file"
+[[ ! -d $drawing ]] || fail "$drawing: this is a folder; name a drawing in it"
+[[ -r $drawing ]] || fail "$drawing: you may not read this file"
+mkdir -p out 2>/dev/null && [[ -w out ]] || fail "$PWD/out: results cannot be written there"
+result=out/$(basename "${drawing%.*}")
+[[ ! $drawing -ef $result.dxf ]] || result+=-2
 
 scripts/setup.sh build test
 scripts/build.sh release arxhost_program QmCADLib AxisGrid
-mkdir -p out
 host=build/release/arxhost
 
 echo "== what is in $drawing"
 "$host" "$drawing" --list
 echo "== an axis grid is drawn into it: $script"
 "$host" "$drawing" --load build/release/QmCADLib.arx --load build/release/AxisGrid.arx --script "$script" \
-  --save "out/$name.dxf" --plot "out/$name.png"
-"$host" "out/$name.dxf" --plot "out/$name.svg"
+  --save "$result.dxf" --pixels 2000 --plot "$result.png" --plot "$result.svg"
 echo "== what is in the result"
-"$host" "out/$name.dxf" --list
-echo "== look at out/$name.png or out/$name.svg; the drawing is out/$name.dxf"
+"$host" "$result.dxf" --list
+echo "== look at $result.png or $result.svg; the drawing is $result.dxf"

@@ -35,8 +35,11 @@ std::size_t beginOfWord(const std::wstring& line)
 void addCommands(Words& words)
 {
     const std::unique_ptr<AcEdCommandIterator> walk(ed::commandStack().iterator());
-    for (; !walk->done(); walk->next())
-        words.insert(walk->command()->localName());
+    for (; !walk->done(); walk->next()) {
+        const CString local = walk->command()->localName(), global = walk->command()->globalName();
+        words.insert(local.GetString());
+        if (global.CompareNoCase(local) != 0) words.insert((L"_" + global).GetString());
+    }
 }
 
 void addVariables(Words& words)

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cctype>
 #include <map>
 
 namespace console
@@ -52,13 +53,21 @@ Actors describeActions(CLI::App& app)
     };
 }
 
+SaveVersion versionNamed(std::string name)
+{
+    for (char& c : name) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    const auto found = versions.find(name);
+    if (found != versions.end()) return found->second;
+    throw CLI::ValidationError("--as", name + " is no version that can be written: R2000, R2004, R2007, R2010, R2013, R2018");
+}
+
 void describeDetails(CLI::App& app, Options& options)
 {
     app.add_option("drawing", options.drawing,
                    "The DXF file to open (ASCII or binary, R12 to R2018); none: a new drawing");
-    app.add_option("--as", options.saveVersion, "The version to save as (R2000 ... R2018)")
-        ->transform(CLI::CheckedTransformer(versions, CLI::ignore_case))
-        ->option_text("VERSION")
+    const auto takeVersion = [&options](const std::string& name) { options.saveVersion = versionNamed(name); };
+    app.add_option_function<std::string>("--as", takeVersion, "The version to save as (R2000 ... R2018)")
+        ->type_name("VERSION")
         ->needs("--save");
     app.add_flag("--binary", options.binary, "Save a binary DXF file")->needs("--save");
     app.add_option("--layout", options.layout, "The layout to plot; none: model space")->needs("--plot");

@@ -16,6 +16,7 @@
 #include "ProgressMeter.h"
 
 #include <cstdio>
+#include <filesystem>
 
 namespace console
 {
@@ -47,6 +48,8 @@ void tellRepairs(const wchar_t* path, const std::vector<std::string>& repairs, s
 
 bool open(const std::string& drawing)
 {
+    std::error_code error;
+    if (std::filesystem::is_directory(drawing, error)) return fail(drawing, "this is a folder");
     const CString path = wide(drawing);
     const Acad::ErrorStatus status = drawing.empty() ? acDocManager->appContextNewDocument(nullptr)
                                                      : acDocManager->appContextOpenDocument(path);
@@ -55,7 +58,7 @@ bool open(const std::string& drawing)
 
 bool load(const std::string& file)
 {
-    if (acrxLoadModule(wide(file), true)) return true;
+    if (acrxLoadModule(wide(file), false)) return true;
     return fail(utf8(ed::takeFault().c_str()));
 }
 

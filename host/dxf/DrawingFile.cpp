@@ -162,6 +162,7 @@ Acad::ErrorStatus readDrawing(AcDbDatabase& database, const OpenedDrawing& opene
     ReadContext context(database, report);
     DatabaseState& state = context.state();
     state.originalVersion = static_cast<int>(opened.reader->version());
+    state.header.setInteger("$INSUNITS", 0); // a file that names no unit has none
     readNames(context, *openDrawing(opened.reader->input()).reader);
     nameFirstRecords(context);
     DrawingReader reader(context, *opened.reader);

@@ -3,12 +3,14 @@
 #include "acedoutput.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace
 {
 struct CommandLineState {
     ed::CommandLineListener listener;
     std::wstring lastLine;
+    bool isAtEnter = false; ///< the last thing on the line was Enter
 };
 
 CommandLineState& state()
@@ -41,6 +43,9 @@ namespace ed
 void print(std::wstring_view text)
 {
     if (text.empty()) return;
+    // Enter and the line feed that most prompts begin with are one step to the next line.
+    if (std::exchange(state().isAtEnter, false) && text.front() == L'\n') text.remove_prefix(1);
+    if (text.empty()) return;
     keepLastLine(state().lastLine, text);
     if (state().listener)
         state().listener(text);
@@ -52,9 +57,14 @@ void echoAnswer(std::wstring_view text)
 {
     print(text);
     print(L"\n");
+    state().isAtEnter = true;
 }
 
-void beginLine() { state().lastLine.clear(); }
+void beginLine()
+{
+    state().lastLine.clear();
+    state().isAtEnter = true;
+}
 
 CommandLineListener setCommandLineListener(CommandLineListener listener)
 {

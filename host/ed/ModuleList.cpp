@@ -28,11 +28,10 @@ void inEachDocument(const std::function<void()>& doIt)
     if (documents::stateOf(before)) acDocManager->setCurDocument(before);
 }
 
-void report(std::wstring_view text)
+void report(std::wstring_view reason, bool isShown)
 {
-    ed::print(text);
-    const std::size_t begin = std::min(text.find_first_not_of(L'\n'), text.size());
-    ed::noteFault(text.substr(begin, text.find_last_not_of(L'\n') + 1 - begin));
+    if (isShown) ed::print(L"\n" + std::wstring(reason) + L"\n");
+    ed::noteFault(reason);
 }
 
 void forget(HMODULE module, void* appId)

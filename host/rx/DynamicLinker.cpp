@@ -114,7 +114,7 @@ private:
     }
     void say(bool printit, const std::wstring& text) const
     {
-        if (printit && mSurroundings.report) mSurroundings.report(L"\n" + text + L"\n");
+        if (mSurroundings.report) mSurroundings.report(text, printit);
     }
     bool setLocked(void* appId, bool locked) const
     {

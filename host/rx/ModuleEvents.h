@@ -13,8 +13,8 @@ namespace modules
 {
 /// What the editor does for the linker. Each member may be empty.
 struct Surroundings {
-    /// Says something on the command line.
-    std::function<void(std::wstring_view text)> report;
+    /// Keeps the reason of a failure, and says it on the command line when it is to be shown.
+    std::function<void(std::wstring_view reason, bool isShown)> report;
     /// Does something in each open document, which is current meanwhile; the one that is current comes first.
     std::function<void(const std::function<void()>& doIt)> inEachDocument;
     /// The full path of a support file; empty when there is none.

@@ -10,6 +10,7 @@ namespace
 constexpr wchar_t letters[] = L"ABCDEFGHJKLMNPQRSTUVWXY";
 constexpr int letterCount = static_cast<int>(std::size(letters)) - 1;
 constexpr std::size_t mostSpacings = 200;
+constexpr double widestSpacing = 1e9;
 
 /// "6000" or "3*6000"; appends the distances.
 bool readItem(const CString& item, std::vector<double>& spacings)
@@ -20,7 +21,7 @@ bool readItem(const CString& item, std::vector<double>& spacings)
     if (!CFamStuStr::IsDigitFactor(whole, number)) return false;
     const double distance = _wtof(number);
     const int repeats = _wtoi(count);
-    if (!(distance > 0.0) || !std::isfinite(distance)) return false;
+    if (!(distance > 0.0 && distance <= widestSpacing)) return false;
     if (repeats < 1 || repeats > static_cast<int>(mostSpacings)) return false;
     spacings.insert(spacings.end(), static_cast<std::size_t>(repeats), distance);
     return spacings.size() <= mostSpacings;
@@ -52,7 +53,7 @@ CString spacingsText(const std::vector<double>& spacings)
         std::size_t end = i;
         while (end < spacings.size() && spacings[end] == spacings[i]) ++end;
         if (end - i > 1) text.AppendFormat(L"%d*", static_cast<int>(end - i));
-        text.AppendFormat(L"%g ", spacings[i]);
+        text += CFamStuStr::FormatDouble(spacings[i]) + L" ";
         i = end;
     }
     return text.TrimRight();
@@ -63,6 +64,19 @@ std::vector<double> axisPlaces(const std::vector<double>& spacings)
     std::vector<double> places(1, 0.0);
     for (const double spacing : spacings) places.push_back(places.back() + spacing);
     return places;
+}
+
+Bay widestBay(const std::vector<double>& spacings)
+{
+    const std::vector<double> places = axisPlaces(spacings);
+    const auto offCentre = [&](const Bay& bay) { return std::abs(bay.middle() - places.back() / 2.0); };
+    Bay widest;
+    for (std::size_t i = 0; i < spacings.size(); ++i) {
+        const Bay bay{places[i], spacings[i]};
+        const bool isNearer = bay.width == widest.width && offCentre(bay) < offCentre(widest);
+        if (bay.width > widest.width || isNearer) widest = bay;
+    }
+    return widest;
 }
 
 CString axisLetter(int index)

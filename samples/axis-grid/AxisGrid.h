@@ -16,15 +16,27 @@ struct AxisGrid {
     double depth() const;
 };
 
+/// What lies between two neighbouring axes.
+struct Bay {
+    double start = 0.0; ///< from the first axis
+    double width = 0.0;
+
+    double middle() const { return start + width / 2.0; }
+};
+
 /// Reads distances such as "3*6600 2*6000 4500": a count before the asterisk repeats the distance. Blanks or commas
-/// between them. False, and `spacings` unchanged, unless all are numbers above 0 and there are 1 to 200 of them.
+/// between them. False, and `spacings` unchanged, unless all are numbers above 0, up to 1e9, and there are 1 to 200 of
+/// them.
 bool readSpacings(const CString& text, std::vector<double>& spacings);
 
-/// The distances as readSpacings reads them, equal neighbours with their count.
+/// The distances as readSpacings reads them, equal neighbours with their count; six decimals.
 CString spacingsText(const std::vector<double>& spacings);
 
 /// The places of the axes: 0, then the sums of the distances.
 std::vector<double> axisPlaces(const std::vector<double>& spacings);
+
+/// The widest bay; of several the one nearest to the middle of all, of two as near the first.
+Bay widestBay(const std::vector<double>& spacings);
 
 /// The letter of a horizontal axis, counted from A = 0: A to Y without I, O and Z, which look like numbers
 /// (GB/T 50001-2017, 8.0.4), then A1 to Y1, A2 ...

@@ -2,16 +2,39 @@
 
 #include "GridDrawing.h"
 
+#include "QmCADLib.h"
+
 #include "arxEntryPoint.h"
 #include "arxHeaders.h"
 
 namespace
 {
+/// On the model tab, or inside a viewport of a layout.
+bool isInModelSpace()
+{
+    int onModelTab = 1, viewport = 0;
+    CFamStuSysVar::Get(L"TILEMODE", onModelTab);
+    CFamStuSysVar::Get(L"CVPORT", viewport);
+    constexpr int sheet = 1;
+    return onModelTab != 0 || viewport != sheet;
+}
+
 void report(const DrawnGrid& drawn)
 {
-    acutPrintf(L"\n轴网已绘制: 轴线 %d 条，编号 %d 个，坐标标注 %d 个，填充 %d 处，建筑面积 %.2f 平方米。\n",
+    acutPrintf(L"\n轴网已绘制: 轴线 %d 条，编号 %d 个，坐标标注 %d 个，填充 %d 处，建筑面积 %s 平方米。\n",
                drawn.axes.length(), drawn.labels.length(), drawn.dimensions.length(), drawn.hatch.isNull() ? 0 : 1,
-               drawn.areaInSquareMetres);
+               drawn.areaText().GetString());
+}
+
+void askAndDraw()
+{
+    GridOrder order = proposedOrder();
+    if (!askGridOrder(order)) return;
+    DrawnGrid drawn;
+    if (drawGrid(order, drawn))
+        report(drawn);
+    else
+        acutPrintf(L"\n轴网绘制失败，没有留下图元。\n");
 }
 } // namespace
 
@@ -22,15 +45,10 @@ public:
 
     static void QMSAMPLEQMAXISGRID()
     {
-        GridOrder order = proposedOrder();
-        DrawnGrid drawn;
-        if (!askGridOrder(order)) {
-            acutPrintf(L"\n*取消*\n");
-        } else if (!drawGrid(order, drawn)) {
-            acutPrintf(L"\n轴网绘制失败，没有留下图元。\n");
-        } else {
-            report(drawn);
-        }
+        if (isInModelSpace())
+            askAndDraw();
+        else
+            acutPrintf(L"\n轴网画在模型空间: 请先切换到模型选项卡，或进入视口。\n");
     }
 };
 

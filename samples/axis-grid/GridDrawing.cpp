@@ -6,8 +6,11 @@
 #include "QmCADLib.h"
 
 #include "arxHeaders.h"
+#include "dbmtext.h"
 #include "dbobjptr.h"
 #include "dbregion.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -18,15 +21,31 @@ constexpr int byLayer = 256;
 // Millimetres of paper, as GB/T 50001 has them.
 constexpr double bubbleRadius = 4.0;
 constexpr double axisOverhang = 12.0; ///< from the outermost axis to the bubble
-constexpr double labelHeight = 3.5;
-constexpr double areaHeight = 5.0;
+constexpr double labelHeight = 4.0;
+constexpr double areaHeight = 5.0, leastAreaHeight = 2.5;
 constexpr double leaderLength = 9.0;
 
-bool putOnLayer(AcDbObjectId id, const wchar_t* layer)
+/// What new entities look like while it lives: all by layer, dashes as long as on paper.
+class LookByLayer
 {
-    const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
-    return entity.openStatus() == Acad::eOk && entity->setLayer(layer) == Acad::eOk;
-}
+public:
+    explicit LookByLayer(double paperUnit) : m_dashes(L"CELTSCALE", paperUnit / lineScale()) {}
+
+private:
+    static double lineScale()
+    {
+        double scale = 1.0;
+        CFamStuSysVar::Get(L"LTSCALE", scale);
+        return scale;
+    }
+
+    CFamStuSysVar m_color{L"CECOLOR", CString(L"BYLAYER")};
+    CFamStuSysVar m_linetype{L"CELTYPE", CString(L"BYLAYER")};
+    CFamStuSysVar m_weight{L"CELWEIGHT", static_cast<int>(AcDb::kLnWtByLayer)};
+    CFamStuSysVar m_transparency{L"CETRANSPARENCY", CString(L"ByLayer")};
+    CFamStuSysVar m_textStyle{L"TEXTSTYLE", CString(gridStyle)};
+    CFamStuSysVar m_dashes;
+};
 
 /// Draws one grid in its own coordinate system, step by step.
 class GridPainter
@@ -37,10 +56,25 @@ public:
     {
     }
 
-    bool draw() { return drawColumns() && drawRows() && drawOutline() && drawArea() && drawHatch() && drawDimensions(); }
+    /// Each step with the layer that is current meanwhile. The hatch comes after the text that it leaves out.
+    bool draw()
+    {
+        const struct {
+            const wchar_t* layer;
+            bool (GridPainter::*step)();
+        } steps[] = {
+            {labelLayer, &GridPainter::drawColumns}, {labelLayer, &GridPainter::drawRows},
+            {outlineLayer, &GridPainter::drawOutline}, {areaLayer, &GridPainter::drawArea},
+            {hatchLayer, &GridPainter::drawHatch}, {dimensionLayer, &GridPainter::drawDimensions},
+        };
+        return std::all_of(std::begin(steps), std::end(steps), [this](const auto& one) {
+            const CFamStuSysVar current(L"CLAYER", CString(one.layer));
+            return (this->*one.step)();
+        });
+    }
 
 private:
-    double paper(double millimetres) const { return millimetres * m_order.scale * m_order.unit; }
+    double paper(double millimetres) const { return millimetres * m_order.paperUnit(); }
     double lowest() const { return -paper(axisOverhang); }
 
     bool drawColumns()
@@ -76,7 +110,7 @@ private:
         m_drawn.bubbles.append(bubble);
         if (!MakeEnt::MakeText(center, label, text, paper(labelHeight), kAligMiddleCenter, 0.0)) return false;
         m_drawn.labels.append(text);
-        return putOnLayer(bubble, labelLayer) && putOnLayer(text, labelLayer);
+        return true;
     }
 
     bool drawOutline()
@@ -91,22 +125,36 @@ private:
         if (!region || region->getArea(area) != Acad::eOk) return false;
         m_drawn.areaInSquareMetres = area / (1e6 * m_order.unit * m_order.unit);
         region->setDatabaseDefaults();
-        region->setLayer(outlineLayer);
         if (!CArxUtils::CDatabase::AddToDb(region.get(), m_drawn.outline)) return false;
         region.release()->close();
         return true;
     }
 
-    /// The area in a frame of its own in the middle of the outline.
+    /// The area in a frame of its own, in the bay that has most room for it.
     bool drawArea()
     {
-        CString text;
-        text.Format(L"建筑面积 %.2f m²", m_drawn.areaInSquareMetres);
-        const AcGePoint3d middle(m_order.grid.width() / 2.0, m_order.grid.depth() / 2.0, 0.0);
-        if (!MakeEnt::MakeText(middle, text, m_drawn.area, paper(areaHeight), kAligMiddleCenter, 0.0)) return false;
-        const AcGeVector3d half(paper(areaHeight) * 0.45 * text.GetLength(), paper(areaHeight), 0.0);
-        return MakeEnt::MakeRect(middle - half, middle + half, m_drawn.frame, 0.0) &&
-               putOnLayer(m_drawn.area, outlineLayer) && putOnLayer(m_drawn.frame, outlineLayer);
+        const Bay across = widestBay(m_order.grid.columns), up = widestBay(m_order.grid.rows);
+        const AcGePoint3d middle(across.middle(), up.middle(), 0.0);
+        const CString text = L"建筑面积\\P" + m_drawn.areaText() + L" m²";
+        AcGeVector3d half;
+        return MakeEnt::MakeMText(middle, text, AcDbObjectId::kNull, paper(areaHeight), 0.0, m_drawn.area) &&
+               fitArea(across.width, up.width, half) && MakeEnt::MakeRect(middle - half, middle + half, m_drawn.frame);
+    }
+
+    /// Puts the text's middle where its corner is, and makes it smaller until it fits, as long as it can be read. The axes
+    /// behind are hidden. Tells half the size of its frame.
+    bool fitArea(double width, double depth, AcGeVector3d& half)
+    {
+        const AcDbObjectPointer<AcDbMText> text(m_drawn.area, AcDb::kForWrite);
+        if (text.openStatus() != Acad::eOk) return false;
+        const double fit = std::min({1.0, 0.8 * width / text->actualWidth(), 0.8 * depth / text->actualHeight()});
+        const double height = std::max(fit * paper(areaHeight), paper(leastAreaHeight));
+        text->setTextHeight(height);
+        text->setAttachment(AcDbMText::kMiddleCenter);
+        text->setBackgroundFill(true);
+        text->setUseBackgroundColor(true);
+        half.set(text->actualWidth() / 2.0 + height / 2.0, text->actualHeight() / 2.0 + height / 2.0, 0.0);
+        return true;
     }
 
     bool drawHatch()
@@ -115,9 +163,7 @@ private:
         AcDbObjectIdArray boundary;
         boundary.append(m_drawn.outline);
         boundary.append(m_drawn.frame);
-        const double scale = paper(1.0);
-        return MakeEnt::MakeHatch(boundary, m_drawn.hatch, m_order.hatchPattern, scale, 0.0) &&
-               putOnLayer(m_drawn.hatch, hatchLayer);
+        return MakeEnt::MakeHatch(boundary, m_drawn.hatch, m_order.hatchPattern, paper(1.0), 0.0) != 0;
     }
 
     bool drawDimensions()
@@ -135,8 +181,8 @@ private:
 
     bool drawDimension(const AcGePoint3d& place, int side)
     {
-        if (!MakeEnt::MakeCoordDim1(place, m_drawn.dimensions, side, paper(leaderLength), gridStyle)) return false;
-        return putOnLayer(m_drawn.dimensions.last(), dimensionLayer);
+        const CString style = dimensionStyleOf(m_order.scale);
+        return MakeEnt::MakeCoordDim1(place, m_drawn.dimensions, side, paper(leaderLength), style) != 0;
     }
 
     const GridOrder& m_order;
@@ -151,17 +197,15 @@ void eraseAll(const AcDbObjectIdArray& ids)
         if (entity.openStatus() == Acad::eOk) entity->erase();
     }
 }
-
-/// Makes the text style of grids the current one for a while.
-class CurrentTextStyle
-{
-public:
-    explicit CurrentTextStyle(const wchar_t* name) : m_style(L"TEXTSTYLE", CString(name), 1) {}
-
-private:
-    CFamStuSysVar m_style;
-};
 } // namespace
+
+CString DrawnGrid::areaText() const
+{
+    if (areaInSquareMetres < 1.0) return CFamStuStr::FormatDouble(areaInSquareMetres);
+    CString text;
+    text.Format(L"%.2f", areaInSquareMetres);
+    return text;
+}
 
 AcDbObjectIdArray DrawnGrid::all() const
 {
@@ -176,8 +220,8 @@ AcDbObjectIdArray DrawnGrid::all() const
 bool drawGrid(const GridOrder& order, DrawnGrid& drawn)
 {
     const GridUcs ucs(order.origin, order.rotation);
-    if (!ucs.isSet() || !makeGridStyles(order.scale * order.unit, order.unit < 1.0 ? 3 : 0)) return false;
-    const CurrentTextStyle style(gridStyle);
+    if (!ucs.isSet() || !makeGridStyles(order.scale, order.paperUnit())) return false;
+    const LookByLayer look(order.paperUnit());
     if (GridPainter(order, drawn).draw()) return true;
     eraseAll(drawn.all());
     drawn = DrawnGrid();

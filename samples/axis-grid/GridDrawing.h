@@ -12,10 +12,13 @@ struct DrawnGrid {
     AcDbObjectId hatch;   ///< null when none was asked for
     double areaInSquareMetres = 0.0;
 
-    /// Everything, in the order in which it was drawn.
+    /// The area as it is written: two decimals, six where it is less than a square metre.
+    CString areaText() const;
+    /// Everything that is there, part by part.
     AcDbObjectIdArray all() const;
 };
 
 /// Draws the grid into the current space: layers and styles, axes, bubbles and labels, the outline as a region with its
-/// area, its hatch, the dimensions. False, and no entity left in the drawing, when a step fails.
+/// area, its hatch, the dimensions. What is current in the drawing (layer, colour, style, coordinate system ...) is as it
+/// was afterwards. False, and no entity left in the drawing, when a step fails.
 bool drawGrid(const GridOrder& order, DrawnGrid& drawn);

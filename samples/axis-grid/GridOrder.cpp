@@ -2,9 +2,11 @@
 
 #include "QmCADLib.h"
 
+#include "acdbads.h"
 #include "arxHeaders.h"
 #include "geassign.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -12,25 +14,54 @@ namespace
 constexpr int textSize = 512;
 constexpr int noZero = 2, noNegative = 4;
 
-/// Drawing units for a millimetre, from INSUNITS; 0 for those that a plan is not drawn in, and for none.
-double unitOfDrawing()
+// Modules of a plan, in millimetres.
+constexpr double metricModule = 300.0, foot = 304.8;
+
+/// A unit that plans are drawn in.
+struct PlanUnit {
+    int insUnits;
+    double perMillimetre;
+    double module;
+};
+constexpr PlanUnit planUnits[] = {
+    {1, 1.0 / 25.4, foot}, {2, 1.0 / foot, foot}, {4, 1.0, metricModule}, {5, 0.1, metricModule}, {6, 0.001, metricModule},
+};
+
+/// What INSUNITS names; null for none, and for units that no plan is drawn in.
+const PlanUnit* unitOfDrawing()
 {
     int unit = 0;
     CFamStuSysVar::Get(L"INSUNITS", unit);
-    switch (unit) {
-    case 1: return 1.0 / 25.4;
-    case 2: return 1.0 / 304.8;
-    case 4: return 1.0;
-    case 5: return 0.1;
-    case 6: return 0.001;
-    default: return 0.0;
-    }
+    const auto found = std::find_if(std::begin(planUnits), std::end(planUnits),
+                                    [unit](const PlanUnit& one) { return one.insUnits == unit; });
+    return found == std::end(planUnits) ? nullptr : found;
 }
 
-/// The power of ten with which a grid is about as large as a drawing.
-double unitThatFits(double gridSize, double drawingSize)
+/// The power of ten by which a grid is just not larger than a drawing; 1 while it is a building on a site.
+double factorThatFits(double gridSize, double drawingSize)
 {
-    return std::pow(10.0, std::round(std::log10(drawingSize / gridSize)));
+    const double share = gridSize / drawingSize;
+    if (share > 0.02 && share < 2.0) return 1.0;
+    return std::pow(10.0, -std::ceil(std::log10(share)));
+}
+
+/// Makes the bays longer, and the millimetres of the paper with them.
+void enlarge(GridOrder& order, double factor)
+{
+    for (std::vector<double>* spacings : {&order.grid.columns, &order.grid.rows}) {
+        for (double& spacing : *spacings) spacing *= factor;
+    }
+    order.scale *= factor;
+}
+
+GridOrder orderOfModules(const PlanUnit* unit)
+{
+    GridOrder order;
+    order.unit = unit ? unit->perMillimetre : 1.0;
+    const double module = (unit ? unit->module : metricModule) * order.unit;
+    order.grid.columns.assign(4, 22.0 * module);
+    order.grid.rows = {20.0 * module, 8.0 * module, 20.0 * module};
+    return order;
 }
 
 /// A point of the world in the user coordinate system.
@@ -43,13 +74,21 @@ AcGePoint3d inUcs(const AcGePoint3d& point)
     return acedTrans(asDblArray(point), &world, &ucs, 0, mapped) == RTNORM ? asPnt3d(mapped) : point;
 }
 
+/// A point as the units of the drawing have it.
+CString pointText(const AcGePoint3d& point)
+{
+    ACHAR x[textSize] = {}, y[textSize] = {};
+    if (acdbRToS(point.x, -1, -1, x) != RTNORM || acdbRToS(point.y, -1, -1, y) != RTNORM) return CString();
+    return CString(x) + L"," + y;
+}
+
 /// The origin, with the rotation as a keyword before it.
 bool askPlace(GridOrder& order)
 {
     for (;;) {
         acedInitGet(0, L"Rotation");
         CString prompt;
-        prompt.Format(L"\n指定轴网原点或 [转角(R)] <%g,%g>: ", order.origin.x, order.origin.y);
+        prompt.Format(L"\n指定轴网原点或 [转角(R)] <%s>: ", pointText(order.origin).GetString());
         ads_point picked = {};
         switch (acedGetPoint(nullptr, prompt, picked)) {
         case RTNORM: order.origin = asPnt3d(picked); return true;
@@ -68,13 +107,13 @@ bool askSpacings(const wchar_t* what, std::vector<double>& spacings)
 {
     const CString preset = spacingsText(spacings);
     CString prompt;
-    prompt.Format(L"\n%s，如 3*6600 6000 <%s>: ", what, preset.GetString());
+    prompt.Format(L"\n%s，如 3*6000 4500 <%s>: ", what, preset.GetString());
     for (;;) {
         ACHAR typed[textSize] = {};
         if (acedGetString(1, prompt, typed, textSize) != RTNORM) return false;
         const CString text = CString(typed).Trim();
         if (readSpacings(text.IsEmpty() ? preset : text, spacings)) return true;
-        acutPrintf(L"\n距离须为大于 0 的数，最多 200 个。");
+        acutPrintf(L"\n距离须为大于 0 的数，如 3*6000 4500，最多 200 个。");
     }
 }
 
@@ -96,7 +135,7 @@ bool askScale(double& scale)
 {
     acedInitGet(noZero | noNegative, nullptr);
     CString prompt;
-    prompt.Format(L"\n出图比例 1:<%g>: ", scale);
+    prompt.Format(L"\n出图比例 1:<%s>: ", CFamStuStr::FormatDouble(scale).GetString());
     const int answer = acedGetReal(prompt, &scale);
     return answer == RTNORM || answer == RTNONE;
 }
@@ -125,18 +164,21 @@ bool askLook(GridOrder& order)
 
 GridOrder proposedOrder()
 {
-    GridOrder order;
-    order.grid.columns.assign(4, 6600.0);
-    order.grid.rows = {6000.0, 2400.0, 6000.0};
+    const PlanUnit* const unit = unitOfDrawing();
+    GridOrder order = orderOfModules(unit);
     AcGePoint3d min, max;
     CFamStuSysVar::Get(L"EXTMIN", min);
     CFamStuSysVar::Get(L"EXTMAX", max);
-    const bool isEmpty = !(max.x > min.x);
-    order.unit = unitOfDrawing();
-    if (order.unit == 0.0) order.unit = isEmpty ? 1.0 : unitThatFits(order.grid.width(), max.x - min.x);
-    for (double& spacing : order.grid.columns) spacing *= order.unit;
-    for (double& spacing : order.grid.rows) spacing *= order.unit;
-    if (!isEmpty) order.origin = inUcs(AcGePoint3d(max.x + order.grid.width() / 2.0, min.y, 0.0));
+    const double size = std::max(max.x - min.x, max.y - min.y);
+    if (!(size > 0.0)) return order; // nothing is drawn yet
+    const double factor = factorThatFits(order.grid.width(), size);
+    enlarge(order, factor);
+    if (!unit) {
+        order.unit = factor;
+        order.scale /= factor;
+    }
+    order.origin = inUcs(AcGePoint3d(max.x + order.grid.width() / 2.0, min.y, 0.0));
+    order.origin.z = 0.0;
     return order;
 }
 

@@ -6,6 +6,10 @@
 #include "dbdimsty.h"
 #include "dblinetp.h"
 #include "dbobjptr.h"
+#include "dbtxtsty.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace
 {
@@ -16,81 +20,118 @@ struct LayerLook {
     AcDb::LineWeight weight;
 };
 
+// Colours that can be read on black screens and on white paper.
 constexpr LayerLook layers[] = {
-    {axisLayer, 1, true, AcDb::kLnWt013},        {labelLayer, 3, false, AcDb::kLnWt018},
-    {outlineLayer, 4, false, AcDb::kLnWt050},    {hatchLayer, 253, false, AcDb::kLnWt000},
-    {dimensionLayer, 5, false, AcDb::kLnWt013},
+    {axisLayer, 1, true, AcDb::kLnWt013},     {labelLayer, 7, false, AcDb::kLnWt018},
+    {outlineLayer, 150, false, AcDb::kLnWt050}, {areaLayer, 7, false, AcDb::kLnWt018},
+    {hatchLayer, 253, false, AcDb::kLnWt000}, {dimensionLayer, 94, false, AcDb::kLnWt013},
 };
 
 constexpr wchar_t axisLinetype[] = L"轴线";
-constexpr double dash = 12.0, gap = 2.0, dot = 0.0; ///< millimetres of paper
+constexpr double dashes[] = {12.0, -2.0, 0.0, -2.0}; ///< a dash, a gap, a dot, a gap: millimetres of paper
+constexpr double dashesLength = 16.0;
 
 AcDbDatabase* drawing() { return acdbHostApplicationServices()->workingDatabase(); }
+
+template <class Table>
+AcDbObjectId idOf(AcDbObjectId tableId, const wchar_t* name)
+{
+    AcDbObjectId id;
+    const AcDbObjectPointer<Table> table(tableId, AcDb::kForRead);
+    if (table.openStatus() == Acad::eOk) table->getAt(name, id);
+    return id;
+}
 
 /// The id of a record of a table of the drawing, made with `fill` when it is missing; null when it cannot be.
 template <class Table, class Record, class Fill>
 AcDbObjectId recordOf(AcDbObjectId tableId, const wchar_t* name, Fill fill)
 {
+    AcDbObjectId id = idOf<Table>(tableId, name);
+    if (!id.isNull()) return id;
     const AcDbObjectPointer<Table> table(tableId, AcDb::kForWrite);
-    AcDbObjectId id;
-    if (table.openStatus() != Acad::eOk || table->getAt(name, id) == Acad::eOk) return id;
     auto record = std::make_unique<Record>();
-    if (record->setName(name) != Acad::eOk) return id;
+    if (table.openStatus() != Acad::eOk || record->setName(name) != Acad::eOk) return id;
     fill(*record);
     if (table->add(id, record.get()) == Acad::eOk) record.release()->close();
     return id;
 }
 
-AcDbObjectId makeAxisLinetype(double scale)
+AcDbObjectId makeAxisLinetype()
 {
     return recordOf<AcDbLinetypeTable, AcDbLinetypeTableRecord>(
-        drawing()->linetypeTableId(), axisLinetype, [scale](AcDbLinetypeTableRecord& record) {
-            const double pieces[] = {dash, -gap, dot, -gap};
+        drawing()->linetypeTableId(), axisLinetype, [](AcDbLinetypeTableRecord& record) {
             record.setComments(L"____ . ____ . ____");
-            record.setNumDashes(4);
-            record.setPatternLength((dash + 2.0 * gap) * scale / drawing()->ltscale());
-            for (int i = 0; i < 4; ++i) record.setDashLengthAt(i, pieces[i] * scale / drawing()->ltscale());
+            record.setNumDashes(static_cast<int>(std::size(dashes)));
+            record.setPatternLength(dashesLength);
+            for (int i = 0; i < record.numDashes(); ++i) record.setDashLengthAt(i, dashes[i]);
         });
+}
+
+void fillLayer(AcDbLayerTableRecord& layer, const LayerLook& look, AcDbObjectId dashDotted)
+{
+    AcCmColor color;
+    color.setColorIndex(static_cast<Adesk::UInt16>(look.color));
+    layer.setColor(color);
+    layer.setLineWeight(look.weight);
+    if (look.isDashDotted) layer.setLinetypeObjectId(dashDotted);
+}
+
+bool openLayer(AcDbObjectId id)
+{
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForWrite);
+    if (layer.openStatus() != Acad::eOk) return false;
+    layer->setIsOff(false);
+    layer->setIsLocked(false);
+    return layer->setIsFrozen(false) == Acad::eOk;
 }
 
 bool makeLayer(const LayerLook& look, AcDbObjectId dashDotted)
 {
-    return !recordOf<AcDbLayerTable, AcDbLayerTableRecord>(
-                drawing()->layerTableId(), look.name, [&](AcDbLayerTableRecord& layer) {
-                    AcCmColor color;
-                    color.setColorIndex(static_cast<Adesk::UInt16>(look.color));
-                    layer.setColor(color);
-                    layer.setLineWeight(look.weight);
-                    if (look.isDashDotted) layer.setLinetypeObjectId(dashDotted);
-                }).isNull();
+    const AcDbObjectId id = recordOf<AcDbLayerTable, AcDbLayerTableRecord>(
+        drawing()->layerTableId(), look.name,
+        [&](AcDbLayerTableRecord& layer) { fillLayer(layer, look, dashDotted); });
+    return !id.isNull() && openLayer(id);
 }
 
-bool makeDimensionStyle(double scale, int decimals)
+bool makeTextStyle()
+{
+    return !idOf<AcDbTextStyleTable>(drawing()->textStyleTableId(), gridStyle).isNull() ||
+           CArxEntity::CMakeEnt::MakeTxtStyle(gridStyle, L"simsun.ttf", 0.0, 0.8, 0.0);
+}
+
+/// Coordinates are told as finely as could be measured on paper, to about 0.005 mm.
+int decimalsOf(double paperUnit)
+{
+    return std::clamp(static_cast<int>(std::lround(-std::log10(0.005 * paperUnit))), 0, 8);
+}
+
+bool makeDimensionStyle(const CString& name, double paperUnit)
 {
     return !recordOf<AcDbDimStyleTable, AcDbDimStyleTableRecord>(
-                drawing()->dimStyleTableId(), gridStyle, [=](AcDbDimStyleTableRecord& style) {
-                    style.setDimscale(scale);
+                drawing()->dimStyleTableId(), name, [=](AcDbDimStyleTableRecord& style) {
+                    style.setDimscale(paperUnit);
                     style.setDimtxt(3.0);
                     style.setDimexo(1.0);
                     style.setDimgap(0.8);
-                    style.setDimdec(decimals);
+                    style.setDimdec(decimalsOf(paperUnit));
                     style.setDimzin(8); // no zeros at the end
                     style.setDimtad(1);
-                    const AcDbObjectPointer<AcDbTextStyleTable> styles(drawing()->textStyleTableId(), AcDb::kForRead);
-                    AcDbObjectId textStyle;
-                    if (styles.openStatus() == Acad::eOk && styles->getAt(gridStyle, textStyle) == Acad::eOk)
-                        style.setDimtxsty(textStyle);
+                    style.setDimtxsty(idOf<AcDbTextStyleTable>(drawing()->textStyleTableId(), gridStyle));
                 }).isNull();
 }
 } // namespace
 
-bool makeGridStyles(double scale, int decimals)
+CString dimensionStyleOf(double scale)
 {
-    const AcDbObjectId dashDotted = makeAxisLinetype(scale);
+    return CString(gridStyle) + L"-" + CFamStuStr::FormatDouble(scale);
+}
+
+bool makeGridStyles(double scale, double paperUnit)
+{
+    const AcDbObjectId dashDotted = makeAxisLinetype();
     if (dashDotted.isNull()) return false;
     for (const LayerLook& look : layers) {
         if (!makeLayer(look, dashDotted)) return false;
     }
-    return CArxEntity::CMakeEnt::MakeTxtStyle(gridStyle, L"simsun.ttf", 0.0, 0.8, 0.0) &&
-           makeDimensionStyle(scale, decimals);
+    return makeTextStyle() && makeDimensionStyle(dimensionStyleOf(scale), paperUnit);
 }

@@ -2,14 +2,19 @@
 
 #include <afxwin.h>
 
-// The layers and styles of axis grids.
+// The layers and the text style of axis grids.
 constexpr wchar_t axisLayer[] = L"轴网-轴线";
 constexpr wchar_t labelLayer[] = L"轴网-编号";
 constexpr wchar_t outlineLayer[] = L"轴网-轮廓";
+constexpr wchar_t areaLayer[] = L"轴网-面积";
 constexpr wchar_t hatchLayer[] = L"轴网-填充";
 constexpr wchar_t dimensionLayer[] = L"轴网-坐标";
-constexpr wchar_t gridStyle[] = L"轴网"; ///< a text style, and a dimension style
+constexpr wchar_t gridStyle[] = L"轴网";
 
-/// Makes what is missing of them in the working database; what is there stays as it is. `scale` is the number of drawing
-/// units for one millimetre of paper; dimensions have up to `decimals` places. False when the drawing refuses.
-bool makeGridStyles(double scale, int decimals);
+/// The dimension style of a scale, millimetres on the site for one on paper: grids of several scales stand in one drawing.
+CString dimensionStyleOf(double scale);
+
+/// Makes what is missing of them in the working database. What is there keeps its look; layers that are off, frozen or
+/// locked are opened, so that what is drawn can be seen. `paperUnit` is the number of drawing units for one millimetre of
+/// paper. False when the drawing refuses.
+bool makeGridStyles(double scale, double paperUnit);

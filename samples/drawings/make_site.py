@@ -16,9 +16,9 @@ PLOT_CORNER = (48000.0, 24000.0)
 PLOT_ANGLE = 12.0
 PLOT_SIZE = (42000.0, 26000.0)
 
-# Where no elevations are measured: buildings and the parking lot, as west, south, east, north.
+# Where no elevations are measured: buildings, lawn and parking lot, as west, south, east, north; nor on the plot.
 BUILT_OVER = [(26000, 60000, 54000, 76000), (58000, 60000, 87000, 76000), (96000, 38000, 123000, 73000),
-              (97000, 12000, 124000, 33000), (26000, 24000, 37000, 32000)]
+              (97000, 12000, 124000, 33000), (26000, 24000, 37000, 32000), (26000, 11000, 45000, 23000)]
 
 LAYERS = [  # name, colour, linetype, lineweight in 1/100 mm
     ("用地红线", 1, "DASHDOT", 50),
@@ -27,6 +27,7 @@ LAYERS = [  # name, colour, linetype, lineweight in 1/100 mm
     ("建筑-填充", 253, "Continuous", 0),
     ("道路-边线", 8, "Continuous", 25),
     ("道路-中线", 4, "CENTER", 13),
+    ("道路-路灯", 30, "Continuous", 13),
     ("停车位", 9, "Continuous", 13),
     ("绿化-乔木", 3, "Continuous", 13),
     ("绿化-草地", 93, "Continuous", 0),
@@ -43,6 +44,13 @@ LAYERS = [  # name, colour, linetype, lineweight in 1/100 mm
 def turned(x, y, origin=PLOT_CORNER, degrees=PLOT_ANGLE):
     angle = math.radians(degrees)
     return (origin[0] + x * math.cos(angle) - y * math.sin(angle), origin[1] + x * math.sin(angle) + y * math.cos(angle))
+
+
+def is_on_plot(x, y, margin=3500.0):
+    angle = math.radians(-PLOT_ANGLE)
+    dx, dy = x - PLOT_CORNER[0], y - PLOT_CORNER[1]
+    u, v = dx * math.cos(angle) - dy * math.sin(angle), dx * math.sin(angle) + dy * math.cos(angle)
+    return -margin < u < PLOT_SIZE[0] + margin and -margin < v < PLOT_SIZE[1] + margin
 
 
 def make_tables(doc):
@@ -75,6 +83,10 @@ def make_blocks(doc, rng):
     car.add_lwpolyline([(-750, -1000), (750, -1000), (650, -1500), (-650, -1500)], close=True)
     bay = doc.blocks.new("车位")
     bay.add_lwpolyline([(0, 0), (0, 5300), (2500, 5300), (2500, 0)])
+    lamp = doc.blocks.new("路灯")
+    lamp.add_circle((0, 0), 250)
+    lamp.add_line((-450, 0), (450, 0))
+    lamp.add_line((0, -450), (0, 450))
     spot = doc.blocks.new("高程点")
     spot.add_circle((0, 0), 150)
     spot.add_line((-300, 0), (300, 0))
@@ -110,12 +122,14 @@ def building(space, name, floors, corner, size, angle=0.0):
     plan = [(0, 0), (width * 0.3, 0), (width * 0.3, -1500), (width * 0.45, -1500), (width * 0.45, 0), (width, 0),
             (width, depth), (0, depth)]
     outline = [turned(x, y, corner, angle) for x, y in plan]
-    fill(space, outline, "建筑-填充", "ANSI31", 350)
+    half = 1000 + 550 * len(name)
+    plate = [(-half, -1900), (half, -1900), (half, 2000), (-half, 2000)]
+    fill(space, outline, "建筑-填充", "ANSI31", 350,
+         holes=[[turned(width / 2 + x, depth / 2 + y, corner, angle) for x, y in plate]])
     space.add_lwpolyline(outline, close=True, dxfattribs={"layer": "建筑-现状", "const_width": 150})
-    ridge = [turned(depth / 2, depth / 2, corner, angle), turned(width - depth / 2, depth / 2, corner, angle)]
-    space.add_line(ridge[0], ridge[1], dxfattribs={"layer": "建筑-现状"})
-    label(space, name, turned(width / 2, depth / 2 + 1300, corner, angle), 1100, angle)
-    label(space, f"{floors}F  H={floors * 3.0:.1f}m", turned(width / 2, depth / 2 - 1300, corner, angle), 800, angle)
+    label(space, name, turned(width / 2, depth / 2 + 900, corner, angle), 1100, angle)
+    height = f"{floors}F  H={floors * 3.0:.1f}m" if floors > 1 else f"{floors}F"
+    label(space, height, turned(width / 2, depth / 2 - 1000, corner, angle), 800, angle)
 
 
 def make_roads(space):
@@ -134,6 +148,10 @@ def make_roads(space):
     path = [(24000, 78000), (38000, 80500), (56000, 77000), (72000, 79500), (88000, 73500), (106000, 72500), (127000, 75500)]
     space.add_spline(path, dxfattribs=edge)
     space.add_spline([(x, y + 2400) for x, y in path], dxfattribs=edge)
+    along_street = [(x, 10700) for x in range(32000, 140000, 9000)] + [(x, 1300) for x in range(-5000, 140000, 9000)]
+    along_lane = [(x, y) for x in (15300, 24700) for y in range(20000, 100000, 9000)]
+    for x, y in along_street + along_lane:
+        space.add_blockref("路灯", (x, y), dxfattribs={"layer": "道路-路灯"})
     label(space, "文 昌 路", (70000, 4000), 1800)
     label(space, "学 府 巷", (18000, 56000), 1500, 90)
     label(space, "园 路", (57000, 78300), 800)
@@ -148,9 +166,10 @@ def make_terrain(space, rng):
             points.append((x, y))
         space.add_lwpolyline(points, dxfattribs={"layer": "地形-等高线", "elevation": (45.0 + k) * 1000,
                                                  "const_width": 120 if k % 5 == 0 else 0})
+        label(space, f"{45 + k}", (points[-1][0] + 900, points[-1][1]), 700, layer="地形-等高线")
     for k in range(28):
         x, y = 28000 + (k % 7) * 14500 + rng.uniform(-2500, 2500), 14500 + (k // 7) * 18500 + rng.uniform(-1500, 1500)
-        if any(west < x < east and south < y < north for west, south, east, north in BUILT_OVER):
+        if is_on_plot(x, y) or any(west < x < east and south < y < north for west, south, east, north in BUILT_OVER):
             continue
         insert = space.add_blockref("高程点", (x, y), dxfattribs={"layer": "地形-高程点"})
         insert.add_auto_attribs({"高程": f"{43.2 + y / 40000 + rng.uniform(-0.2, 0.2):.2f}"})
@@ -167,10 +186,12 @@ def make_green(space, rng):
          holes=[[(33000, 15000), (38000, 15000), (38000, 19000), (33000, 19000)]])
     label(space, "健身场地", (35500, 17000), 800)
     along_street = [(47500 + k * 3500, 12900) for k in range(15)] + [(-2000, 14000), (3000, 14500), (8000, 13800)]
+    round_houses = [(x, y) for y in (38500, 58500, 79500) for x in (-1500, 2000, 5500, 9000)]
+    round_houses += [(x, 57500) for x in range(100500, 122000, 3600)] + [(125800, 14500 + k * 3300) for k in range(15)]
     along_lane = [(26300, 34500 + k * 4500) for k in range(6)] + [(13800, 38500 + k * 20000) for k in range(3)]
     grove = [(26500 + (k % 23) * 4300 + rng.uniform(-900, 900), 82500 + (k // 23) * 3600 + rng.uniform(-600, 600))
              for k in range(69)]
-    for x, y in along_street + along_lane + grove:
+    for x, y in along_street + along_lane + round_houses + grove:
         if math.dist((x, y), (101000, 80500)) < 11500:
             continue
         scale = rng.uniform(0.8, 1.5)
@@ -212,16 +233,16 @@ def make_frame(doc, space):
                          dxfattribs={"layer": "图框", "const_width": 300})
     space.add_blockref("指北针", (138000, 98000), dxfattribs={"layer": "图框"})
     label(space, "幸福里小区总平面图", (66000, -4500), 2600)
-    label(space, "1:500", (92000, -4800), 1500)
+    label(space, "1:250", (92000, -4800), 1500)
     note = ("{\\H1.2x;说明：}\\P1. 图中尺寸以毫米计，高程以米计。\\P2. 建筑定位以轴线交点为准。\\P"
             "3. 现状树木予以保留，%%C300 以上者须挂牌。")
     space.add_mtext(note, dxfattribs={"layer": "标注-文字", "char_height": 900, "width": 40000, "style": "宋体",
                                       "insert": (104000, -1500), "attachment_point": 1})
     sheet = doc.layout("Layout1")
-    sheet.page_setup(size=(420, 297), margins=(10, 10, 10, 10), units="mm")
-    sheet.add_viewport(center=(200, 138), size=(390, 265), view_center_point=(66000, 48000), view_height=125000)
-    sheet.add_lwpolyline([(0, 0), (400, 0), (400, 277), (0, 277)], close=True, dxfattribs={"layer": "图框"})
-    label(sheet, "总施-01", (380, 5), 5, layer="图框")
+    sheet.page_setup(size=(841, 594), margins=(10, 10, 10, 10), units="mm")
+    sheet.add_viewport(center=(410, 287), size=(780, 540), view_center_point=(66000, 48000), view_height=540 * 250)
+    sheet.add_lwpolyline([(0, 0), (821, 0), (821, 574), (0, 574)], close=True, dxfattribs={"layer": "图框"})
+    label(sheet, "总施-01", (790, 8), 7, layer="图框")
 
 
 def main(path):

@@ -1,5 +1,6 @@
 #include "EditorFixture.h"
 
+#include "CommandLine.h"
 #include "CurrentUcs.h"
 #include "InputSource.h"
 #include "VariableStore.h"
@@ -153,6 +154,16 @@ TEST_F(InputFunctions, KeywordsAndOtherTextAreReadWithGetInput)
     wchar_t small[3] = L"";
     EXPECT_EQ(acedGetInput(small), RTNORM); // a point leaves the text of the question before
     EXPECT_STREQ(small, L"5");
+}
+
+TEST_F(InputFunctions, EnterAndTheLineFeedOfTheNextPromptAreOneStep)
+{
+    ed::echoAnswer(L"5");
+    acutPrintf(L"\nNext: ");
+    ed::beginLine(); // Enter at a terminal, which shows it itself
+    acutPrintf(L"\nThird: ");
+    acutPrintf(L"\nFourth: ");
+    EXPECT_EQ(takeOutput(), L"5\nNext: Third: \nFourth: ");
 }
 
 TEST_F(InputFunctions, GetKwordTakesKeywordsOnly)
