@@ -28,6 +28,13 @@ struct BlockAccess {
     static int flagsFor(const AcDbBlockTableRecord& block);
     /// Takes over what the block's head in a file says.
     static void takeHead(AcDbBlockTableRecord& block, const AcDbBlockBegin& head);
+    /// Takes over what the record of another block says: units, and whether it may be exploded and scaled.
+    static void takeRecord(AcDbBlockTableRecord& block, const AcDbBlockTableRecord& other)
+    {
+        block.mInsertUnits = other.mInsertUnits;
+        block.mExplodable = other.mExplodable;
+        block.mUniformScale = other.mUniformScale;
+    }
     static const CString& nameOf(const AcDbBlockBegin& head) { return head.mName; }
     static int flagsOf(const AcDbBlockBegin& head) { return head.mFlags; }
 };

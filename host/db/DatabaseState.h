@@ -24,6 +24,7 @@ struct DatabaseState {
     int originalVersion = 0;                ///< of the file that was read, as $ACADVER has it; 0: none
     int lastSavedVersion = 0;
     CString fileName;
+    double openedAt = 0.0; ///< a Julian date of universal time; 0: the time in the drawing is not counted
     bool isBare = false;       ///< holds nothing but what a file will replace
     bool needsRecovery = false; ///< the file had faults that were repaired
 

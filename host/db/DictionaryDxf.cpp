@@ -37,7 +37,7 @@ void writeEntries(const AcDbObject& object, const DxfField&, DxfSink& sink)
     const auto& dictionary = static_cast<const AcDbDictionary&>(object);
     const int owned = dictionary.isTreatElementsAsHard() ? hardOwner : softOwner;
     DictionaryAccess::forEach(dictionary, [&](const CString& name, AcDbObjectId id, int code) {
-        if (id.isErased()) return;
+        if (id.isErased() || !sink.holds(id)) return;
         sink.wide(3, name);
         sink.handle(code ? code : owned, id);
     });

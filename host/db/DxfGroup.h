@@ -83,6 +83,9 @@ public:
     /// A drawing file's version, 1000 (R12: 1009) to 1032 (R2018); lists count as the newest.
     virtual int version() const = 0;
 
+    /// Whether an object is written too; files of old versions leave newer classes out.
+    virtual bool holds(const AcDbStub*) const { return true; }
+
     void wide(int code, const CString& value);
     void point(int code, double x, double y, double z);
     void point(int code, double x, double y);

@@ -243,6 +243,17 @@ void HeaderVariables::setPoint(std::string_view name, const AcGePoint3d& value)
     if (!isPlanar) groups.appendReal(code + 20, value.z);
 }
 
+void HeaderVariables::takeSettings(const HeaderVariables& other)
+{
+    for (int i = 0; i < count; ++i) {
+        const std::string_view name = table[i].name;
+        const bool isOfCoordinates = name.substr(0, 4) == "$UCS" || name.substr(0, 5) == "$PUCS";
+        const bool isOfObject = dxfKindOf(table[i].code) == DxfKind::handle;
+        if (!isOfCoordinates && !isOfObject) mValues[static_cast<std::size_t>(i)] = other.mValues[static_cast<std::size_t>(i)];
+    }
+    mUnknown = other.mUnknown;
+}
+
 void HeaderVariables::write(DxfSink& sink, bool withUnknown) const
 {
     for (int i = 0; i < count; ++i) {

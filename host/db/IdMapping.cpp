@@ -1,4 +1,7 @@
-#include "dbidmap.h"
+#include "CopySession.h"
+
+AcDbIdMapping::AcDbIdMapping() = default;
+AcDbIdMapping::~AcDbIdMapping() = default;
 
 bool AcDbIdMapping::assign(const AcDbIdPair& pair)
 {

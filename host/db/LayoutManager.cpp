@@ -324,9 +324,11 @@ Acad::ErrorStatus AcDbLayoutManager::cloneLayout(AcDbLayout* layout, const ACHAR
     if (status == Acad::eOk) {
         auto& made = static_cast<AcDbLayout&>(*residentObject(newLayoutId));
         shiftTabs(*to, newTabOrder, 1, &made);
-        CopiedIds copies =
-            copyEntities(*from, static_cast<AcDbBlockTableRecord&>(*residentObject(newBlockId)));
-        LayoutAccess::lastViewport(made) = copies[LayoutAccess::lastViewport(made)];
+        AcDbIdMapping copies;
+        copyEntities(*from, static_cast<AcDbBlockTableRecord&>(*residentObject(newBlockId)), copies);
+        AcDbIdPair viewport(LayoutAccess::lastViewport(made), AcDbObjectId(), false);
+        copies.compute(viewport);
+        LayoutAccess::lastViewport(made) = viewport.value();
     }
     LayoutManagement::tell(*this, [&](AcDbLayoutManagerReactor& reactor) {
         status == Acad::eOk ? reactor.layoutCopied(oldName, oldId, newName, newLayoutId)

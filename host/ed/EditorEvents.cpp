@@ -14,7 +14,7 @@ std::vector<AcEditorReactor*>& reactors()
 
 AcRxClass* editorClass()
 {
-    static AcRxClass* const made = newAcRxClass(L"AcEditor", AcRxObject::desc());
+    static AcRxClass* const made = newAcRxClass(L"AcEditor", AcRxEvent::desc());
     return made;
 }
 
@@ -44,12 +44,15 @@ AcEditor* AcEditor::cast(const AcRxObject* object)
 void AcEditor::addReactor(AcEditorReactor* reactor)
 {
     removeReactor(reactor);
-    if (reactor) reactors().push_back(reactor);
+    if (!reactor) return;
+    reactors().push_back(reactor);
+    AcRxEvent::addReactor(reactor);
 }
 
 void AcEditor::removeReactor(AcEditorReactor* reactor)
 {
     reactors().erase(std::remove(reactors().begin(), reactors().end(), reactor), reactors().end());
+    AcRxEvent::removeReactor(reactor);
 }
 
 Acad::ErrorStatus AcEditorReactor::veto()

@@ -96,14 +96,60 @@ public:
     /// write. eAlreadyInDb for an object that has a database.
     Acad::ErrorStatus addAcDbObject(AcDbObjectId& id, AcDbObject* object, AcDbObjectId owner = AcDbObjectId::kNull);
 
-    /// Copies entities of this drawing into a block of it (`owner`), with vertices, attributes, extended data and
-    /// extension dictionaries. What they refer to among themselves, the copies refer to among themselves; all other
-    /// references stay. `map` then also holds each original with its copy; null and erased ids are passed over.
-    /// eInvalidOwnerObject when the owner is no block, eWrongDatabase for an id of another drawing, eNotAnEntity,
-    /// eLockViolation: nothing is copied then. References are exchanged at once, so `deferXlation` (which says that more
-    /// will be copied under the same map) is not supported: eNotImplementedYet.
+    // Copies. An id map tells which copy each object has, and what is taken in place of one that is not copied.
+
+    /// Copies entities of this drawing into a block of it, or other objects into a dictionary, with what they own:
+    /// vertices, attributes, extended data, extension dictionaries. What they refer to among themselves, the copies refer
+    /// to among themselves; other references stay, reactors that are not copied are left behind. Null and erased ids
+    /// are passed over. An entry keeps its name, or gets one of the form "*A1" where that is taken.
+    ///
+    /// eInvalidOwnerObject when the owner takes no such objects, eWrongDatabase for an id of another drawing,
+    /// eNotAnEntity, eLockViolation and the other statuses of opening the owner for write, eSelfReference for a
+    /// reference that goes into the block it shows: nothing is copied then. With `deferXlation` the copies are made by
+    /// the next call with the same map that is without it, all together; eInvalidIdMap when it is of other drawings.
     Acad::ErrorStatus deepCloneObjects(const AcDbObjectIdArray& ids, AcDbObjectId& owner, AcDbIdMapping& map,
                                        bool deferXlation = false);
+    /// Copies objects of this drawing into another: entities into a block, records into their table, other objects into
+    /// a dictionary (`owner`, which tells the drawing). With them comes what they own hard and what they point to hard:
+    /// layers, styles, blocks, applications, entries of dictionaries, the layout of a paper space and the paper space of
+    /// a layout. Entities come only with their block.
+    ///
+    /// `drc` says what becomes of a record or entry whose name is there already (case counts for nothing):
+    /// kDrcIgnore: the one that is there is taken. kDrcReplace: it gets the contents of the copy and keeps its id.
+    /// kDrcMangleName and kDrcXrefMangleName: every name gets "$0$" or "file$0$" in front, with the first number that is
+    /// free. kDrcUnmangleName takes that off again, and is then kDrcIgnore. Names of applications, the layers 0 and
+    /// Defpoints and the linetypes ByLayer, ByBlock and Continuous are never mangled, layouts never replaced (they get
+    /// "name (2)"), and anonymous blocks get a number of their own.
+    ///
+    /// Statuses as of deepCloneObjects; eWrongDatabase also when the owner is of this drawing. Nothing is copied then.
+    Acad::ErrorStatus wblockCloneObjects(const AcDbObjectIdArray& ids, AcDbObjectId& owner, AcDbIdMapping& map,
+                                         AcDb::DuplicateRecordCloning drc, bool deferXlation = false);
+    /// Makes a block of the model space of another drawing, with its base point (INSBASE) as origin and its units; a
+    /// block that has the name already is redefined, and its references show the new one. "*U" asks for an anonymous
+    /// block. Names that this drawing has keep their meaning (kDrcIgnore). The other drawing is not changed,
+    /// whatever `preserveSourceDatabase` says. eNoDatabase, eSelfReference for this drawing itself and for a block that
+    /// would show itself, eInvalidSymbolTableName, eIllegalReplacement for a space; nothing is changed then.
+    Acad::ErrorStatus insert(AcDbObjectId& blockId, const ACHAR* blockName, AcDbDatabase* source,
+                             bool preserveSourceDatabase = true);
+    /// The same of a block of the other drawing; eKeyNotFound when it has none of the name.
+    Acad::ErrorStatus insert(AcDbObjectId& blockId, const ACHAR* sourceBlockName, const ACHAR* destinationBlockName,
+                             AcDbDatabase* source, bool preserveSourceDatabase = true);
+    /// Copies the model space of another drawing into this one's, transformed. Entities that refuse the matrix
+    /// (eCannotScaleNonUniformly) refuse it for all: nothing is copied then.
+    Acad::ErrorStatus insert(const AcGeMatrix3d& xform, AcDbDatabase* source, bool preserveSourceDatabase = true);
+
+    /// A new drawing, the caller's, of the same contents without the records and blocks that nothing uses. Handles are
+    /// kept.
+    Acad::ErrorStatus wblock(AcDbDatabase*& output);
+    /// A new drawing with the contents of a block in its model space; the block's origin is its base point (INSBASE).
+    /// eInvalidInput for an id that is no block's of this drawing.
+    Acad::ErrorStatus wblock(AcDbDatabase*& output, AcDbObjectId blockId);
+    /// A new drawing with copies of entities, moved so that the base point lies at the origin, in their draw order, with
+    /// the groups all of whose members are among them. The statuses of wblockCloneObjects; `output` is null then.
+    Acad::ErrorStatus wblock(AcDbDatabase*& output, const AcDbObjectIdArray& ids, const AcGePoint3d& basePoint);
+    /// The same into the model space of a drawing that is there.
+    Acad::ErrorStatus wblock(AcDbDatabase* output, const AcDbObjectIdArray& ids, const AcGePoint3d& basePoint,
+                             AcDb::DuplicateRecordCloning drc);
 
     /// Adds linetypes from a definition file (*.lin; ANSI, or UTF-8 with a byte order mark): the one of a name, without
     /// regard to case, or with "*" all that the drawing does not have yet. eDuplicateRecordName when it is there

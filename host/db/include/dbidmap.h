@@ -3,10 +3,14 @@
 /// Which copy an object got when objects are copied together.
 
 #include "acadstrc.h"
+#include "acdb.h"
 #include "dbid.h"
 
+#include <memory>
 #include <unordered_map>
 #include <vector>
+
+class CopySession;
 
 namespace AcDb
 {
@@ -19,7 +23,10 @@ enum DeepCloneType {
     kDcSymTableMerge = 4,
     kDcInsert = 6,
     kDcWblock = 7,
-    kDcObjects = 8
+    kDcObjects = 8, ///< AcDbDatabase::deepCloneObjects
+    kDcXrefInsert = 9,
+    kDcInsertCopy = 10, ///< AcDbDatabase::insert, the source kept
+    kDcWblkObjects = 11 ///< AcDbDatabase::wblockCloneObjects
 };
 } // namespace AcDb
 
@@ -60,7 +67,10 @@ private:
 class AcDbIdMapping
 {
 public:
-    AcDbIdMapping() = default;
+    AcDbIdMapping();
+    ~AcDbIdMapping();
+    AcDbIdMapping(const AcDbIdMapping&) = delete;
+    AcDbIdMapping& operator=(const AcDbIdMapping&) = delete;
 
     /// Adds a pair, or replaces that of the same key. False for a null key.
     bool assign(const AcDbIdPair& pair);
@@ -73,9 +83,12 @@ public:
     Acad::ErrorStatus setDestDb(AcDbDatabase* database);
     Acad::ErrorStatus origDb(AcDbDatabase*& database) const;
     AcDb::DeepCloneType deepCloneContext() const { return mContext; }
+    AcDb::DuplicateRecordCloning duplicateRecordCloning() const { return mDuplicates; }
 
 private:
     friend class AcDbDatabase;
+    friend class CopySession;
+    friend struct CopyRun;
     friend class AcDbIdMappingIter;
 
     std::vector<AcDbIdPair> mPairs; ///< those that were taken out have null keys
@@ -83,6 +96,8 @@ private:
     AcDbDatabase* mDestination = nullptr;
     AcDbDatabase* mOrigin = nullptr;
     AcDb::DeepCloneType mContext = AcDb::kDcCopy;
+    AcDb::DuplicateRecordCloning mDuplicates = AcDb::kDrcNotApplicable;
+    std::unique_ptr<CopySession> mPending; ///< what was planned and waits for its translation
 };
 
 /// Walks the pairs of a map in the order they came. It may not outlive the map.

@@ -13,6 +13,7 @@
 
 class AcDbDwgFiler;
 class AcDbDxfFiler;
+class AcDbIdMapping;
 class AcDbObjectReactor;
 class DxfClass;
 struct DbObjectExtras;
@@ -136,6 +137,13 @@ public:
     /// A new object with the same contents, owned by the caller, in no database, without reactors.
     AcRxObject* clone() const override;
     Acad::ErrorStatus copyFrom(const AcRxObject* other) override;
+    /// Copies the object, with what it owns, under an owner of the same drawing that is open for write: entities into
+    /// blocks, other objects into dictionaries. The copy is open for write. The statuses of
+    /// AcDbDatabase::deepCloneObjects; eNotInDatabase, eNotOpenForWrite.
+    Acad::ErrorStatus deepClone(AcDbObject* owner, AcDbObject*& copy, AcDbIdMapping& map, bool isPrimary = true) const;
+    /// The same into another drawing, with what the object cannot be without there: see
+    /// AcDbDatabase::wblockCloneObjects. `copy` is null when the other drawing's own object of the name is taken.
+    Acad::ErrorStatus wblockClone(AcRxObject* owner, AcDbObject*& copy, AcDbIdMapping& map, bool isPrimary = true) const;
 
     // Notifications to the object itself; overrides call the base.
 

@@ -6,9 +6,11 @@
 #include "acedads.h"
 #include "dbmain.h"
 #include "rxdict.h"
+#include "rxevent.h"
 
-/// Is told of what happens in the editor. Names of commands are global names in upper case.
-class AcEditorReactor : public AcRxObject
+/// Is told of what happens in the editor, and to drawings as a whole (rxevent.h). Names of commands are global names in
+/// upper case.
+class AcEditorReactor : public AcRxEventReactor
 {
 public:
     virtual void commandWillStart(const ACHAR* /*command*/) {}
@@ -49,7 +51,7 @@ private:
 };
 
 /// The editor object under ACED_EDITOR_OBJ.
-class AcEditor : public AcRxObject
+class AcEditor : public AcRxEvent
 {
 public:
     static AcRxClass* desc();

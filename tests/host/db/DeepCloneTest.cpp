@@ -1,4 +1,5 @@
 #include "DatabaseFixture.h"
+#include "dbdict.h"
 #include "dbents.h"
 #include "dbidmap.h"
 
@@ -108,7 +109,6 @@ TEST_F(DeepClone, WhatCannotBeCopiedLeavesEverythingAsItWas)
     owner = other.modelSpaceId();
     EXPECT_EQ(mDatabase.deepCloneObjects(ids, owner, map), Acad::eWrongDatabase);
     EXPECT_EQ(other.deepCloneObjects(ids, owner, map), Acad::eWrongDatabase);
-    EXPECT_EQ(mDatabase.deepCloneObjects(ids, mModel, map, true), Acad::eNotImplementedYet);
     ids.append(mDatabase.layerZero());
     EXPECT_EQ(mDatabase.deepCloneObjects(ids, mModel, map), Acad::eNotAnEntity);
     EXPECT_EQ(entitiesOf(mModel), 1u);
@@ -136,4 +136,47 @@ TEST(IdMapping, PairsAreReplacedTakenOutAndWalkedInTheirOrder)
     EXPECT_EQ(pair.value(), a);
     walk.next();
     EXPECT_TRUE(walk.done());
+}
+
+TEST_F(DeepClone, ReferenceDoesNotGoIntoTheBlockThatItShows)
+{
+    const AcDbObjectId inner = addBlock(L"inner"), outer = addBlock(L"outer");
+    addTo(outer, new AcDbBlockReference({0, 0, 0}, inner));
+    AcDbObjectIdArray ids;
+    ids.append(addTo(mModel, new AcDbBlockReference({0, 0, 0}, outer)));
+    AcDbIdMapping map;
+    for (AcDbObjectId owner : {outer, inner})
+        EXPECT_EQ(mDatabase.deepCloneObjects(ids, owner, map), Acad::eSelfReference);
+    EXPECT_EQ(entitiesOf(inner), 0u);
+    EXPECT_EQ(mDatabase.deepCloneObjects(ids, mModel, map), Acad::eOk);
+}
+
+TEST_F(DeepClone, EntriesGoIntoAnotherDictionaryUnderTheirNames)
+{
+    AcDbObjectId group, other;
+    {
+        AcDbDictionary* groups = nullptr;
+        ASSERT_EQ(mDatabase.getGroupDictionary(groups, AcDb::kForWrite), Acad::eOk);
+        auto* made = new AcDbDictionary;
+        ASSERT_EQ(groups->setAt(L"A", made, group), Acad::eOk);
+        made->close();
+        groups->close();
+        AcDbDictionary* root = nullptr;
+        ASSERT_EQ(mDatabase.getNamedObjectsDictionary(root, AcDb::kForWrite), Acad::eOk);
+        made = new AcDbDictionary;
+        ASSERT_EQ(root->setAt(L"OTHER", made, other), Acad::eOk);
+        made->close();
+        root->close();
+    }
+    AcDbObjectIdArray ids;
+    ids.append(group);
+    for (const wchar_t* name : {L"A", L"*A1"}) {
+        AcDbIdMapping map;
+        ASSERT_EQ(mDatabase.deepCloneObjects(ids, other, map), Acad::eOk);
+        auto* dictionary = static_cast<AcDbDictionary*>(open(other, AcDb::kForRead));
+        AcDbObjectId entry;
+        EXPECT_EQ(dictionary->getAt(name, entry), Acad::eOk);
+        EXPECT_EQ(entry, copyOf(map, group));
+        dictionary->close();
+    }
 }
