@@ -1,9 +1,9 @@
 /// NEW, OPEN, QSAVE, SAVE, SAVEAS, CLOSE and QUIT.
 
-#include "acedvars.h"
 #include "Ask.h"
 #include "CommandTable.h"
 #include "Documents.h"
+#include "DrawingName.h"
 #include "EditorEvents.h"
 #include "Faults.h"
 #include "FileReason.h"
@@ -16,6 +16,8 @@ namespace
 using commands::ask;
 using commands::askFile;
 using commands::askWhether;
+using commands::drawingPath;
+using commands::mayReplace;
 using Text = std::optional<std::wstring>;
 
 void tell(const wchar_t* what, const std::wstring& file, Acad::ErrorStatus status)
@@ -50,34 +52,6 @@ void open()
     if (!name || name->empty()) return;
     tell(L"Cannot open", *name,
          switchDrawing([&] { return acDocManager->appContextOpenDocument(name->c_str()); }));
-}
-
-bool isFile(const std::wstring& path)
-{
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
-}
-
-/// Asks before another file is replaced, unless EXPERT says that the user knows.
-bool mayReplace(const std::wstring& path)
-{
-    constexpr int knows = 2;
-    const AcApDocument* document = acDocManager->curDocument();
-    const bool own = document->isNamedDrawing() && path == document->fileName();
-    resbuf expert{};
-    if (own || !isFile(path) || (acedGetVar(L"EXPERT", &expert) == RTNORM && expert.resval.rint >= knows))
-        return true;
-    return askWhether(L"A drawing with this name already exists.\nDo you want to replace it? <N> ");
-}
-
-/// The full path of a name, with the extension that drawings have here.
-std::wstring drawingPath(std::wstring name)
-{
-    const std::size_t base = name.find_last_of(L"\\/");
-    if (name.find(L'.', base == std::wstring::npos ? 0 : base) == std::wstring::npos) name += L".dxf";
-    wchar_t full[MAX_PATH * 4];
-    const DWORD size = GetFullPathNameW(name.c_str(), MAX_PATH * 4, full, nullptr);
-    return size && size < MAX_PATH * 4 ? std::wstring(full) : name;
 }
 
 Text askSaveName()

@@ -2,6 +2,7 @@
 
 #include "DatabaseState.h"
 #include "DrawingFileHook.h"
+#include "DrawingStamps.h"
 
 namespace
 {
@@ -47,7 +48,9 @@ Acad::ErrorStatus read(AcDbDatabase& database, const ACHAR* path, const ACHAR* l
     if (!path || !*path) return Acad::eInvalidInput;
     if (!drawingFiles().read) return Acad::eNotApplicable;
     const Acad::ErrorStatus status = drawingFiles().read(database, path, logPath);
-    if (status == Acad::eOk) DatabaseAccess::of(database).fileName = path;
+    if (status != Acad::eOk) return status;
+    DatabaseAccess::of(database).fileName = path;
+    stamps::open(database);
     return status;
 }
 

@@ -2,26 +2,13 @@
 
 #include "AddRecord.h"
 #include "DatabaseState.h"
-#include "DxfKept.h"
 #include "dbdict.h"
-#include "dbproxy.h"
+#include "DefaultStyles.h"
+#include "DrawingStamps.h"
+#include "Stub.h"
 
 namespace
 {
-/// Puts a record that is nothing but groups into a dictionary.
-void addKept(AcDbObjectId dictionaryId, const ACHAR* name, const char* recordName, const PackedGroups& groups)
-{
-    AcDbDictionary* dictionary = nullptr;
-    if (acdbOpenObject(dictionary, dictionaryId, AcDb::kForWrite) != Acad::eOk) return;
-    auto* object = new AcDbProxyObject(recordName);
-    DxfGroup group;
-    for (std::size_t at = 0; groups.read(at, group);) keepGroup(*object, nullptr, group);
-    AcDbObjectId id;
-    dictionary->setAt(name, object, id);
-    object->close();
-    dictionary->close();
-}
-
 /// Two lines, half a unit to each side.
 PackedGroups multilineStyle()
 {
@@ -69,14 +56,23 @@ void addScales(AcDbDatabase& database)
     int number = 0;
     for (const Scale& scale : scales) {
         entry.Format(L"A%d", number++);
-        addKept(database.scaleListDictionaryId(), entry, "SCALE", scaleOf(scale.name, scale.paper, scale.drawing));
+        addKeptRecord(database.scaleListDictionaryId(), entry, "SCALE", scaleOf(scale.name, scale.paper, scale.drawing));
     }
+}
+
+AcDbObjectId visualStyleOf(AcDbDatabase& database)
+{
+    AcDbObjectId id;
+    const auto* styles = AcDbDictionary::cast(residentObject(database.visualStyleDictionaryId()));
+    if (styles) styles->getAt(L"2dWireframe", id);
+    return id;
 }
 } // namespace
 
 void addDefaultContents(AcDbDatabase& database)
 {
     DatabaseState& state = DatabaseAccess::of(database);
+    addDefaultStyles(database);
     addRecord<AcDbDimStyleTable>(database, new AcDbDimStyleTableRecord, L"Standard");
     state.dimstyle = addRecord<AcDbDimStyleTable>(database, new AcDbDimStyleTableRecord, L"ISO-25");
     auto* viewport = new AcDbViewportTableRecord;
@@ -85,7 +81,9 @@ void addDefaultContents(AcDbDatabase& database)
     viewport->setWidth(297.0 * 16.0 / 9.0);
     viewport->setGridIncrements({10.0, 10.0});
     viewport->setSnapIncrements({10.0, 10.0});
+    viewport->setVisualStyle(visualStyleOf(database));
     addRecord<AcDbViewportTable>(database, viewport, L"*Active");
-    addKept(database.mLStyleDictionaryId(), L"Standard", "MLINESTYLE", multilineStyle());
+    addKeptRecord(database.mLStyleDictionaryId(), L"Standard", "MLINESTYLE", multilineStyle());
     addScales(database);
+    stamps::create(database);
 }

@@ -249,7 +249,8 @@ void HeaderVariables::takeSettings(const HeaderVariables& other)
         const std::string_view name = table[i].name;
         const bool isOfCoordinates = name.substr(0, 4) == "$UCS" || name.substr(0, 5) == "$PUCS";
         const bool isOfObject = dxfKindOf(table[i].code) == DxfKind::handle;
-        if (!isOfCoordinates && !isOfObject) mValues[static_cast<std::size_t>(i)] = other.mValues[static_cast<std::size_t>(i)];
+        const bool isOfMaking = name.substr(0, 3) == "$TD" || name.find("GUID") != std::string_view::npos;
+        if (!isOfCoordinates && !isOfObject && !isOfMaking) mValues[static_cast<std::size_t>(i)] = other.mValues[static_cast<std::size_t>(i)];
     }
     mUnknown = other.mUnknown;
 }

@@ -54,7 +54,8 @@ public:
     void setText(std::string_view name, const CString& value);
     void setPoint(std::string_view name, const AcGePoint3d& value);
 
-    /// Takes the settings of another drawing, but for what names objects and coordinate systems of it.
+    /// Takes the settings of another drawing, but for its times and identifiers and what names objects or
+    /// coordinate systems of it.
     void takeSettings(const HeaderVariables& other);
 
     /// Writes those that a file of the sink's version may hold, in the table's order.

@@ -51,6 +51,12 @@ constexpr ApplicationClass ownClasses[] = {
     {"ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault"},
     {"ACDBPLACEHOLDER", "AcDbPlaceHolder"},
     {"DICTIONARYVAR", "AcDbDictionaryVar"},
+    {"ACDBDETAILVIEWSTYLE", "AcDbDetailViewStyle"},
+    {"ACDBSECTIONVIEWSTYLE", "AcDbSectionViewStyle"},
+    {"MATERIAL", "AcDbMaterial"},
+    {"MLEADERSTYLE", "AcDbMLeaderStyle"},
+    {"TABLESTYLE", "AcDbTableStyle"},
+    {"VISUALSTYLE", "AcDbVisualStyle"},
     {"LAYOUT", "AcDbLayout"},
     {"PLOTSETTINGS", "AcDbPlotSettings"},
     {"IMAGE", "AcDbRasterImage", "ISM", 127, true},
@@ -127,6 +133,9 @@ void writeModuleClass(FileSink& sink, const AcRxClass& own, int count)
 DrawingWriter::DrawingWriter(AcDbDatabase& database, GroupWriter& writer, FileVersion version)
     : _state(DatabaseAccess::of(database)), _sink(writer, version), _version(version)
 {
+    // What was read from a file of this version or an older one was of that version, too.
+    const bool isOfNewer = _state.originalVersion == 0 || _state.originalVersion > static_cast<int>(version);
+    if (isOfNewer) _sink.leaveNewerClasses();
 }
 
 void DrawingWriter::write()
@@ -148,6 +157,19 @@ void DrawingWriter::begin(const char* section)
     _sink.text(2, section);
 }
 
+/// A reference of the header to what is not written becomes null.
+void DrawingWriter::dropUnheld(HeaderVariables& header, const char* variable)
+{
+    DxfGroup group;
+    std::size_t at = 0;
+    PackedGroups& groups = header.at(variable);
+    if (!groups.read(at, group)) return;
+    const AcDbStub* stub = _state.stubs.find(static_cast<std::uint64_t>(group.integer));
+    if (stub && _sink.holds(stub)) return;
+    groups.clear();
+    groups.appendHandle(group.code, 0);
+}
+
 void DrawingWriter::writeHeader()
 {
     HeaderVariables header = _state.header;
@@ -158,6 +180,7 @@ void DrawingWriter::writeHeader()
     setName(header, "$TEXTSTYLE", _state.textstyle);
     setName(header, "$DIMSTYLE", _state.dimstyle);
     header.setInteger("$CECOLOR", _state.cecolor.colorIndex());
+    for (const char* variable : {"$CMATERIAL", "$INTERFEREOBJVS", "$INTERFEREVPVS"}) dropUnheld(header, variable);
     PackedGroups& seed = header.at("$HANDSEED");
     seed.clear();
     seed.appendHandle(5, _state.stubs.nextHandle());
@@ -261,7 +284,7 @@ void DrawingWriter::writeSubentity(AcDbObjectId id, AcDbObjectId namedOwner)
 void DrawingWriter::collectObjects()
 {
     for (AcDbStub& stub : _state.stubs) {
-        if (isOfObjects(stub)) _objects.push_back(&stub);
+        if (isOfObjects(stub) && _sink.holds(&stub)) _objects.push_back(&stub);
     }
     const AcDbStub* root = _state.namedObjects;
     std::sort(_objects.begin(), _objects.end(), [&](const AcDbStub* a, const AcDbStub* b) {

@@ -18,6 +18,7 @@ public:
 
 private:
     void writeHeader();
+    void dropUnheld(HeaderVariables& header, const char* variable);
     void writeClasses();
     void writeTables();
     void writeTable(const TableInfo& info);

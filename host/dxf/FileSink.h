@@ -23,10 +23,16 @@ public:
     void rawHandle(int code, std::uint64_t value) override { _writer.handle(code, value); }
     void record(int code, AcDbStub* stub) override;
     int version() const override { return static_cast<int>(_version); }
+    bool holds(const AcDbStub* stub) const override { return !_leavesNewer || !isNewer(stub); }
+    /// From now on objects of classes that the version does not know are left out, and references to them are null.
+    void leaveNewerClasses() { _leavesNewer = true; }
 
 private:
+    bool isNewer(const AcDbStub* stub) const;
+
     GroupWriter& _writer;
     FileVersion _version;
+    bool _leavesNewer = false;
     std::unordered_map<const AcDbStub*, std::string> _names; ///< of records, encoded
     const AcDbStub* _lastStub[8] = {};                       ///< by the low bits of the code
     const std::string* _lastName[8] = {};

@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 #include "Documents.h"
+#include "DrawingStamps.h"
 #include "EditorEvents.h"
 #include "SupportFiles.h"
 
@@ -26,6 +27,7 @@ Acad::ErrorStatus readInto(const ACHAR* fileName, bool isTemplate)
     ed::tellEditor([&](AcEditorReactor& reactor) { reactor.beginDwgOpen(&path[0]); });
     const Acad::ErrorStatus status = database->readDwgFile(path.c_str());
     if (status != Acad::eOk) return status;
+    if (isTemplate) stamps::create(*database);
     AcDbDatabase* opened = database.get();
     documents::adopt(std::move(database), isTemplate ? std::wstring() : path,
                      !isTemplate && isReadOnly(path));
@@ -89,6 +91,7 @@ Acad::ErrorStatus documents::save(AcApDocument* document, const std::wstring& fi
     const std::wstring path = fileName.empty() ? state->fileName : fileName;
     if (path.empty()) return Acad::eNoFileName;
     return write(document, path, [&] {
+        stamps::save(*state->database);
         const Acad::ErrorStatus status = state->database->saveAs(path.c_str(), true);
         if (status != Acad::eOk) return status;
         state->dbmod = 0;

@@ -286,3 +286,38 @@ TEST_F(EntityMake, WhatWasBegunGoesWithItsDrawing)
     EXPECT_EQ(end(), RTREJ);
     expectNothing();
 }
+
+TEST_F(EntityMake, BlockWithAReferenceAndItsAttributesIsKeptByFiles)
+{
+    const ads_point at = {5, 6, 0};
+    ASSERT_EQ(block(L"INNER"), RTNORM);
+    ASSERT_EQ(make(acutBuildList(RTDXF0, L"ATTDEF", 10, at, 40, 2.5, 1, L"A", 3, L"Which?", 2, L"NO", 70, 0, RTNONE)),
+              RTNORM);
+    ASSERT_EQ(endBlock(), RTKWORD);
+    ASSERT_EQ(block(L"OUTER"), RTNORM);
+    ASSERT_EQ(make(acutBuildList(RTDXF0, L"INSERT", 66, 1, 2, L"INNER", 10, at, RTNONE)), RTNORM);
+    ASSERT_EQ(make(acutBuildList(RTDXF0, L"ATTRIB", 10, at, 40, 2.5, 1, L"42", 2, L"NO", RTNONE)), RTNORM);
+    ASSERT_EQ(end(), RTNORM);
+    ASSERT_EQ(polyline(8), RTNORM);
+    ASSERT_EQ(vertex({1, 0, 0}, 32), RTNORM);
+    ASSERT_EQ(vertex({2, 0, 0}, 32), RTNORM);
+    ASSERT_EQ(end(), RTNORM);
+    ASSERT_EQ(endBlock(), RTKWORD);
+    const std::wstring path = L"/tmp/entity_make_" + std::to_wstring(GetCurrentProcessId()) + L".dxf";
+    ASSERT_EQ(mDatabase.dxfOut(path.c_str()), Acad::eOk);
+    AcDbDatabase opened(false, true);
+    ASSERT_EQ(opened.dxfIn(path.c_str()), Acad::eOk);
+    DeleteFileW(path.c_str());
+    const AcDbBlockTableRecordPointer outer(L"OUTER", &opened);
+    ASSERT_EQ(outer.openStatus(), Acad::eOk);
+    EXPECT_EQ(outer->origin(), AcGePoint3d(1, 2, 0));
+    ASSERT_EQ(outer->entityIds().size(), 2u);
+    const AcDbObjectPointer<AcDbBlockReference> reference(outer->entityIds()[0]);
+    ASSERT_EQ(reference.openStatus(), Acad::eOk);
+    EXPECT_EQ(followersOf(**std::make_unique<AcDbObjectPointer<AcDbEntity>>(outer->entityIds()[1])),
+              "3dPolylineVertex 3dPolylineVertex SequenceEnd ");
+    const std::unique_ptr<AcDbObjectIterator> walk(reference->attributeIterator());
+    ASSERT_FALSE(walk->done());
+    EXPECT_STREQ(AcDbObjectPointer<AcDbAttribute>(walk->objectId())->textStringConst(), L"42");
+    EXPECT_TRUE(AcDbObjectPointer<AcDbBlockTableRecord>(reference->blockTableRecord())->hasAttributeDefinitions());
+}
