@@ -45,7 +45,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     if (!entity) return Acad::eNullEntityPointer;
     if (entity->database()) return Acad::eAlreadyInDb;
     if (!database()) return Acad::eNotInDatabase;
-    const Acad::ErrorStatus writable = assertWriteEnabled();
+    const Acad::ErrorStatus writable = assertWriteEnabled(false);
     if (writable != Acad::eOk) return writable;
     const Acad::ErrorStatus status = database()->addAcDbObject(id, entity, objectId());
     if (status != Acad::eOk) return status;
@@ -53,6 +53,12 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
     mEntities.push_back(id);
     entity->addedToDrawing();
     return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockTableRecord::copyFrom(const AcRxObject* other)
+{
+    if (!other) return Acad::eNullObjectPointer;
+    return other->isA() == isA() ? assertWriteEnabled() : Acad::eWrongObjectType;
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning,

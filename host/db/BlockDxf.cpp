@@ -50,13 +50,17 @@ void readReferences(AcDbObject& object, const DxfField&, DxfSource& source)
 void writeReferences(const AcDbObject& object, const DxfField& field, DxfSink& sink)
 {
     const auto& block = static_cast<const AcDbBlockTableRecord&>(object);
-    if (BlockAccess::references(block).empty()) return;
-    sink.text(field.code, "{BLKREFS");
     std::unordered_set<AcDbObjectId> seen;
+    std::vector<AcDbObjectId> written;
     for (const AcDbObjectId id : BlockAccess::references(block)) {
-        const bool shows = BlockAccess::isShownBy(block, id);
-        if (!shows || seen.insert(id).second) sink.handle(331, shows ? id : AcDbObjectId());
+        // What is gone leaves a null handle where the file named it; what came to nothing since was never there.
+        if (!residentObject(id)) written.push_back(AcDbObjectId());
+        if (BlockAccess::isShownBy(block, id) && seen.insert(id).second) written.push_back(id);
     }
+    if (written.empty()) return;
+    sink.text(field.code, "{BLKREFS");
+    for (const AcDbObjectId id : written)
+        sink.handle(331, id);
     sink.text(field.code, "}");
 }
 

@@ -144,15 +144,6 @@ DbSubentities* AcDbBlockReference::subentities()
     return mAttributes.get();
 }
 
-Acad::ErrorStatus AcDbBlockReference::subErase(bool erasing)
-{
-    const Acad::ErrorStatus status = AcDbEntity::subErase(erasing);
-    if (status == Acad::eOk && mAttributes) {
-        for (const AcDbObjectId id : mAttributes->ids) static_cast<AcDbStub*>(id)->erased = erasing;
-    }
-    return status;
-}
-
 AcDbMInsertBlock::AcDbMInsertBlock(const AcGePoint3d& position, AcDbObjectId block, std::uint16_t columns,
                                    std::uint16_t rows, double columnSpacing, double rowSpacing)
     : AcDbBlockReference(position, block), mColumns(columns), mRows(rows), mColumnSpacing(columnSpacing),

@@ -4,6 +4,8 @@
 #include "DxfFields.h"
 #include "dbblkref.h"
 
+#include <algorithm>
+
 ACDB_DXF_CLASS(AcDbBlockReference, AcDbEntity, INSERT)
 ACDB_DXF_CLASS(AcDbMInsertBlock, AcDbBlockReference, INSERT)
 
@@ -15,8 +17,9 @@ struct BlockReferenceFields {
     static void skip(AcDbObject&, const DxfField&, DxfSource& source) { source.take(); }
     static void writeFollows(const AcDbObject& object, const DxfField&, DxfSink& sink)
     {
-        const DbSubentities* attributes = of(object).subentities();
-        if (attributes && !attributes->ids.empty()) sink.integer(66, 1);
+        const DbSubentities* list = of(object).subentities();
+        const auto lives = [](AcDbObjectId id) { return !id.isErased(); };
+        if (list && std::any_of(list->ids.begin(), list->ids.end(), lives)) sink.integer(66, 1);
     }
 
     template <double AcGeScale3d::*Factor>

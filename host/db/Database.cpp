@@ -1,5 +1,6 @@
 #include "dbdatabase.h"
 
+#include "actrans.h"
 #include "AddRecord.h"
 #include "ClassRegistration.h"
 #include "CurrentFrame.h"

@@ -10,14 +10,15 @@ namespace hooks
 {
 void setDatabaseGate(DatabaseGate gate) { databaseGate = gate; }
 
+Acad::ErrorStatus mayWrite(const AcDbDatabase* database)
+{
+    return databaseGate && database ? databaseGate(*database) : Acad::eOk;
+}
+
 Acad::ErrorStatus mayWrite(const AcDbObject& object)
 {
-    const AcDbDatabase* database = object.database();
-    if (databaseGate && database) {
-        const Acad::ErrorStatus status = databaseGate(*database);
-        if (status != Acad::eOk) return status;
-    }
-    return object.subMayWrite();
+    const Acad::ErrorStatus status = mayWrite(object.database());
+    return status == Acad::eOk ? object.subMayWrite() : status;
 }
 
 void setHighlighter(Highlighter highlighter) { shownHighlight = highlighter; }

@@ -10,6 +10,8 @@ namespace hooks
 using DatabaseGate = Acad::ErrorStatus (*)(const AcDbDatabase& database);
 void setDatabaseGate(DatabaseGate gate);
 
+/// Whether a drawing may be changed.
+Acad::ErrorStatus mayWrite(const AcDbDatabase* database);
 /// Whether an object may be opened for write: the gate of its database, then its own (a locked layer: eOnLockedLayer).
 Acad::ErrorStatus mayWrite(const AcDbObject& object);
 

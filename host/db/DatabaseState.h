@@ -1,21 +1,24 @@
 #pragma once
 
+#include "CurrentSettings.h"
 #include "HeaderVariables.h"
 #include "StubTable.h"
+#include "UndoHistory.h"
 #include "dbdatabase.h"
 #include "gemat3d.h"
 
+class AcTransactionManager;
+
 /// What a database holds.
-struct DatabaseState {
+struct DatabaseState : CurrentSettings {
     explicit DatabaseState(AcDbDatabase* database);
     ~DatabaseState();
 
     StubTable stubs;
     AcDbObjectId blockTable, layerTable, linetypeTable, textStyleTable, dimStyleTable, ucsTable, viewTable,
         viewportTable, regAppTable;
-    AcDbObjectId layerZero, byLayer, byBlock, continuous, modelSpace, paperSpace;
+    AcDbObjectId layerZero, byLayer, byBlock, continuous, modelSpace;
     AcDbObjectId namedObjects; ///< the dictionary of all dictionaries
-    AcDbObjectId modelViewport; ///< of the layout, in which one works; null for the sheet itself
 
     HeaderVariables header;
     std::vector<PackedGroups> classes;      ///< the file's list of application classes, an entry each
@@ -37,9 +40,8 @@ struct DatabaseState {
     };
     mutable Frame modelFrame, paperFrame;
 
-    // What new entities get.
-    AcDbObjectId clayer, celtype, textstyle, dimstyle;
-    AcCmColor cecolor;
+    std::unique_ptr<UndoHistory> history;               ///< null until something is to be recorded
+    std::unique_ptr<AcTransactionManager> transactions; ///< null until it is asked for
 };
 
 struct DatabaseAccess {

@@ -6,6 +6,9 @@
 #include "ObjectFiling.h"
 #include "ObjectNotices.h"
 #include "OwnedObjects.h"
+#include "UndoRecording.h"
+
+#include <algorithm>
 
 ACDB_ABSTRACT_CLASS(AcDbObject, AcRxObject)
 ACDB_ABSTRACT_CLASS(AcDbObjectReactor, AcRxObject)
@@ -16,7 +19,8 @@ constexpr int maxReaders = 256;
 }
 
 AcDbObject::AcDbObject()
-    : mOpenForWrite(false), mOpenForNotify(false), mIsNew(true), mModified(false), mModifiedGraphics(false),
+    : mReaders(0), mIsStateKept(false), mInTransaction(false), mIsUndoing(false), mIsUndoOff(false),
+      mOpenForWrite(false), mOpenForNotify(false), mIsNew(true), mModified(false), mModifiedGraphics(false),
       mModifiedXData(false), mNotifying(false), mEraseToggled(false)
 {
 }
@@ -67,7 +71,7 @@ Acad::ErrorStatus AcDbObject::downgradeOpen()
 {
     if (!mOpenForWrite) return Acad::eWasNotOpenForWrite;
     notices::changesOf(*this);
-    mOpenForWrite = false;
+    DbObjectAccess::settle(*this);
     mReaders = 1;
     return Acad::eOk;
 }
@@ -75,8 +79,11 @@ Acad::ErrorStatus AcDbObject::downgradeOpen()
 Acad::ErrorStatus AcDbObject::downgradeToNotify(bool wasWritable)
 {
     if (!mOpenForWrite) return Acad::eWasNotOpenForWrite;
+    if (!wasWritable) {
+        notices::changesOf(*this);
+        DbObjectAccess::settle(*this);
+    }
     mOpenForNotify = true;
-    mOpenForWrite = wasWritable;
     return Acad::eOk;
 }
 
@@ -86,6 +93,7 @@ Acad::ErrorStatus AcDbObject::close()
         mOpenForNotify = false;
         return Acad::eOk;
     }
+    if (mInTransaction) return DbObjectAccess::closeInTransaction(*this);
     if (mReaders) {
         --mReaders;
         return Acad::eOk;
@@ -102,32 +110,34 @@ Acad::ErrorStatus AcDbObject::close()
 Acad::ErrorStatus AcDbObject::cancel()
 {
     if (!mOpenForWrite) return close();
+    if (mInTransaction) return Acad::eInvalidOpenState;
     // An object added in this very opening never was: erased is the nearest state that ids can still ask about.
     if (mIsNew || mEraseToggled) {
         static_cast<AcDbStub*>(mStub)->erased = mIsNew || !isErased();
         owned::followErase(*this, isErased());
     }
-    if (mExtras && mExtras->before) {
-        subCancel(*mExtras->before);
-        subCancel();
-        filing::assign(*this, *mExtras->before);
-    }
+    DbObjectAccess::takeBack(*this);
     notices::cancelled(*this);
     if (mIsNew) notices::unappended(*this);
     DbObjectAccess::settle(*this);
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbObject::assertWriteEnabled(bool recordModified)
+Acad::ErrorStatus AcDbObject::disableUndoRecording(bool disable)
+{
+    if (!mOpenForWrite) return Acad::eNotOpenForWrite;
+    mIsUndoOff = disable;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::assertWriteEnabled(bool autoUndo, bool recordModified)
 {
     if (!mStub) return Acad::eOk;
     if (!mOpenForWrite) return Acad::eNotOpenForWrite;
+    if (autoUndo && !mIsStateKept && !mIsNew) DbObjectAccess::keepState(*this);
     if (!recordModified || mModified) return Acad::eOk;
     mModified = true;
-    if (!mIsNew) {
-        DbObjectAccess::needExtras(*this).before = filing::copyOf(*this);
-        notices::openedForModify(*this);
-    }
+    if (!mIsNew) notices::openedForModify(*this);
     return Acad::eOk;
 }
 
@@ -177,6 +187,7 @@ DbObjectExtras& DbObjectAccess::needExtras(AcDbObject& object)
 Acad::ErrorStatus DbObjectAccess::open(AcDbObject& object, AcDb::OpenMode mode)
 {
     if (object.mOpenForNotify) return Acad::eWasOpenForNotify;
+    if (object.mInTransaction && mode != AcDb::kForNotify) return openInTransaction(object, mode);
     if (mode == AcDb::kForNotify) {
         object.mOpenForNotify = true;
         return Acad::eOk;
@@ -206,5 +217,22 @@ void DbObjectAccess::settle(AcDbObject& object)
 {
     object.mOpenForWrite = false;
     object.mIsNew = object.mModified = object.mModifiedGraphics = object.mModifiedXData = object.mEraseToggled = false;
-    if (object.mExtras) object.mExtras->before.reset();
+    if (object.mExtras) undo::handOver(object, *object.mExtras);
+    object.mIsStateKept = object.mIsUndoOff = false;
+}
+
+void DbObjectAccess::keepState(AcDbObject& object)
+{
+    needExtras(object).before = std::make_unique<ObjectEdit>(object);
+    object.mIsStateKept = true;
+}
+
+void DbObjectAccess::takeBack(AcDbObject& object)
+{
+    if (!object.mExtras) return;
+    auto edits = std::move(object.mExtras->edits);
+    const auto before = std::move(object.mExtras->before);
+    object.mExtras->edits.clear();
+    std::for_each(edits.rbegin(), edits.rend(), [&](auto& edit) { edit->exchange(*object.database()); });
+    if (before) before->restore(object);
 }

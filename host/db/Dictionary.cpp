@@ -1,7 +1,7 @@
 #include "dbdict.h"
 
 #include "DbObjectAccess.h"
-#include "DictionaryAccess.h"
+#include "DictionaryEdit.h"
 #include "acutads.h"
 #include "dbdatabase.h"
 
@@ -49,13 +49,46 @@ void AcDbDictionary::add(const ACHAR* name, AcDbObjectId id, int code)
     mByName.emplace(keyOf(name), id);
 }
 
+/// Takes an entry out, which cancel() and undo put back.
 void AcDbDictionary::drop(std::vector<Entry>::iterator entry)
+{
+    const auto place = static_cast<std::size_t>(entry - mEntries.begin());
+    DbObjectAccess::note(*this, [&] { return std::make_unique<RemovedEntry>(*this, *entry, place); });
+    forget(entry);
+}
+
+void AcDbDictionary::forget(std::vector<Entry>::iterator entry)
 {
     const auto range = mByName.equal_range(keyOf(entry->name));
     const auto found =
         std::find_if(range.first, range.second, [&](const auto& named) { return named.second == entry->id; });
     if (found != range.second) mByName.erase(found);
     mEntries.erase(entry);
+}
+
+void DictionaryAccess::swapEntries(AcDbDictionary& dictionary, std::vector<Entry>& entries)
+{
+    dictionary.mEntries.swap(entries);
+    dictionary.mByName.clear();
+    for (const Entry& entry : dictionary.mEntries)
+        dictionary.mByName.emplace(keyOf(entry.name), entry.id);
+}
+
+void DictionaryAccess::insert(AcDbDictionary& dictionary, const Entry& entry, std::size_t place)
+{
+    auto& entries = dictionary.mEntries;
+    entries.insert(entries.begin() + static_cast<std::ptrdiff_t>(std::min(place, entries.size())), entry);
+    dictionary.mByName.emplace(keyOf(entry.name), entry.id);
+}
+
+bool DictionaryAccess::drop(AcDbDictionary& dictionary, const Entry& entry)
+{
+    const auto found = std::find_if(
+        dictionary.mEntries.begin(), dictionary.mEntries.end(),
+        [&](const Entry& one) { return one.id == entry.id && one.name.CompareNoCase(entry.name) == 0; });
+    if (found == dictionary.mEntries.end()) return false;
+    dictionary.forget(found);
+    return true;
 }
 
 void DictionaryAccess::dropErased(AcDbDictionary& dictionary)
@@ -102,6 +135,12 @@ std::uint32_t AcDbDictionary::numEntries() const
         std::count_if(mEntries.begin(), mEntries.end(), [](const Entry& entry) { return !entry.id.isErased(); }));
 }
 
+/// Keeps all entries as they are for cancel() and undo.
+void AcDbDictionary::noteEntries()
+{
+    DbObjectAccess::note(*this, [&] { return std::make_unique<AllEntries>(*this); });
+}
+
 /// Makes an object one of the dictionary's: checked in full before anything changes.
 Acad::ErrorStatus AcDbDictionary::adopt(AcDbObject& object, AcDbObjectId& id)
 {
@@ -125,10 +164,12 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
     if (!object->isWriteEnabled()) return Acad::eNotOpenForWrite;
     Acad::ErrorStatus status = assertWriteEnabled();
     const AcDbObjectId old = find(name);
+    const bool isNew = !object->database() || object->isNewObject();
     const bool replaces = !old.isNull() && old != object->objectId();
     if (status == Acad::eOk && replaces) status = eraseOwned(old, objectId());
     if (status == Acad::eOk) status = adopt(*object, id);
     if (status != Acad::eOk || (id == old && !old.isNull())) return status;
+    if (!isNew) noteEntries();
     if (!replaces) {
         add(name, id);
         return status;
@@ -167,6 +208,7 @@ bool AcDbDictionary::setName(const ACHAR* oldName, const ACHAR* newName)
     if (id.isNull() || !newName || !*newName) return false;
     const AcDbObjectId other = find(newName);
     if ((!other.isNull() && other != id) || assertWriteEnabled() != Acad::eOk) return false;
+    noteEntries();
     const auto entry = entryOf(id);
     const auto range = mByName.equal_range(keyOf(oldName));
     mByName.erase(std::find_if(range.first, range.second, [&](const auto& named) { return named.second == id; }));
@@ -178,6 +220,7 @@ bool AcDbDictionary::setName(const ACHAR* oldName, const ACHAR* newName)
 void AcDbDictionary::setTreatElementsAsHard(bool hard)
 {
     if (assertWriteEnabled() != Acad::eOk) return;
+    noteEntries();
     mIsHardOwner = hard;
     for (Entry& entry : mEntries) entry.code = 0;
 }

@@ -5,6 +5,8 @@
 #include "dbdict.h"
 
 struct DictionaryAccess {
+    using Entry = AcDbDictionary::Entry;
+
     /// Lists an object that has an owner already; `code` is the group that named it.
     static void list(AcDbDictionary& dictionary, const CString& name, AcDbObjectId id, int code = 0)
     {
@@ -25,6 +27,11 @@ struct DictionaryAccess {
         dictionary.mByName.clear();
         for (const AcDbDictionary::Entry& entry : entries) dictionary.add(entry.name, choose(entry.id), entry.code);
     }
+    static const std::vector<Entry>& entries(const AcDbDictionary& dictionary) { return dictionary.mEntries; }
+    static void swapEntries(AcDbDictionary& dictionary, std::vector<Entry>& entries);
+    static void insert(AcDbDictionary& dictionary, const Entry& entry, std::size_t place);
+    /// Takes the entry of an object and a name out; false when there is none.
+    static bool drop(AcDbDictionary& dictionary, const Entry& entry);
     /// Forgets the entries whose objects are erased.
     static void dropErased(AcDbDictionary& dictionary);
 };

@@ -245,7 +245,7 @@ void EntityAccess::takeProperties(AcDbEntity& to, const AcDbEntity& from)
 void EntityAccess::endSubentities(AcDbEntity& owner)
 {
     AcDbObjectId& mark = owner.subentities()->sequenceEnd;
-    if (!mark.isNull()) return;
+    if (!mark.isNull() && !mark.isErased()) return;
     auto* end = new AcDbSequenceEnd;
     owner.database()->addAcDbObject(mark, end, owner.objectId());
     takeProperties(*end, owner);

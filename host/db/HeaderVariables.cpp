@@ -167,7 +167,14 @@ const PackedGroups* HeaderVariables::find(std::string_view name) const
 
 PackedGroups& HeaderVariables::at(std::string_view name)
 {
+    PackedGroups& value = place(name);
+    if (mWatch.watcher) mWatch.watcher->willSet(name, value);
     mRevision = nextRevision();
+    return value;
+}
+
+PackedGroups& HeaderVariables::place(std::string_view name)
+{
     const int index = indexOf(name);
     if (index >= 0) return mValues[static_cast<std::size_t>(index)];
     for (auto& one : mUnknown) {

@@ -4,6 +4,7 @@
 /// drawing.
 
 #include "DxfFields.h"
+#include "NotCopied.h"
 #include "PackedGroups.h"
 #include "gepnt3d.h"
 
@@ -17,6 +18,16 @@ struct HeaderVariable {
     int code;         ///< of the (first) group of the value; it decides its kind
     DxfVersion since; ///< the first file version that has it
     const char* value; ///< the default: a text, an integer, or reals with a blank between
+};
+
+/// Told before a value changes.
+class HeaderWatcher
+{
+public:
+    virtual void willSet(std::string_view name, const PackedGroups& value) = 0;
+
+protected:
+    ~HeaderWatcher() = default;
 };
 
 /// Values stand as the groups they have in files, so a file's own wording survives. A variable that the table does not
@@ -57,6 +68,8 @@ public:
     /// Takes the settings of another drawing, but for its times and identifiers and what names objects or
     /// coordinate systems of it.
     void takeSettings(const HeaderVariables& other);
+    /// Who is told from now on; null for none. Copies tell nobody.
+    void watch(HeaderWatcher* watcher) { mWatch.watcher = watcher; }
 
     /// Writes those that a file of the sink's version may hold, in the table's order.
     void write(DxfSink& sink, bool withUnknown) const;
@@ -67,6 +80,13 @@ private:
     /// The first group of a value.
     DxfGroup first(std::string_view name) const;
 
+    PackedGroups& place(std::string_view name);
+
+    struct Watch {
+        HeaderWatcher* watcher = nullptr;
+    };
+
+    NotCopied<Watch> mWatch;
     std::vector<PackedGroups> mValues;
     std::vector<std::pair<std::string, PackedGroups>> mUnknown;
     std::uint64_t mRevision;

@@ -4,6 +4,7 @@
 #include "ClassRegistration.h"
 #include "DxfFields.h"
 #include "Stub.h"
+#include "UndoRecording.h"
 #include "acutads.h"
 #include "dbdatabase.h"
 #include "dbdict.h"
@@ -38,7 +39,10 @@ constexpr const wchar_t* modelName = L"Model";
 /// Tells a block which layout it is the space of; a block that someone has open for write is told as it is.
 void linkBlock(AcDbObjectId id, AcDbObjectId layout)
 {
-    if (auto* block = AcDbBlockTableRecord::cast(residentObject(id))) BlockAccess::layout(*block) = layout;
+    auto* block = AcDbBlockTableRecord::cast(residentObject(id));
+    if (!block) return;
+    undo::willChange(*block);
+    BlockAccess::layout(*block) = layout;
 }
 } // namespace
 

@@ -6,6 +6,7 @@
 #include "dbobjptr.h"
 #include "LayoutAccess.h"
 #include "Stub.h"
+#include "UndoRecording.h"
 #include "SymbolName.h"
 
 #include <algorithm>
@@ -99,7 +100,9 @@ void shiftTabs(const AcDbDatabase& database, int from, int step, const AcDbLayou
 {
     for (AcDbLayout* layout : LayoutAccess::all(database)) {
         int& place = LayoutAccess::tabOrder(*layout);
-        if (layout != except && !LayoutAccess::isModel(*layout) && place >= from) place += step;
+        if (layout == except || LayoutAccess::isModel(*layout) || place < from) continue;
+        undo::willChange(*layout);
+        place += step;
     }
 }
 

@@ -7,6 +7,7 @@
 #include "DictionaryAccess.h"
 #include "LayoutAccess.h"
 #include "SymbolTableAccess.h"
+#include "UndoRecording.h"
 
 #include <algorithm>
 
@@ -62,6 +63,8 @@ void LayoutAccess::putOnPaper(AcDbDatabase& database, AcDbBlockTableRecord& bloc
     if (before == &block) return;
     auto& table = static_cast<AcDbSymbolTable&>(*residentObject(state.blockTable));
     const CString name = block.name();
+    undo::willChange(block);
+    if (before) undo::willChange(*before);
     if (before) SymbolTableAccess::rename(table, *before, name);
     SymbolTableAccess::rename(table, block, ACDB_PAPER_SPACE);
     state.paperSpace = block.objectId();

@@ -2,29 +2,20 @@
 
 /// What few objects have: kept apart so that the many without it stay small.
 
-#include "PackedGroups.h"
-#include "dbobject.h"
+#include "AttachedData.h"
+#include "UndoEdit.h"
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
-/// Groups that the class of their object does not know, kept as read so that saving loses nothing.
-struct KeptGroups {
-    const DxfClass* section; ///< the section they stood in; null: sections of an unknown name, markers included
-    PackedGroups groups;
-};
-
-/// The extended data of one application: the groups after its 1001 group.
-struct AppXData {
-    AcDbObjectId regapp;
-    PackedGroups groups;
-};
-
-struct DbObjectExtras {
-    std::vector<AppXData> xdata;
-    std::vector<AcDbObjectId> persistentReactors;
-    AcDbObjectId extensionDictionary;
+struct DbObjectExtras : AttachedData {
     std::vector<AcDbObjectReactor*> transientReactors;
-    std::vector<KeptGroups> keptGroups;
-    std::unique_ptr<AcDbObject> before; ///< the state when it was opened for write, for cancel()
+
+    // What this opening for write has changed: taken back by cancel(), handed over to the undo journal by close().
+    std::unique_ptr<ObjectEdit> before;           ///< the state when it was opened
+    std::vector<std::unique_ptr<UndoEdit>> edits; ///< of what is no part of the state, in order
+
+    std::uint32_t undoEpoch = 0; ///< the part of the journal that has a state of the object already
+    int transactionOpens = 0;    ///< of acdbOpenObject, while a transaction holds the object
 };

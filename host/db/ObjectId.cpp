@@ -60,14 +60,21 @@ bool AcDbObjectId::isEffectivelyErased() const
 
 AcDbObject* smartptr::openedObject(AcDbObjectId id) { return residentObject(id); }
 
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased)
+Acad::ErrorStatus DbObjectAccess::find(AcDbObjectId id, bool openErased)
 {
-    object = nullptr;
     if (id.isNull()) return Acad::eNullObjectId;
     if (!id.isValid()) return Acad::eUnknownHandle;
     if (id.isErased() && !openErased) return Acad::eWasErased;
+    return static_cast<AcDbStub*>(id)->undone ? Acad::ePermanentlyErased : Acad::eOk;
+}
+
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased)
+{
+    object = nullptr;
+    Acad::ErrorStatus status = DbObjectAccess::find(id, openErased);
+    if (status != Acad::eOk) return status;
     AcDbObject* found = static_cast<AcDbStub*>(id)->object;
-    const Acad::ErrorStatus status = DbObjectAccess::open(*found, mode);
+    status = DbObjectAccess::open(*found, mode);
     if (status == Acad::eOk) object = found;
     return status;
 }

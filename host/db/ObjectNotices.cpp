@@ -122,6 +122,18 @@ void unappended(AcDbObject& object)
     tellDrawing(object, [&](auto& reactor, auto* drawing) { reactor.objectUnAppended(drawing, &object); });
 }
 
+void reappended(AcDbObject& object)
+{
+    tellAll(object, [&](auto& reactor) { reactor.reappended(&object); });
+    tellDrawing(object, [&](auto& reactor, auto* drawing) { reactor.objectReAppended(drawing, &object); });
+}
+
+void modifyUndone(AcDbObject& object)
+{
+    tellAll(object, [&](auto& reactor) { reactor.modifyUndone(&object); });
+    tellDrawing(object, [&](auto& reactor, auto* drawing) { reactor.objectModified(drawing, &object); });
+}
+
 void erased(AcDbObject& object, bool erasing)
 {
     tellAll(object, [&](auto& reactor) { reactor.erased(&object, erasing); });

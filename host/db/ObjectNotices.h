@@ -11,6 +11,8 @@ void openedForModify(AcDbObject& object);
 void changesOf(AcDbObject& object);
 void appended(AcDbObject& object);
 void unappended(AcDbObject& object);
+void reappended(AcDbObject& object);
+void modifyUndone(AcDbObject& object);
 void erased(AcDbObject& object, bool erasing);
 void cancelled(AcDbObject& object);
 void closed(AcDbObject& object);

@@ -1,6 +1,9 @@
 #include "OwnedObjects.h"
 
 #include "DictionaryAccess.h"
+#include "Stub.h"
+#include "UndoRecording.h"
+#include "dbentity.h"
 
 namespace
 {
@@ -22,10 +25,27 @@ std::vector<AcDbObjectId> hardEntries(AcDbObject& owner, bool erasing)
     DictionaryAccess::forEach(*dictionary, [&](const CString&, AcDbObjectId id, int) { ids.push_back(id); });
     return ids;
 }
+void eraseUnopened(AcDbObjectId id, bool erasing)
+{
+    AcDbStub* stub = id;
+    if (!stub || stub->undone || stub->erased == erasing) return;
+    undo::willErase(id);
+    stub->erased = erasing;
+}
+
+void eraseSubentities(AcDbEntity& owner, bool erasing)
+{
+    const DbSubentities* list = owner.subentities();
+    if (!list) return;
+    for (const AcDbObjectId id : list->ids)
+        eraseUnopened(id, erasing);
+    eraseUnopened(list->sequenceEnd, erasing);
+}
 } // namespace
 
 void owned::followErase(AcDbObject& owner, bool erasing)
 {
     for (const AcDbObjectId id : hardEntries(owner, erasing)) eraseOwned(id, erasing);
+    if (AcDbEntity* entity = AcDbEntity::cast(&owner)) eraseSubentities(*entity, erasing);
     if (!owner.extensionDictionary().isNull()) eraseOwned(owner.extensionDictionary(), erasing);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-/// What an object owns hard follows it when it is erased or brought back: its extension dictionary, and the entries of
-/// a dictionary that owns them hard. An owned object that someone has open stays as it is; it counts as erased all the
+/// What an object owns hard follows it when it is erased or brought back: its extension dictionary, the entries of a
+/// dictionary that owns them hard, vertices and attributes. An owned object that someone has open stays as it is; it counts as erased all the
 /// same (AcDbObjectId::isEffectivelyErased).
 
 #include "dbobject.h"

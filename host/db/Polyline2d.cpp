@@ -232,13 +232,6 @@ Acad::ErrorStatus AcDb2dPolyline::setEndVertex(bool start, const AcGePoint2d& po
     });
 }
 
-Acad::ErrorStatus AcDb2dPolyline::subErase(bool erasing)
-{
-    const Acad::ErrorStatus status = DbPathCurve::subErase(erasing);
-    if (status == Acad::eOk) mVertices.erase(erasing);
-    return status;
-}
-
 Acad::ErrorStatus AcDb2dPolyline::subTransformBy(const AcGeMatrix3d& xform)
 {
     if (!xform.isUniScaledOrtho()) return Acad::eCannotScaleNonUniformly;

@@ -233,13 +233,6 @@ AcRxObject* AcDb3dPolyline::clone() const
     return copy.release();
 }
 
-Acad::ErrorStatus AcDb3dPolyline::subErase(bool erasing)
-{
-    const Acad::ErrorStatus status = AcDbCurve::subErase(erasing);
-    if (status == Acad::eOk) mVertices.erase(erasing);
-    return status;
-}
-
 Acad::ErrorStatus AcDb3dPolyline::subTransformBy(const AcGeMatrix3d& xform)
 {
     return mVertices.change([&](AcDbEntity& vertex) { vertex.transformBy(xform); });

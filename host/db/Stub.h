@@ -10,6 +10,7 @@ struct AcDbStub {
     AcDbDatabase* database = nullptr;
     std::uint64_t handle = 0;
     bool erased = false;
+    bool undone = false; ///< its making was taken back: only redo brings it back
 };
 
 /// The object of an id, open or not; null for the null id and for one whose object is not there.

@@ -42,7 +42,7 @@ AcDbStub* StubTable::obtain(std::uint64_t handle)
 {
     AcDbStub*& at = slot(handle);
     if (!at) {
-        at = &mStubs.add({nullptr, mDatabase, handle, false});
+        at = &mStubs.add({nullptr, mDatabase, handle});
         raiseNextHandle(handle + 1);
     }
     return at;
@@ -50,7 +50,7 @@ AcDbStub* StubTable::obtain(std::uint64_t handle)
 
 AcDbStub* StubTable::addPending()
 {
-    mPending.push_back(&mStubs.add({nullptr, mDatabase, 0, false}));
+    mPending.push_back(&mStubs.add({nullptr, mDatabase, 0}));
     return mPending.back();
 }
 

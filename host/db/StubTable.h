@@ -43,6 +43,7 @@ public:
     auto begin() { return mStubs.begin(); }
     auto end() { return mStubs.end(); }
     std::size_t size() const { return mStubs.size(); }
+    AcDbStub& operator[](std::size_t at) { return mStubs[at]; }
 
 private:
     static constexpr unsigned pageBits = 6;

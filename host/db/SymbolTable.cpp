@@ -142,7 +142,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     const bool isNameless = record->sharesName() && name.IsEmpty();
     if (!isSymbolName(name) && !isNameless) return Acad::eInvalidSymbolTableName;
     if (!record->sharesName() && has(name)) return Acad::eDuplicateRecordName;
-    const Acad::ErrorStatus writable = assertWriteEnabled();
+    const Acad::ErrorStatus writable = assertWriteEnabled(false);
     if (writable != Acad::eOk) return writable;
     const Acad::ErrorStatus status = database()->addAcDbObject(id, record, objectId());
     if (status != Acad::eOk) return status;

@@ -18,6 +18,7 @@ struct SymbolTableAccess {
         const auto at = std::find(table.mIds.begin(), table.mIds.end(), record);
         if (at != table.mIds.end()) std::rotate(table.mIds.begin(), at, at + 1);
     }
+    static void swapIds(AcDbSymbolTable& table, std::vector<AcDbObjectId>& ids) { table.mIds.swap(ids); }
     /// Gives a listed record another name, the system's own too.
     static void rename(AcDbSymbolTable& table, AcDbSymbolTableRecord& record, const CString& name)
     {

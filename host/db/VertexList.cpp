@@ -103,14 +103,6 @@ void VertexList::addToDrawing(AcDbEntity& owner)
     EntityAccess::endSubentities(owner);
 }
 
-void VertexList::erase(bool erasing) const
-{
-    for (const AcDbObjectId id : mStored.ids) {
-        if (AcDbStub* stub = id) stub->erased = erasing;
-    }
-    if (AcDbStub* stub = mStored.sequenceEnd) stub->erased = erasing;
-}
-
 void VertexList::detach()
 {
     std::vector<std::unique_ptr<AcDbEntity>> copies;

@@ -55,13 +55,6 @@ AcRxObject* VertexMesh::clone() const
     return copy;
 }
 
-Acad::ErrorStatus VertexMesh::subErase(bool erasing)
-{
-    const Acad::ErrorStatus status = AcDbEntity::subErase(erasing);
-    if (status == Acad::eOk) mVertices.erase(erasing);
-    return status;
-}
-
 Acad::ErrorStatus VertexMesh::subTransformBy(const AcGeMatrix3d& xform)
 {
     return mVertices.change([&](AcDbEntity& vertex) { vertex.transformBy(xform); });

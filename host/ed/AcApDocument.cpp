@@ -1,3 +1,4 @@
+#include "actrans.h"
 #include "DocumentLocks.h"
 #include "Documents.h"
 
@@ -27,6 +28,11 @@ const ACHAR* AcApDocument::docTitle() const { return mState->title.c_str(); }
 bool AcApDocument::isNamedDrawing() const { return !mState->fileName.empty(); }
 bool AcApDocument::isReadOnly() const { return mState->readOnly; }
 AcDbDatabase* AcApDocument::database() const { return mState->database.get(); }
+
+AcTransactionManager* AcApDocument::transactionManager() const
+{
+    return static_cast<AcTransactionManager*>(database()->transactionManager());
+}
 
 AcAp::DocLockMode AcApDocument::lockMode(bool includeMyLocks) const
 {

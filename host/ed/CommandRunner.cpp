@@ -9,7 +9,9 @@
 #include "LispEvaluator.h"
 #include "ProgramEnd.h"
 #include "Script.h"
+#include "UndoSteps.h"
 #include "VariablePrompt.h"
+#include "VariableStore.h"
 
 namespace
 {
@@ -100,6 +102,7 @@ Outcome runCommand(const std::shared_ptr<AcEdCommand>& command, bool transparent
         ed::fail(L"The document is locked by another command.");
         return Outcome::failed;
     }
+    const ed::CommandStep step(document, *command);
     const ActiveEntry entry(document, {command->globalName(), transparent, false});
     if (!(command->commandFlags() & (ACRX_CMD_USEPICKSET | ACRX_CMD_REDRAW)) && !transparent)
         documents::stateOf(document)->selection.implied.clear();
@@ -146,6 +149,7 @@ Outcome startOther(const std::wstring& word)
 {
     if (const std::optional<Outcome> outcome = ed::callLispCommand(word)) return *outcome;
     documents::current()->input.forgetCancel();
+    const ed::OtherStep step(ed::upperCase(word));
     if (!ed::promptForVariable(word)) return refuse(word);
     if (documents::current()->input.lastWasCancel()) {
         ed::print(L"*Cancel*\n");

@@ -114,6 +114,8 @@ AcApDocument* adopt(std::unique_ptr<AcDbDatabase> database, const std::wstring& 
     activate(made);
     tell([&](AcApDocManagerReactor& reactor) { reactor.documentCreated(made); });
     tellModules(made, AcRx::kLoadDwgMsg);
+    // What modules have made of the drawing by now is not the user's to undo.
+    made->database()->disableUndoRecording(false);
     return made;
 }
 

@@ -18,6 +18,15 @@ struct DocumentLock {
     std::wstring command;
 };
 
+namespace ed
+{
+/// Settings of UNDO that are kept, and change nothing: menus and palettes of layers are not here.
+struct UndoControl {
+    bool groupsMacros = true;
+    bool combinesLayers = true;
+};
+} // namespace ed
+
 /// What a document holds.
 struct DocumentState {
     std::unique_ptr<AcDbDatabase> database;
@@ -35,6 +44,7 @@ struct DocumentState {
     std::vector<AcDbObjectId> tiles; ///< the viewports of model space by number, from 2 on
     AcDbObjectId lastWindow;         ///< the viewport of the layout in which one worked last
     ed::ViewHistory history;
+    ed::UndoControl undo;
     int dbmod = 0;
     std::vector<int> pushedDbmod;
 };

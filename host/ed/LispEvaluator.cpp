@@ -8,6 +8,7 @@
 #include "LispReader.h"
 #include "ResbufCopy.h"
 #include "TypedAnswer.h"
+#include "UndoSteps.h"
 #include "acedcmd.h"
 #include "acedlisp.h"
 #include "acedvars.h"
@@ -349,6 +350,7 @@ std::wstring lispText(const resbuf* value)
 bool evaluate(const std::wstring& text, OwnedResbuf& result)
 {
     if (!documents::current() || text.empty()) return false;
+    const OtherStep step(L"LISP");
     const ActiveLisp active;
     tellEditor([&](AcEditorReactor& reactor) { reactor.lispWillStart(text.c_str()); });
     const bool good = evaluateGuarded(text, result);

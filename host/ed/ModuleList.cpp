@@ -6,6 +6,7 @@
 #include "ModuleEvents.h"
 #include "ResbufCopy.h"
 #include "SupportFiles.h"
+#include "UndoRecording.h"
 #include "WindowHooks.h"
 #include "acedmodules.h"
 #include "dbentity.h"
@@ -34,8 +35,30 @@ void report(std::wstring_view reason, bool isShown)
     ed::noteFault(reason);
 }
 
+bool isIn(const void* address, HMODULE module)
+{
+    HMODULE of = nullptr;
+    return GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                              static_cast<LPCWSTR>(address), &of) &&
+           of == module;
+}
+
+/// Steps that keep objects of the module's classes cannot be undone any more, nor can those before them.
+void forgetSteps(HMODULE module)
+{
+    for (AcApDocument* document : documents::all()) {
+        UndoHistory& history = undo::historyOf(*document->database());
+        history.separate(L"");
+        const bool isNeeded = history.keepsCopy([&](const AcDbObject& copy) {
+            return isIn(*reinterpret_cast<const void* const*>(&copy), module); // its table of virtual members
+        });
+        if (isNeeded) history.clear();
+    }
+}
+
 void forget(HMODULE module, void* appId)
 {
+    forgetSteps(module);
     ed::forgetLisp(appId);
     CommandStackAccess::forget(ed::commandStack(), module);
     ed::forgetHooks(module);

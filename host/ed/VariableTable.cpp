@@ -123,8 +123,6 @@ const VariableInfo others[] = {
     integer(L"ANNOALLVISIBLE", Kept::document, L"1", 0, 1), integer(L"ANNOAUTOSCALE", Kept::registry, L"4", -4, 4),
     integer(L"MSLTSCALE", Kept::document, L"1", 0, 1),
     text(L"CPLOTSTYLE", Kept::document, L"ByColor"), text(L"CETRANSPARENCY", Kept::document, L"ByLayer"),
-    integer(L"UNDOCTL", Kept::document, L"53", 0, 127, readOnly),
-    integer(L"UNDOMARKS", Kept::document, L"0", 0, 32767, readOnly),
     text(L"REFEDITNAME", Kept::document, L"", readOnly),
     integer(L"BLOCKEDITOR", Kept::document, L"0", 0, 1, readOnly), integer(L"LAYERFILTERALERT", Kept::registry, L"2", 0, 3),
 

@@ -6,6 +6,7 @@
 #include "Documents.h"
 #include "EditedObject.h"
 #include "SymbolTableAccess.h"
+#include "UndoRecording.h"
 
 #include <algorithm>
 
@@ -158,7 +159,9 @@ Acad::ErrorStatus activate(const Viewport& viewport)
     if (viewport.number == activeViewport().number) return Acad::eOk;
     DatabaseState& data = dataOf(*document);
     if (viewport.kind == ViewportKind::tile) {
-        SymbolTableAccess::putFirst(*AcDbSymbolTable::cast(residentObject(data.viewportTable)), viewport.id);
+        auto& table = *AcDbSymbolTable::cast(residentObject(data.viewportTable));
+        undo::willReorder(table);
+        SymbolTableAccess::putFirst(table, viewport.id);
     } else {
         data.modelViewport = viewport.kind == ViewportKind::window ? viewport.id : AcDbObjectId();
         if (viewport.kind == ViewportKind::window) document->lastWindow = viewport.id;

@@ -42,8 +42,6 @@ public:
                                   AcDbEntity* vertex);
     /// The owner has been added to a drawing: its vertices follow, and the mark of their end.
     void addToDrawing(AcDbEntity& owner);
-    /// Erases the vertices with their owner, or brings them back.
-    void erase(bool erasing) const;
     /// Becomes a list of its own: copies of all vertices, in no drawing.
     void detach();
 

@@ -74,7 +74,6 @@ protected:
     double pathThickness() const override { return mThickness; }
     Acad::ErrorStatus setEndVertex(bool start, const AcGePoint2d& point, double bulge) override;
     std::unique_ptr<AcDbCurve> makePath(const BulgePath& path) const override;
-    Acad::ErrorStatus subErase(bool erasing) override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     bool subWorldDraw(AcGiWorldDraw* draw) override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,

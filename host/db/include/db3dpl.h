@@ -53,7 +53,6 @@ public:
 protected:
     std::unique_ptr<AcGeCurve3d> makeGeCurve() const override;
     std::unique_ptr<AcDbCurve> makePiece(double from, double to) const override;
-    Acad::ErrorStatus subErase(bool erasing) override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;

@@ -8,6 +8,7 @@
 class AcDbDatabase;
 class AcDbLayoutManager;
 class AcDbPlotSettingsValidator;
+class AcDbTransactionManager;
 
 /// Shows how far long work is: opening, saving and plotting of drawings. start and stop enclose the work; setLimit says how
 /// often meterProgress will be called in between.
@@ -37,6 +38,8 @@ public:
     AcDbLayoutManager* layoutManager() const;
     /// The one validator of plot settings; never null.
     AcDbPlotSettingsValidator* plotSettingsValidator() const;
+    /// The transactions of the working database; null when there is none.
+    AcDbTransactionManager* workingTransactionManager() const;
 
 private:
     AcDbDatabase* mWorking = nullptr;

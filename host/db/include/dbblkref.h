@@ -69,7 +69,6 @@ public:
     static const DxfClass dxf;
 
 protected:
-    Acad::ErrorStatus subErase(bool erasing) override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     bool explodesWithOwnProperties() const override { return true; }

@@ -5,6 +5,7 @@
 #include "dbentity.h"
 #include "dbidar.h"
 #include "dbsymtb.h"
+#include "NotCopied.h"
 #include "gepnt3d.h"
 
 class AcDbBlockTableRecord;
@@ -87,6 +88,7 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbBlockTableRecord);
+    ACDB_STATE_MEMBERS(AcDbBlockTableRecord)
     AcDbBlockTableRecord() = default;
 
     /// Adds a new entity, which stays open for write. eAlreadyInDb, eNullEntityPointer, eNotInDatabase for a block
@@ -145,6 +147,9 @@ public:
     Acad::ErrorStatus openBlockBegin(AcDbBlockBegin*& begin, AcDb::OpenMode mode = AcDb::kForRead) const;
     Acad::ErrorStatus openBlockEnd(AcDbBlockEnd*& end, AcDb::OpenMode mode = AcDb::kForRead) const;
 
+    /// Lists give a record no more than its name: what else they could change is the block's own matter.
+    Acad::ErrorStatus copyFrom(const AcRxObject* other) override;
+
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;
 
@@ -159,9 +164,11 @@ private:
     friend struct BlockAccess;
     friend class AcDbBlockTable;
 
-    std::vector<AcDbObjectId> mEntities;
-    std::vector<AcDbObjectId> mReferences; ///< what has ever shown the block; some do not any more
-    AcDbObjectId mBegin, mEnd, mLayout;
+    // Copies of a record, which undo keeps, have its properties alone.
+    NotCopied<std::vector<AcDbObjectId>> mEntities;
+    NotCopied<std::vector<AcDbObjectId>> mReferences; ///< what has ever shown the block; some do not any more
+    NotCopied<AcDbObjectId> mBegin, mEnd;
+    AcDbObjectId mLayout;
     AcGePoint3d mOrigin;
     CString mPathName, mComments;
     std::int16_t mInsertUnits = 0;

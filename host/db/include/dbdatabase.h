@@ -18,6 +18,7 @@
 
 class SecurityParams;
 class AcDbDatabaseReactor;
+class AcDbTransactionManager;
 class AcDbDictionary;
 class AcDbIdMapping;
 class AcDbDictionaryWithDefault;
@@ -71,6 +72,18 @@ public:
     AcDb::AcDbDwgVersion lastSavedAsVersion() const;
     /// Whether the file that was read had faults, which were repaired.
     bool needsRecovery() const;
+
+    // Undo. A drawing that is open in a document records what is changed; another one does when it is told to. What is
+    // changed while it does not record is not taken back, and neither are handles: they are never given out again.
+
+    void disableUndoRecording(bool disable);
+    bool undoRecording() const;
+    /// What has been changed so far becomes a step that is undone by itself. Commands begin and end steps by themselves.
+    void startUndoRecord();
+    /// Takes the last step back. eUndoOperationNotAvailable when there is none, or while a transaction is active.
+    Acad::ErrorStatus undo();
+    /// The transactions of this drawing (dbtrans.h).
+    AcDbTransactionManager* transactionManager() const;
 
     // Reactors, told of what happens to the objects and variables (dbdatabasereactor.h).
 

@@ -13,13 +13,14 @@ public:
 
     /// An object was added.
     virtual void objectAppended(const AcDbDatabase*, const AcDbObject*) {}
-    /// The opening that had added an object was cancelled.
+    /// The opening that had added an object was cancelled, or the addition undone.
     virtual void objectUnAppended(const AcDbDatabase*, const AcDbObject*) {}
-    /// Nothing is undone and done again here: never called.
+    /// The addition was done again.
     virtual void objectReAppended(const AcDbDatabase*, const AcDbObject*) {}
     /// The first change after an open for write; the object is as it was.
     virtual void objectOpenedForModify(const AcDbDatabase*, const AcDbObject*) {}
-    /// A changed object is closed. Not told of new objects.
+    /// A changed object is closed, or a change is undone or done again (AcDbObject::isUndoing). Not told of new
+    /// objects.
     virtual void objectModified(const AcDbDatabase*, const AcDbObject*) {}
     /// An object was erased, or brought back.
     virtual void objectErased(const AcDbDatabase*, const AcDbObject*, Adesk::Boolean /*erased*/ = true) {}

@@ -4,6 +4,7 @@
 
 #include "acdb.h"
 #include "dbobject.h"
+#include "NotCopied.h"
 
 #include <atlstr.h>
 
@@ -51,6 +52,7 @@ class AcDbDictionary : public AcDbObject
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDictionary);
+    ACDB_STATE_MEMBERS(AcDbDictionary)
     AcDbDictionary() = default;
 
     /// eKeyNotFound when there is no entry of that name.
@@ -110,10 +112,12 @@ private:
     std::vector<Entry>::iterator entryOf(AcDbObjectId id);
     void add(const ACHAR* name, AcDbObjectId id, int code = 0);
     void drop(std::vector<Entry>::iterator entry);
+    void forget(std::vector<Entry>::iterator entry);
+    void noteEntries();
     Acad::ErrorStatus adopt(AcDbObject& object, AcDbObjectId& id);
 
-    std::vector<Entry> mEntries;
-    std::unordered_multimap<CString, AcDbObjectId> mByName; ///< keys in lower case
+    NotCopied<std::vector<Entry>> mEntries;
+    NotCopied<std::unordered_multimap<CString, AcDbObjectId>> mByName; ///< keys in lower case
     bool mIsHardOwner = false;
     std::uint8_t mMergeStyle = AcDb::kDrcIgnore;
 };

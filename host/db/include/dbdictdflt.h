@@ -7,6 +7,7 @@ class AcDbDictionaryWithDefault : public AcDbDictionary
 {
 public:
     ACRX_DECLARE_MEMBERS(AcDbDictionaryWithDefault);
+    ACDB_STATE_MEMBERS(AcDbDictionaryWithDefault)
     AcDbDictionaryWithDefault() = default;
 
     using AcDbDictionary::getAt;

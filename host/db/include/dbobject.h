@@ -55,10 +55,12 @@ public:
     Acad::ErrorStatus upgradeFromNotify(bool& wasWritable);
     Acad::ErrorStatus downgradeOpen();
     Acad::ErrorStatus downgradeToNotify(bool wasWritable);
-    /// Ends one open. Changes are told to reactors when the last open for write ends.
+    /// Ends one open. Changes are told to reactors when the last open for write ends. An object that a transaction
+    /// holds stays open; eInvalidOpenState when only the transaction has opened it.
     Acad::ErrorStatus close();
     /// Ends an open for write and takes back every change made since, an erasure too; an object added in the same
     /// opening is erased. Like close in the other modes. Containers (tables, blocks) keep what was added to them.
+    /// An object that a transaction holds is left to it: eInvalidOpenState.
     Acad::ErrorStatus cancel();
 
     bool isReadEnabled() const;
@@ -68,6 +70,10 @@ public:
     bool isModifiedGraphics() const { return mModifiedGraphics; }
     bool isModifiedXData() const { return mModifiedXData; }
     bool isNewObject() const { return mIsNew; }
+    /// True while a change of the object is taken back or done again.
+    bool isUndoing() const { return mIsUndoing; }
+    /// Whether a transaction holds the object open.
+    bool isTransactionResident() const { return mInTransaction; }
     /// True while the object tells its reactors of a change.
     bool isNotifying() const { return mNotifying; }
     int numReaders() const { return mReaders; }
@@ -75,8 +81,11 @@ public:
     /// Called by every reading member of a class.
     void assertReadEnabled() const {}
     /// Called by every setter before it changes anything: eNotOpenForWrite when the object may not be changed.
-    /// Keeps the state for cancel() on the first change, and tells reactors.
-    Acad::ErrorStatus assertWriteEnabled(bool recordModified = true);
+    /// Keeps the state for cancel() and undo on the first change, unless `autoUndo` is false (for changes that need
+    /// none: what is added is taken back itself), and tells reactors.
+    Acad::ErrorStatus assertWriteEnabled(bool autoUndo = true, bool recordModified = true);
+    /// What this opening for write changes is not undone, or is again. eNotOpenForWrite.
+    Acad::ErrorStatus disableUndoRecording(bool disable);
     void assertNotifyEnabled() const {}
 
     // Erasure.
@@ -158,6 +167,7 @@ public:
     virtual void subCancel(const AcDbObject&) {}
     /// Told of changes of an object that this one is a persistent reactor of.
     virtual void modified(const AcDbObject*) {}
+    virtual void modifyUndone(const AcDbObject*) {}
     virtual void erased(const AcDbObject*, bool) {}
     virtual void copied(const AcDbObject*, const AcDbObject*) {}
     virtual void goodbye(const AcDbObject*) {}
@@ -198,7 +208,11 @@ private:
     AcDbObjectId mStub;
     AcDbObjectId mOwner;
     std::unique_ptr<DbObjectExtras> mExtras;
-    std::uint16_t mReaders = 0;
+    std::uint16_t mReaders : 9;
+    bool mIsStateKept : 1; ///< for cancel() and undo, in this opening
+    bool mInTransaction : 1;
+    bool mIsUndoing : 1;
+    bool mIsUndoOff : 1;
     bool mOpenForWrite : 1;
     bool mOpenForNotify : 1;
     bool mIsNew : 1;
@@ -218,8 +232,8 @@ protected:                                                                      
 public:
 
 /// Told of what happens to an object, while it is attached (addReactor) and not part of the drawing. `unappended` follows
-/// the cancel of the opening that added the object; nothing is undone here, so modifyUndone and reappended are never
-/// called.
+/// the cancel of the opening that added the object, and undo of it; `reappended` its redo. `modifyUndone` follows undo and
+/// redo of changes. Undo and redo tell when all of a step is done; what reactors change then is not undone itself.
 class AcDbObjectReactor : public AcRxObject
 {
 public:
@@ -239,7 +253,7 @@ public:
 };
 
 /// Opens an object. Statuses: eNullObjectId; eUnknownHandle for an id whose object is gone; eWasErased unless
-/// `openErased`; eWasOpenForRead, eWasOpenForWrite, eWasOpenForNotify, eAtMaxReaders (256) for a conflict; for write
+/// `openErased`; ePermanentlyErased when its making was undone; eWasOpenForRead, eWasOpenForWrite, eWasOpenForNotify, eAtMaxReaders (256) for a conflict; for write
 /// also eLockViolation when the document is not locked and eOnLockedLayer. `object` is null on failure.
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased = false);

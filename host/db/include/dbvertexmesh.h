@@ -46,7 +46,6 @@ protected:
     }
     Acad::ErrorStatus setFlag(int flag, bool on);
 
-    Acad::ErrorStatus subErase(bool erasing) override;
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     /// Into faces, lines and points.
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;

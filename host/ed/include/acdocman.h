@@ -41,6 +41,8 @@ public:
     bool isNamedDrawing() const;
     bool isReadOnly() const;
     AcDbDatabase* database() const;
+    /// The transactions of the drawing (actrans.h).
+    AcTransactionManager* transactionManager() const;
 
     /// The strongest lock of other contexts, or of all with `includeMyLocks`; kNotLocked when there is none.
     AcAp::DocLockMode lockMode(bool includeMyLocks = false) const;

@@ -13,6 +13,7 @@
 #include "aced.h"
 #include "acedads.h"
 #include "acgi.h"
+#include "actrans.h"
 #include "acutads.h"
 #include "acutmath.h"
 #include "adsdef.h"
