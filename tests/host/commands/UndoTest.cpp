@@ -38,14 +38,21 @@ protected:
     }
 };
 
+/// Where files cost no waiting for a disk: saving flushes them.
+fs::path folderInMemory()
+{
+    return fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
+}
+
 /// The drawing as a file, without the next handle: handles are never given out again.
 std::vector<std::string> linesOf(AcDbDatabase& database)
 {
-    const fs::path path = fs::temp_directory_path() / ("undo" + std::to_string(GetCurrentProcessId()) + ".dxf");
+    const fs::path path = folderInMemory() / ("undo" + std::to_string(GetCurrentProcessId()) + ".dxf");
     EXPECT_EQ(database.saveAs(path.wstring().c_str()), Acad::eOk);
     std::vector<std::string> lines;
     std::ifstream file(path);
     for (std::string line; std::getline(file, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
         lines.push_back(line);
         if (line != "$HANDSEED") continue;
         std::getline(file, line);
@@ -219,19 +226,24 @@ TEST_P(RandomUndo, GivesBackEachStateAndRedoTheNextOne)
     run(L"UNDO C C N\n"); // every zoom is a step
     std::vector<std::vector<std::string>> states{linesOf(*database())};
     std::vector<const char*> names;
+    std::size_t changes = 0;
     while (names.size() < steps) {
         names.push_back(change());
         states.push_back(linesOf(*database()));
+        if (states[states.size() - 2] != states.back()) ++changes;
     }
+    ASSERT_GT(changes, steps / 2);
     for (std::size_t i = steps; i-- > 0;) {
         run(L"U\n");
-        ASSERT_EQ(difference(states[i], linesOf(*database())), "") << "undo of step " << i << ": " << names[i];
+        const std::string wrong = difference(states[i], linesOf(*database()));
+        ASSERT_TRUE(wrong.empty()) << "undo of step " << i << ": " << names[i] << "\n" << wrong;
     }
     for (std::size_t i = 0; i < steps; ++i) {
         run(L"REDO\n");
-        ASSERT_EQ(difference(states[i + 1], linesOf(*database())), "") << "redo of step " << i << ": " << names[i];
+        const std::string wrong = difference(states[i + 1], linesOf(*database()));
+        ASSERT_TRUE(wrong.empty()) << "redo of step " << i << ": " << names[i] << "\n" << wrong;
     }
     run(L"UNDO 60\n");
     EXPECT_EQ(difference(states[0], linesOf(*database())), "");
 }
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomUndo, testing::Range(1u, 13u));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomUndo, testing::Range(1u, 9u));
