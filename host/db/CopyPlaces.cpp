@@ -75,8 +75,12 @@ void CopySession::addBlock(AcDbObjectId block, const CString& name)
     const bool wantsNumber = name.GetLength() == 2 && name[0] == L'*';
     const AcDbObjectId existing = wantsNumber ? AcDbObjectId() : named(table, name);
     AcDbObject& original = *residentObject(block);
-    if (!existing.isNull()) return replace(original, existing, true, name);
-    placeNew(original, table, Place::record, true, wantsNumber ? numbered(table, L"%ls%d", name, 1) : name);
+    if (existing.isNull()) {
+        placeNew(original, table, Place::record, true, wantsNumber ? numbered(table, L"%ls%d", name, 1) : name);
+    } else {
+        replace(original, existing, true, name);
+    }
+    mInserted = copyOf(block);
 }
 
 void CopySession::addEntry(AcDbObjectId id, AcDbObjectId dictionary)
@@ -196,6 +200,7 @@ void CopySession::placeRecord(AcDbSymbolTableRecord& record, bool isPrimary)
     const CString name = recordName(record, table);
     const AcDbObjectId existing = name.IsEmpty() ? AcDbObjectId() : named(table, name);
     if (existing.isNull()) return placeNew(record, table, Place::record, isPrimary, name);
+    if (existing == mInserted) return fail(Acad::eSelfReference);
     const bool isReplaced = mDuplicates == AcDb::kDrcReplace && !AcDbRegAppTableRecord::cast(&record);
     if (isReplaced) return replace(record, existing, isPrimary, name);
     note(record.objectId(), existing, false, isPrimary);

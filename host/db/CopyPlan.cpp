@@ -47,9 +47,8 @@ CopySession::CopySession(AcDbDatabase& from, AcDbDatabase& to, AcDbIdMapping& ma
 
 AcDbObjectId CopySession::copyOf(AcDbObjectId original) const
 {
-    AcDbIdPair pair;
-    pair.setKey(original);
-    return mMap.compute(pair) && pair.value().database() == &mTo ? pair.value() : AcDbObjectId();
+    const auto at = mMap.mPlaces.find(original);
+    return at != mMap.mPlaces.end() && at->second >= mFirstPair ? mMap.mPairs[at->second].value() : AcDbObjectId();
 }
 
 AcDbObjectId CopySession::newId(const AcDbObject&) { return DatabaseAccess::of(mTo).stubs.add(); }
@@ -58,8 +57,8 @@ void CopySession::note(AcDbObjectId original, AcDbObjectId copy, bool isCloned, 
 {
     mMap.del(original); // of an earlier copy
     mMap.assign(AcDbIdPair(original, copy, isCloned, isPrimary));
-    const bool isKept = !isCloned && AcDbBlockTableRecord::cast(residentObject(copy));
-    if (isKept) mShown.insert(copy);
+    const auto* block = isCloned ? nullptr : AcDbBlockTableRecord::cast(residentObject(copy));
+    if (block && !block->isLayout()) mShown.insert(copy);
 }
 
 AcDbObjectId CopySession::add(AcDbObject& original, AcDbObjectId owner, Place place, bool isPrimary,
@@ -110,9 +109,7 @@ void CopySession::openContents(const AcDbBlockTableRecord& block)
 
 void CopySession::addEntity(AcDbObjectId entity, AcDbObjectId block)
 {
-    const auto at = mMap.mPlaces.find(entity);
-    const bool isOfThisCopy = at != mMap.mPlaces.end() && at->second >= mFirstPair;
-    if (!isOfThisCopy && open(block)) add(*residentObject(entity), block, Place::entity, true);
+    if (!isNoted(entity) && open(block)) add(*residentObject(entity), block, Place::entity, true);
 }
 
 void CopySession::suspend()

@@ -70,6 +70,8 @@ AcDbStub* CopySession::translate(AcDbStub* original) const
     const AcDbObjectId copy = copyOf(original);
     if (!copy.isNull()) return copy;
     if (&mFrom == &mTo) return original;
+    AcDbIdPair earlier(original, AcDbObjectId(), false);
+    if (mMap.compute(earlier) && earlier.value().database() == &mTo) return earlier.value();
     const DatabaseState& from = DatabaseAccess::of(mFrom);
     const DatabaseState& to = DatabaseAccess::of(mTo);
     if (AcDbObjectId(original) == from.modelSpace) return to.modelSpace;
@@ -161,6 +163,7 @@ void CopySession::finish(const Planned& one)
     if (auto* block = AcDbBlockTableRecord::cast(&copy)) finishBlock(*block, one);
     if (auto* order = AcDbSortentsTable::cast(&copy))
         orderLike(*order, static_cast<AcDbSortentsTable&>(*one.original), *this);
+    if (auto* layout = AcDbLayout::cast(&copy); layout && one.place == Place::entry) finishLayout(*layout);
     notices::copied(*one.original, copy);
     if (one.place == Place::replaced) return; // it is told of when it is closed
     notices::appended(copy);
@@ -180,6 +183,16 @@ void CopySession::finishEntity(AcDbEntity& copy, const AcDbEntity& original)
         list.sequenceEnd = copyOf(from->sequenceEnd);
     }
     copy.completeRead();
+}
+
+/// A new layout stands behind the others.
+void CopySession::finishLayout(AcDbLayout& copy)
+{
+    int last = 0;
+    for (const AcDbLayout* other : LayoutAccess::all(mTo)) {
+        if (other != &copy) last = std::max(last, other->getTabOrder());
+    }
+    LayoutAccess::tabOrder(copy) = last + 1;
 }
 
 void CopySession::finishBlock(AcDbBlockTableRecord& copy, const Planned& one)

@@ -21,6 +21,7 @@
 #include <vector>
 
 class AcDbDictionary;
+class AcDbLayout;
 
 class CopySession : protected CopyTranslation
 {
@@ -125,6 +126,7 @@ private:
     void takeState(AcDbObject& existing, AcDbObject& fresh);
     void finish(const Planned& one);
     void finishEntity(AcDbEntity& copy, const AcDbEntity& original);
+    void finishLayout(AcDbLayout& copy);
     void finishBlock(AcDbBlockTableRecord& copy, const Planned& one);
     void copyClasses();
     void close();
@@ -137,6 +139,7 @@ private:
     std::map<std::pair<AcDbObjectId, CString>, int> mNextNumbers;   ///< by the form of the name
     std::unordered_map<AcDbObjectId, CString> mNames;              ///< of what is new
     std::unordered_set<AcDbObjectId> mNewDictionaries;
+    AcDbObjectId mInserted;                        ///< what addBlock makes
     std::unordered_set<AcDbObjectId> mShown; ///< blocks of the destination that copies show
     std::unordered_map<AcDbObjectId, AcDbObject*> mOpened, mLent;
     std::vector<AcDbObjectId> mSuspended;

@@ -232,13 +232,6 @@ void addVariables(AcDbDatabase& database)
         addKeptRecord(dictionary, variable.name, "DICTIONARYVAR", groups);
     }
 }
-
-void setHeaderReference(AcDbDatabase& database, const char* variable, int code, AcDbObjectId id)
-{
-    PackedGroups& groups = DatabaseAccess::of(database).header.at(variable);
-    groups.clear();
-    appendReference(groups, code, id);
-}
 } // namespace
 
 AcDbObjectId addKeptRecord(AcDbObjectId dictionaryId, const ACHAR* name, const char* recordName,

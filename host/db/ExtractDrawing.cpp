@@ -74,15 +74,19 @@ void addGroups(CopySession& session)
 class Extraction
 {
 public:
-    Extraction(AcDbDatabase& from, AcDbDatabase& to, AcDb::DuplicateRecordCloning duplicates)
-        : mFrom(from), mTo(to), mSession(CopyRun::begin(from, to, mMap, AcDb::kDcWblock, duplicates))
+    /// With `isNew` the destination gets the current layer, linetype and styles, too.
+    Extraction(AcDbDatabase& from, AcDbDatabase& to, AcDb::DuplicateRecordCloning duplicates, bool isNew)
+        : mFrom(from), mTo(to), mIsNew(isNew),
+          mSession(CopyRun::begin(from, to, mMap, AcDb::kDcWblock, duplicates))
     {
     }
     CopySession& session() { return *mSession; }
 
     Acad::ErrorStatus finish()
     {
+        if (mIsNew) addCurrent(*mSession);
         const Acad::ErrorStatus status = CopyRun::finish(*mSession, mMap);
+        if (mIsNew && status == Acad::eOk) takeCurrent(*mSession);
         events::tell([&](AcRxEventReactor& reactor) {
             if (status != Acad::eOk) return reactor.abortWblock(&mTo);
             reactor.otherWblock(&mTo, mMap, &mFrom);
@@ -94,6 +98,7 @@ public:
 private:
     AcDbDatabase& mFrom;
     AcDbDatabase& mTo;
+    bool mIsNew;
     AcDbIdMapping mMap;
     std::unique_ptr<CopySession> mSession;
 };
@@ -122,13 +127,13 @@ void sortAsDrawn(std::vector<AcDbObjectId>& entities)
 
 /// Copies entities into the model space of a drawing.
 Acad::ErrorStatus extract(AcDbDatabase& from, AcDbDatabase& to, const std::vector<AcDbObjectId>& entities,
-                          const AcGePoint3d& basePoint, AcDb::DuplicateRecordCloning duplicates)
+                          const AcGePoint3d& basePoint, AcDb::DuplicateRecordCloning duplicates, bool isNew)
 {
     const AcGePoint3d* asked = &basePoint;
     notice(from);
     events::tell([&](AcRxEventReactor& reactor) { reactor.beginWblock(&to, &from, asked); });
     const AcGeVector3d offset = AcGePoint3d::kOrigin - *asked;
-    Extraction extraction(from, to, duplicates);
+    Extraction extraction(from, to, duplicates, isNew);
     CopySession& session = extraction.session();
     for (const AcDbObjectId id : entities)
         session.addEntity(id, to.modelSpaceId());
@@ -156,20 +161,10 @@ Acad::ErrorStatus extractNew(AcDbDatabase& from, AcDbDatabase*& output, Fill fil
     output = nullptr;
     auto made = newLike(from);
     const Acad::ErrorStatus status = fill(*made);
-    if (status == Acad::eOk) output = made.release();
-    return status;
-}
-
-Acad::ErrorStatus copyCurrent(AcDbDatabase& from, AcDbDatabase& to)
-{
-    AcDbIdMapping map;
-    CopySession session(from, to, map, AcDb::kDrcReplace);
-    addCurrent(session);
-    const Acad::ErrorStatus status = session.plan();
     if (status != Acad::eOk) return status;
-    session.carryOut();
-    takeCurrent(session);
-    return to.updateExt();
+    made->updateExt();
+    output = made.release();
+    return status;
 }
 } // namespace
 
@@ -182,8 +177,7 @@ Acad::ErrorStatus AcDbDatabase::wblock(AcDbDatabase*& output, const AcDbObjectId
     if (status != Acad::eOk) return status;
     if (!isFinite(basePoint)) return Acad::eInvalidInput;
     return extractNew(*this, output, [&](AcDbDatabase& to) {
-        const Acad::ErrorStatus copied = extract(*this, to, entities, basePoint, AcDb::kDrcReplace);
-        return copied == Acad::eOk ? copyCurrent(*this, to) : copied;
+        return extract(*this, to, entities, basePoint, AcDb::kDrcReplace, true);
     });
 }
 
@@ -195,7 +189,7 @@ Acad::ErrorStatus AcDbDatabase::wblock(AcDbDatabase* output, const AcDbObjectIdA
     if (drc < AcDb::kDrcIgnore || drc > AcDb::kDrcUnmangleName || !isFinite(basePoint)) return Acad::eInvalidInput;
     std::vector<AcDbObjectId> entities;
     const Acad::ErrorStatus status = collectEntities(*this, ids, modelSpaceId(), entities);
-    return status == Acad::eOk ? extract(*this, *output, entities, basePoint, drc) : status;
+    return status == Acad::eOk ? extract(*this, *output, entities, basePoint, drc, false) : status;
 }
 
 Acad::ErrorStatus AcDbDatabase::wblock(AcDbDatabase*& output, AcDbObjectId blockId)
@@ -206,12 +200,12 @@ Acad::ErrorStatus AcDbDatabase::wblock(AcDbDatabase*& output, AcDbObjectId block
     return extractNew(*this, output, [&](AcDbDatabase& to) {
         notice(*this);
         events::tell([&](AcRxEventReactor& reactor) { reactor.beginWblock(&to, this, blockId); });
-        Extraction extraction(*this, to, AcDb::kDrcReplace);
+        Extraction extraction(*this, to, AcDb::kDrcReplace, true);
         extraction.session().addBlock(blockId, ACDB_MODEL_SPACE);
         Acad::ErrorStatus status = extraction.finish();
         if (status == Acad::eOk) status = to.setInsbase(block->origin());
         if (status == Acad::eOk && !block->isLayout()) status = to.setInsunits(block->blockInsertUnits());
-        return status == Acad::eOk ? copyCurrent(*this, to) : status;
+        return status;
     });
 }
 

@@ -118,6 +118,15 @@ const std::unordered_map<std::string_view, int>& indexes()
     return all;
 }
 
+/// Whether a variable says how to draw, and not what its drawing is.
+bool isSetting(const HeaderVariable& variable)
+{
+    const std::string_view name = variable.name;
+    const bool isOfCoordinates = name.substr(0, 4) == "$UCS" || name.substr(0, 5) == "$PUCS";
+    const bool isOfMaking = name.substr(0, 3) == "$TD" || name.find("GUID") != std::string_view::npos;
+    return !isOfCoordinates && !isOfMaking && dxfKindOf(variable.code) != DxfKind::handle;
+}
+
 std::uint64_t nextRevision()
 {
     static std::atomic<std::uint64_t> last{0};
@@ -252,14 +261,11 @@ void HeaderVariables::setPoint(std::string_view name, const AcGePoint3d& value)
 
 void HeaderVariables::takeSettings(const HeaderVariables& other)
 {
-    for (int i = 0; i < count; ++i) {
-        const std::string_view name = table[i].name;
-        const bool isOfCoordinates = name.substr(0, 4) == "$UCS" || name.substr(0, 5) == "$PUCS";
-        const bool isOfObject = dxfKindOf(table[i].code) == DxfKind::handle;
-        const bool isOfMaking = name.substr(0, 3) == "$TD" || name.find("GUID") != std::string_view::npos;
-        if (!isOfCoordinates && !isOfObject && !isOfMaking) mValues[static_cast<std::size_t>(i)] = other.mValues[static_cast<std::size_t>(i)];
+    for (std::size_t i = 0; i < mValues.size(); ++i) {
+        if (isSetting(table[i])) mValues[i] = other.mValues[i];
     }
     mUnknown = other.mUnknown;
+    mRevision = nextRevision();
 }
 
 void HeaderVariables::write(DxfSink& sink, bool withUnknown) const

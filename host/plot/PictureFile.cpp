@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdio>
 
+#define _BASETSD_H_ // the types of Windows are there: the JPEG library makes no INT32 of its own
 #include <jpeglib.h>
 
 #include <algorithm>

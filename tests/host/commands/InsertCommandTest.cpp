@@ -70,7 +70,7 @@ TEST_F(InsertCommand, ReferenceHasPointScalesRotationAndTheAttributesTyped)
 TEST_F(InsertCommand, EnterTakesTheLastBlockAndTheUsualValues)
 {
     run(L"INSERT DOOR S 3 R 0 1,1\n\n");
-    run(L"INSERT\n5,5 \n\n\n\n");
+    run(L"INSERT\n\n5,5\n\n\n\n\n");
     ASSERT_EQ(contents().size(), 2u);
     const AcDbObjectPointer<AcDbBlockReference> scaled(contents()[0]), usual(contents()[1]);
     EXPECT_DOUBLE_EQ(scaled->scaleFactors().sz, 3.0);
@@ -108,9 +108,9 @@ TEST_F(InsertCommand, FileBecomesABlockScaledByItsUnits)
 
 TEST_F(InsertCommand, WblockSavesWhatWasChosenAndTakesItAway)
 {
-    run(L"LINE 10,10 20,10\n\nCIRCLE 0,0 1\n");
+    run(L"CIRCLE 0,0 1\nLINE 10,10 20,10\n\n");
     ASSERT_EQ(contents().size(), 2u);
-    run(L"WBLOCK \"" + mPath + L"\"\n\n10,10 10,10\n\n");
+    run(L"WBLOCK \"" + mPath + L"\"\n\n10,10 _L\n\n");
     EXPECT_EQ(contents().size(), 1u);
     AcDbDatabase saved(false, true);
     ASSERT_EQ(saved.readDwgFile(mPath.c_str()), Acad::eOk);

@@ -130,9 +130,9 @@ TEST_F(Insert, DrawingIsNotInsertedIntoItselfAndNoBlockIntoWhatItShows)
     EXPECT_EQ(insert(L"*Model_Space", id), Acad::eInvalidSymbolTableName);
     EXPECT_EQ(mDatabase.insert(id, L"X", nullptr), Acad::eNoDatabase);
 
-    // The source shows SITE of its own; here that name is the block being redefined.
-    addReference(mFrom, addBlock(mSource, L"SITE"));
-    EXPECT_EQ(insert(L"SITE", id), Acad::eOk) << "nothing has the name yet: it is the source's";
+    addReference(mFrom, addBlock(mSource, L"site"));
+    EXPECT_EQ(insert(L"SITE", id), Acad::eSelfReference) << "the source shows a block of the name";
+    EXPECT_TRUE(find<AcDbBlockTableRecord>(mDatabase, L"SITE").isNull());
     const AcDbObjectId part = addBlock(mDatabase, L"PART"), whole = addBlock(mDatabase, L"WHOLE");
     const AcDbObjectId kept = addReference(part, whole);
     AcDbDatabase other;

@@ -261,7 +261,7 @@ TEST_F(WblockClone, LayoutBringsItsSpaceInTheNextTab)
     const AcDbObjectId space = AcDbObjectPointer<AcDbLayout>(layoutId)->getBlockTableRecordId();
     addLine(space, 42);
     AcDbIdMapping map;
-    for (int round = 0; round < 2; ++round)
+    for (int round = 0; round < 2; ++round) // the pairs of the first are replaced
         ASSERT_EQ(copy({layoutId}, mDatabase.layoutDictionaryId(), map, AcDb::kDrcReplace), Acad::eOk);
     const AcDbObjectPointer<AcDbLayout> made(pairOf(map, layoutId).value());
     ASSERT_EQ(made.openStatus(), Acad::eOk);
