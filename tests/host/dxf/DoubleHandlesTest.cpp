@@ -116,8 +116,9 @@ protected:
         AcDbObjectPointer<AcDbBlockTableRecord> space(mAgain.modelSpaceId(), AcDb::kForRead);
         for (const AcDbObjectId id : space->entityIds()) {
             AcDbObjectPointer<AcDbLine> one(id, AcDb::kForRead);
-            CString text;
-            text.Format(L"%ls: %g: %ls", one->layer(), one->startPoint().x, xdataOf(*one).GetString());
+            CString layer, text;
+            one->layer(layer);
+            text.Format(L"%ls: %g: %ls", layer.GetString(), one->startPoint().x, xdataOf(*one).GetString());
             found.push_back(std::string(CStringA(text)));
         }
         return found;
