@@ -18,7 +18,9 @@ class Wblock : public CopyFixture
 protected:
     void TearDown() override
     {
-        if (mOutput) EXPECT_EQ(live::openObjects(*mOutput), 0);
+        if (mOutput) {
+            EXPECT_EQ(live::openObjects(*mOutput), 0);
+        }
         delete mOutput;
         CopyFixture::TearDown();
     }
@@ -149,7 +151,7 @@ TEST_F(Insert, ListenersAreToldOfTheEnd)
     ASSERT_EQ(insert(L"A", id), Acad::eOk);
     EXPECT_EQ(listener.told, "insert other inserted ");
     listener.told.clear();
-    const AcDbObjectPointer<AcDbBlockTable> held(&mDatabase, AcDb::kForRead);
+    const AcDbBlockTablePointer held(&mDatabase, AcDb::kForRead);
     EXPECT_EQ(insert(L"B", id), Acad::eWasOpenForRead);
     EXPECT_EQ(listener.told, "insert aborted ");
 }
@@ -243,9 +245,11 @@ TEST_F(Wblock, ListenersAreToldWhichOfTheThree)
     Listener listener;
     for (const int kind : {0, 1, 2}) {
         AcDbDatabase* made = nullptr;
-        if (kind == 0) EXPECT_EQ(mSource.wblock(made, AcDbObjectIdArray(), AcGePoint3d::kOrigin), Acad::eOk);
-        if (kind == 1) EXPECT_EQ(mSource.wblock(made, mFrom), Acad::eOk);
-        if (kind == 2) EXPECT_EQ(mSource.wblock(made), Acad::eOk);
+        const Acad::ErrorStatus status =
+            kind == 0   ? mSource.wblock(made, AcDbObjectIdArray(), AcGePoint3d::kOrigin)
+            : kind == 1 ? mSource.wblock(made, mFrom)
+                        : mSource.wblock(made);
+        EXPECT_EQ(status, Acad::eOk) << kind;
         delete made;
     }
     EXPECT_EQ(listener.told, "notice set extracted notice block extracted notice whole extracted ");
