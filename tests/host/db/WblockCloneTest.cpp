@@ -317,8 +317,8 @@ TEST_F(WblockClone, RecordsOfUnknownClassesAreCarriedWhole)
                                           {100, "AcDbTable"},
                                           {343, static_cast<double>(shown.handle().value())},
                                           {340, static_cast<double>(style.handle().value())},
-                                          {331, 0x7777777},
-                                          {320, 0x55},
+                                          {331, 125269879.0}, // of nothing
+                                          {320, 85.0},
                                           {40, 2.5},
                                           {1, "单元"}});
     DxfGroup group;

@@ -1,5 +1,6 @@
 #include "SelectionSet.h"
 #include "SelectionFixture.h"
+#include "dbobjptr.h"
 
 namespace
 {

@@ -25,7 +25,7 @@ protected:
         cairo_surface_write_to_png(surface, file.c_str());
         cairo_surface_destroy(surface);
         AcDbObjectId dictionaryId, id;
-        AcDbRasterImageDef::createImageDictionary(&drawing, dictionaryId);
+        AcDbRasterImageDef::createImageDictionary(&database, dictionaryId);
         const AcDbDictionaryPointer dictionary(dictionaryId, AcDb::kForWrite);
         auto* definition = new AcDbRasterImageDef;
         EXPECT_EQ(definition->setSourceFileName(file.wstring().c_str()), Acad::eOk);
