@@ -120,7 +120,7 @@ Acad::ErrorStatus AcDbBlockReference::subTransformBy(const AcGeMatrix3d& xform)
     const Acad::ErrorStatus status = setBlockTransform(xform * blockTransform());
     if (status != Acad::eOk) return status;
     // A reference that was mirrored stays so in the same axes, where that says the same.
-    if (before.sx < 0.0 && before.sy < 0.0 && mScale.sx > 0.0) {
+    if ((before.sx < 0.0) != (mScale.sx < 0.0) && (before.sy < 0.0) != (mScale.sy < 0.0)) {
         mScale.set(-mScale.sx, -mScale.sy, mScale.sz);
         mRotation += 3.14159265358979323846;
     }

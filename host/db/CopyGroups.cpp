@@ -109,7 +109,7 @@ CopySource::CopySource(const PackedGroups& groups, const AcDbObject& original, A
                        const CopyTranslation& translation)
     : PackedSource(groups, &to), mFrom(from), mTranslation(translation), mIsKept(isProxy(original)),
       mIsBlock(original.isKindOf(AcDbBlockTableRecord::desc())),
-      mIsDrawOrder(original.isKindOf(AcDbSortentsTable::desc()))
+      mIsNewOrder(!translation.keepsHandles() && original.isKindOf(AcDbSortentsTable::desc()))
 {
     CopySource::take(); // the name of the record
 }
@@ -127,7 +127,7 @@ bool CopySource::skipsOwnLists()
 {
     const DxfGroup* group = PackedSource::peek();
     if (!group) return false;
-    if (mIsDrawOrder) return group->is(331) || (group->is(5) && group->kind == DxfKind::handle);
+    if (mIsNewOrder) return group->is(331) || (group->is(5) && group->kind == DxfKind::handle);
     if (!mIsBlock || !group->is(102) || group->text != "{BLKREFS") return false;
     do {
         PackedSource::take();
@@ -150,8 +150,9 @@ void CopySource::exchange()
 void CopySource::exchangeHandle()
 {
     AcDbStub* original = DatabaseAccess::of(mFrom).stubs.find(static_cast<std::uint64_t>(mGroup.integer));
-    if (!original) {
-        mGroup.integer = 0;
+    if (!original || !original->object) {
+        // A copy with the same handles may refer to nothing by the same one.
+        if (!mTranslation.keepsHandles()) mGroup.integer = 0;
         return;
     }
     const AcDbStub* found = mInReactors ? mTranslation.translateReactor(original) : mTranslation.translate(original);

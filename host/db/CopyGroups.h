@@ -54,6 +54,8 @@ public:
     virtual AcDbStub* translateReactor(AcDbStub* original) const = 0;
     /// The name that a record has as what it was translated to.
     virtual CString nameOf(AcDbStub* translated) const = 0;
+    /// Whether each copy has the handle of its original.
+    virtual bool keepsHandles() const { return false; }
 };
 
 /// Gives the groups of an original to its copy.
@@ -75,7 +77,7 @@ private:
 
     AcDbDatabase& mFrom;
     const CopyTranslation& mTranslation;
-    bool mIsKept, mIsBlock, mIsDrawOrder;
+    bool mIsKept, mIsBlock, mIsNewOrder;
     bool mInReactors = false;
     std::string mSection;
     std::string mName; ///< behind an exchanged name

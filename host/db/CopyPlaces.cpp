@@ -240,7 +240,6 @@ void CopySession::placeNew(AcDbObject& object, AcDbObjectId container, Place pla
     if (!isOfNewContainer && !open(container)) return;
     const AcDbObjectId id = add(object, container, isOfNewContainer ? Place::owned : place, isPrimary, name);
     mGiven[{container, keyOf(name)}] = id;
-    mNames[id] = name;
     if (AcDbDictionary::cast(&object)) mNewDictionaries.insert(id);
 }
 

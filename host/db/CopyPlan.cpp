@@ -66,6 +66,7 @@ AcDbObjectId CopySession::add(AcDbObject& original, AcDbObjectId owner, Place pl
 {
     const AcDbObjectId id = newId(original);
     mPlanned.push_back({&original, id, owner, name, {}, place});
+    if (!name.IsEmpty()) mNames[id] = name;
     note(original.objectId(), id, true, isPrimary);
     return id;
 }
@@ -178,7 +179,7 @@ void CopySession::follow(const CopyReference& reference, std::size_t from)
     }
     auto* record = AcDbSymbolTableRecord::cast(to);
     if (&mFrom == &mTo) {
-        if (record) mShown.insert(reference.to);
+        if (record && reference.to != original.ownerId()) mShown.insert(reference.to);
         return;
     }
     if (!references::isHardPointer(reference.code)) return;

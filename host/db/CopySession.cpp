@@ -161,7 +161,7 @@ void CopySession::finish(const Planned& one)
     AcDbObject& copy = *residentObject(one.copy);
     if (auto* entity = AcDbEntity::cast(&copy)) finishEntity(*entity, static_cast<AcDbEntity&>(*one.original));
     if (auto* block = AcDbBlockTableRecord::cast(&copy)) finishBlock(*block, one);
-    if (auto* order = AcDbSortentsTable::cast(&copy))
+    if (auto* order = keepsHandles() ? nullptr : AcDbSortentsTable::cast(&copy))
         orderLike(*order, static_cast<AcDbSortentsTable&>(*one.original), *this);
     if (auto* layout = AcDbLayout::cast(&copy); layout && one.place == Place::entry) finishLayout(*layout);
     notices::copied(*one.original, copy);

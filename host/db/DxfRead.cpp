@@ -25,8 +25,11 @@ public:
         DxfInFiler filer(mSource, mObject.database(), [this] { readKnown(); });
         mObject.dxfInFields(&filer);
         if (filer.filerStatus() != Acad::eOk) mSource.report(DxfGroup(), "a value that its class cannot take");
-        if (filer.isInOwnSection()) skipSection();
-        if (const std::string* mark = filer.markGivenBack()) keepMark(*mark);
+        if (const std::string* mark = filer.markGivenBack()) {
+            keepMark(*mark);
+        } else if (filer.isInOwnSection()) {
+            skipSection();
+        }
         readAll();
         return mFrame;
     }

@@ -29,7 +29,7 @@ bool isFrame(Byte marker) { return marker >= 0xC0 && marker <= 0xCF && marker !=
 
 PictureHeader jpegHeader(const Byte* bytes, std::size_t size)
 {
-    for (std::size_t at = 2; at + 9 < size && bytes[at] == 0xFF;) {
+    for (std::size_t at = 2; at + 9 <= size && bytes[at] == 0xFF;) {
         const Byte marker = bytes[at + 1];
         if (marker == 0xFF) {
             ++at; // fill

@@ -18,6 +18,7 @@ private:
     void reachRecord(AcDbSymbolTableRecord& record) override;
     void reachEntry(AcDbObject& object) override;
     bool followsSoftOwners() const override { return true; }
+    bool keepsHandles() const override { return true; }
 
     void reach(AcDbObjectId record);
     void reachAll(AcDbObjectId table);

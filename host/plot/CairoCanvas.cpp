@@ -151,6 +151,8 @@ void CairoCanvas::image(cairo_surface_t* picture, const AcGePoint2d& corner, con
     cairo_save(context);
     cairo_transform(context, &matrix);
     cairo_set_source_surface(context, picture, 0, 0);
+    // Pixels larger than those of the page show as they are.
+    if (std::fabs(area) > 1.0) cairo_pattern_set_filter(cairo_get_source(context), CAIRO_FILTER_NEAREST);
     cairo_paint(context);
     cairo_restore(context);
 }

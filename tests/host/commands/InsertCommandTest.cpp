@@ -95,7 +95,7 @@ TEST_F(InsertCommand, FileBecomesABlockScaledByItsUnits)
         ASSERT_EQ(other.saveAs(mPath.c_str()), Acad::eOk);
     }
     ASSERT_EQ(database()->insunits(), AcDb::kUnitsMillimeters);
-    run(L"INSERT site=\"" + mPath + L"\" 0,0 1 1 0\n");
+    run(L"INSERT \"site=" + mPath + L"\" 0,0 1 1 0\n");
     const AcDbObjectPointer<AcDbBlockReference> reference(last());
     ASSERT_EQ(reference.openStatus(), Acad::eOk);
     EXPECT_DOUBLE_EQ(reference->scaleFactors().sx, 1000.0) << "a metre in millimetres";

@@ -83,7 +83,7 @@ TEST(PictureHeaders, SizesAreReadFromTheFirstBytes)
     // Each of them 258 by 3 (0x0102, 0x0003).
     const Case cases[] = {
         {Kind::png, std::string("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\1\2\0\0\0\3", 24)},
-        {Kind::jpeg, std::string("\xFF\xD8\xFF\xE0\0\4ab\xFF\xC2\0\x11\x08\0\3\1\2\3\0", 20)},
+        {Kind::jpeg, std::string("\xFF\xD8\xFF\xE0\0\4ab\xFF\xC2\0\x11\x08\0\3\1\2", 17)},
         {Kind::gif, std::string("GIF89a\2\1\3\0", 10)},
         {Kind::bmp, std::string("BM\0\0\0\0\0\0\0\0\0\0\0\0\x28\0\0\0\2\1\0\0\xFD\xFF\xFF\xFF", 26)},
     };
@@ -93,7 +93,7 @@ TEST(PictureHeaders, SizesAreReadFromTheFirstBytes)
         EXPECT_EQ(header.kind, test.kind);
         EXPECT_EQ(header.width, 258);
         EXPECT_EQ(header.height, 3);
-        for (std::size_t size = 0; size < test.bytes.size() - 1; ++size)
+        for (std::size_t size = 0; size < test.bytes.size(); ++size)
             EXPECT_EQ(pictureHeaderOf(bytes, size).kind, Kind::unknown) << "cut off after " << size;
     }
 }

@@ -128,7 +128,7 @@ TEST_F(Undo, ReactorsAreTold)
         void objectUnAppended(const AcDbDatabase*, const AcDbObject*) override { told += L"u"; }
         void headerSysVarChanged(const AcDbDatabase*, const ACHAR* name, Adesk::Boolean) override { told += name; }
     } ofDrawing;
-    ObjectLog log;
+    static ObjectLog log; // outlives the drawing, in which the point stays
     const AcDbObjectId id = add(new AcDbPoint);
     mDatabase.startUndoRecord();
     {
