@@ -51,6 +51,11 @@ void AreaJig::take()
     m_points.append(point);
 }
 
+bool AreaJig::isEnd(DragStatus status) const
+{
+    return status == static_cast<DragStatus>(kClose) || (status == kNull && !m_points.isEmpty());
+}
+
 DrawnPoints AreaJig::run()
 {
     while (true) {
@@ -60,7 +65,7 @@ DrawnPoints AreaJig::run()
             take();
         } else if (status == static_cast<DragStatus>(kUndo)) {
             m_points.removeLast();
-        } else if (status == kCancel || (status == kNull && m_points.isEmpty())) {
+        } else if (!isEnd(status)) {
             return {};
         } else if (canClose()) {
             return {m_points, DrawnEnd::closed};

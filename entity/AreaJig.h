@@ -26,6 +26,8 @@ private:
 
     void ask();
     void take();
+    /// Whether the user wants to end the area, with enough points or not.
+    bool isEnd(DragStatus status) const;
     bool canClose() const { return m_points.length() > 2; }
 
     AcGeMatrix3d m_ucsToWorld;

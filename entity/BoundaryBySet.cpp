@@ -2,10 +2,10 @@
 
 #include "acedads.h"
 #include "dbapserv.h"
-#include "dbobjptr.h"
 #include "dbsymtb.h"
+#include "NewEntity.h"
+#include "OpenReport.h"
 
-#include <cmath>
 #include <memory>
 
 namespace entity
@@ -39,7 +39,7 @@ private:
     {
         AcDbBlockTableRecordIterator* entities = nullptr;
         const AcDbObjectPointer<AcDbBlockTableRecord> space(m_space, AcDb::kForRead);
-        if (space.openStatus() == Acad::eOk) space->newIterator(entities, fromFirst);
+        if (isOpen(space, L"CArxEntity::CMakeEnt::MakeBoundary")) space->newIterator(entities, fromFirst);
         return std::unique_ptr<AcDbBlockTableRecordIterator>(entities);
     }
 
@@ -51,7 +51,7 @@ AcDbObjectIdArray boundaryBySet(const AcGePoint3d& pt, const ads_name candidates
                                 bool asRegions)
 {
     const AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
-    if (!database || !std::isfinite(pt.x) || !std::isfinite(pt.y) || !std::isfinite(pt.z)) return {};
+    if (!database || !isFinite(pt)) return {};
     const YoungerEntities made(database->currentSpaceId());
     const ads_point seed = {pt.x, pt.y, pt.z};
     // Advanced options: the set, islands, the kind of outline; Enter ends them, and one more the command.

@@ -1,8 +1,7 @@
 #include "CDatabase.h"
 
-#include "CDebugError.h"
 #include "dbapserv.h"
-#include "dbobjptr.h"
+#include "OpenReport.h"
 
 int CArxUtils::CDatabase::AddToDb(AcDbEntity* entity, AcDbObjectId& id)
 {
@@ -10,12 +9,8 @@ int CArxUtils::CDatabase::AddToDb(AcDbEntity* entity, AcDbObjectId& id)
     if (!entity || !database) return 0;
     const AcDbObjectPointer<AcDbBlockTableRecord> space(database->currentSpaceId(), AcDb::kForWrite);
     AcDbObjectId added;
-    Acad::ErrorStatus status = space.openStatus();
-    if (status == Acad::eOk) status = space->appendAcDbEntity(added, entity);
-    if (status != Acad::eOk) {
-        CDebugError::RxErrorMsg(status, L"CArxUtils::CDatabase::AddToDb");
-        return 0;
-    }
+    if (!entity::isOpen(space, L"CArxUtils::CDatabase::AddToDb")) return 0;
+    if (space->appendAcDbEntity(added, entity) != Acad::eOk) return 0;
     id = added;
     return 1;
 }

@@ -48,22 +48,22 @@ public:
     static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2);
     static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, AcDbObjectId& id);
     static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, int color);
-    static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, const CString& layer, int color,
+    static int MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, CString layer, int color,
                         AcDbObjectId& id);
     static int MakePoint(const AcGePoint3d& pt, AcDbObjectId& id);
     /// A closed polyline of four vertices at the height (z) of `p1`, which is its first and `p2` its third
-    /// corner; the side from the first to the second runs at `angle` (any number of radians) or against it.
-    /// 0 for a rectangle without width or height.
+    /// corner (whose own z is not looked at); the side from the first to the second runs at `angle` (any
+    /// number of radians) or against it. 0 for a rectangle without width or height.
     static int MakeRect(const AcGePoint3d& p1, const AcGePoint3d& p2, AcDbObjectId& id, double angle = 0.0);
-    /// A lightweight polyline through the x and y of the points, in WORLD coordinates at height 0; closed
-    /// unless `closed` is 0; `width` (0 or more, drawing units) is that of all its segments. A single point
-    /// makes a polyline of one vertex. 0 for an empty list or a negative width.
+    /// A lightweight polyline through the x and y of the points, in WORLD coordinates at height 0, whatever
+    /// their z holds; closed unless `closed` is 0; `width` (0 or more, drawing units) is that of all its
+    /// segments. A single point makes a polyline of one vertex. 0 for an empty list or a negative width.
     static int MakePline(const AcGePoint3dArray& points, AcDbObjectId& id, int closed = 0,
                          double width = 0.0);
     /// The same with arcs: a bulge for each vertex, the tangent of a quarter of the angle of the arc to the
     /// next one, counter-clockwise for positive ones, 0 for a straight segment. Vertices that the list does
-    /// not reach have 0; numbers beyond are not used.
-    static int MakePline(const AcGePoint3dArray& points, AcDbObjectId& id, const AcArray<double>& bulges,
+    /// not reach have 0; numbers beyond are not used, and none is changed.
+    static int MakePline(const AcGePoint3dArray& points, AcDbObjectId& id, AcArray<double>& bulges,
                          int closed, double width = 0.0);
     /// The polyline itself, which is not added: the caller owns it. Null where the others give 0.
     static AcDbPolyline* MakePline(const AcGePoint3dArray& points, int closed = 0, double width = 0.0);
@@ -77,8 +77,8 @@ public:
     static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3);
     static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, AcDbObjectId& id);
     static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, int color);
-    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
-                       const CString& layer, int color, AcDbObjectId& id);
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, CString layer,
+                       int color, AcDbObjectId& id);
     /// Gives the arc back open for write, also on a locked layer; the caller closes it. Null on failure.
     static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3, AcDbArc*& arc);
     /// Counter-clockwise from one angle to the other (any numbers of radians); a full turn for equal ones.
@@ -90,9 +90,9 @@ public:
     /// On failure `arc` is unchanged; the caller owns what a pointer names.
     static int MakeArc(const AcGePoint2d& p1, const AcGePoint2d& p2, double bulge, AcGeCircArc2d*& arc);
     /// The same in space, seen against the normal, to which p1 to p2 must be perpendicular.
-    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, double bulge, const AcGeVector3d& normal,
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, double bulge, AcGeVector3d normal,
                        AcGeCircArc3d*& arc);
-    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, double bulge, const AcGeVector3d& normal,
+    static int MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, double bulge, AcGeVector3d normal,
                        AcGeCircArc3d& arc);
     /// 0 unless the radius is above 0.
     static int MakeCircle(const AcGePoint3d& center, double r, AcDbObjectId& id);
@@ -101,9 +101,8 @@ public:
     /// counter-clockwise between two parameters, in radians from the end of `axis` on: the point at t is
     /// radius cos t along the axis and otherRadius sin t across; equal ones make it whole. 0 unless the radii
     /// are above 0, and for an axis that is zero or leaves the plane.
-    static int MakeEllipse(const AcGePoint3d& center, const AcGeVector3d& axis, double radius,
-                           double otherRadius, AcDbObjectId& id, double startAngle = 0.0,
-                           double endAngle = 6.283185307179586);
+    static int MakeEllipse(const AcGePoint3d& center, AcGeVector3d axis, double radius, double otherRadius,
+                           AcDbObjectId& id, double startAngle = 0.0, double endAngle = 6.283185307179586);
 
     // Filled figures.
 
@@ -113,7 +112,7 @@ public:
     /// Fills the inside of a closed planar curve of the drawing with triangles and appends their ids. Arcs
     /// count as chords no further from them than a thousandth of the figure's size. 0 for what is no such
     /// curve and for one that crosses or touches itself.
-    static int MakeSolid(AcDbObjectId id, const AcCmColor& color, AcDbObjectIdArray& ids);
+    static int MakeSolid(AcDbObjectId id, AcCmColor color, AcDbObjectIdArray& ids);
 
     // Texts. Heights are those of capital letters; rotations are radians from the user's X axis. What a text
     // says is kept as it stands: %%d, %%c, %%p, %%u, %%o and \U+XXXX are codes to AutoCAD. Width factor,
@@ -125,9 +124,10 @@ public:
     /// 0.
     static int MakeText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId& id, double height,
                         double rotation = 0.0);
-    /// A text that hangs on the point as the alignment says. 0 also for an alignment that there is not.
+    /// A text that hangs on the point as the alignment says. 0 also for an alignment that there is not, and
+    /// for one so large that its start would lie out of all numbers.
     static int MakeText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId& id, double height,
-                        _Aligment aligment, double rotation);
+                        _Aligment aligment, double rotation = 0.0);
     /// A text of a class, as high as the current text style says or, where that leaves it to the texts,
     /// TEXTSIZE. Of a paragraph the alignment is the attachment point, for which the baseline is the bottom;
     /// only a paragraph may have line breaks. An attribute without anything but blanks has no tag: 0.
@@ -139,9 +139,9 @@ public:
     /// object than a text style, unless the height is above 0 and for a width below it.
     static int MakeMText(const AcGePoint3d& pos, const wchar_t* text, AcDbObjectId style, double height,
                          double width, AcDbObjectId& id);
-    /// A copy of a text, multiline text or attribute definition with other contents, in the block and at the
-    /// place of the first, with its properties, extended data and extension dictionary; it belongs to no
-    /// group. 0 for entities of other classes, and where one line would get line breaks.
+    /// A copy of a text, multiline text or attribute definition with other contents, in the drawing, the
+    /// block and at the place of the first, with its properties, extended data and extension dictionary; it
+    /// belongs to no group. 0 for entities of other classes, and where one line would get line breaks.
     static int CopyText(AcDbObjectId source, const CGTStringW& text, AcDbObjectId& id);
     /// Makes or changes a text style. `font` is a font file ("gbenor.shx", "simsun.ttf"), a font file and a
     /// big font with a comma between ("gbenor.shx,gbcbig.shx"), or without an extension the name of a
@@ -165,7 +165,7 @@ public:
                          double angle);
     /// The same over one entity, in a colour.
     static int MakeHatch(AcDbObjectId boundary, CGTStringW pattern, double scale, double angle,
-                         const AcCmColor& color, AcDbObjectId& id);
+                         AcCmColor color, AcDbObjectId& id);
     /// Makes the outlines of a hatch anew where its loops lie, as entities with the current properties, and
     /// appends their ids. `asRegions` 0: a closed polyline for each loop of lines and arcs, and for other
     /// loops the curve of each edge; else one region for each loop. 0 for what is no hatch or has no loops.
@@ -177,7 +177,7 @@ public:
     /// The same of curves in WORLD coordinates (AcDbCurve*, in a drawing or not; they stay the caller's),
     /// which make closed chains; what lies inside of an odd number of chains is the region. Null when they
     /// do not, leave one plane, or a pointer is null.
-    static AcDbRegion* MakeRegion(const AcArray<void*>& curves);
+    static AcDbRegion* MakeRegion(AcArray<void*> curves);
 
     // Boundaries, traced around a point among the curves, regions and block references of the current space
     // that are shown and lie parallel to the XY plane, at any height: as seen from above, with everything
@@ -229,9 +229,10 @@ public:
 
     // With the user and the screen.
 
-    /// Draws lines through the points on the screen, back to the first one with `closed` not 0, in a colour
-    /// from 0 to 256 or, with -1, by inverting what is there. Nothing is added, and the next redraw wipes
-    /// them away. 0, and nothing drawn, for fewer than two points, one that is not finite, and other colours.
+    /// Draws lines through the points on the screen, back to the first one with `closed` not 0 and three
+    /// points at least, in a colour from 0 to 256 or, with -1, by inverting what is there. Nothing is added,
+    /// and the next redraw wipes them away. 0, and nothing drawn, for fewer than two points, one that is not
+    /// finite, and other colours.
     static int MakeGrPl(const AcGePoint3dArray& points, int color, int closed = 0);
     /// The uppermost entity under the pick box at a point of the current view, on a layer whose name fits a
     /// pattern ("WALL*"; empty: any). 0, and `id` as it was, when there is none.

@@ -66,7 +66,7 @@ int CArxEntity::CMakeEnt::MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, 
 }
 
 int CArxEntity::CMakeEnt::MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
-                                  const CString& layer, int color, AcDbObjectId& id)
+                                  CString layer, int color, AcDbObjectId& id)
 {
     auto arc = arcThrough(p1, p2, p3);
     if (!arc || !entity::setColor(*arc, color) || !entity::setLayer(*arc, layer)) return 0;
@@ -104,7 +104,7 @@ int CArxEntity::CMakeEnt::MakeArc(const AcGePoint2d& p1, const AcGePoint2d& p2, 
 }
 
 int CArxEntity::CMakeEnt::MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, double bulge,
-                                  const AcGeVector3d& normal, AcGeCircArc3d*& arc)
+                                  AcGeVector3d normal, AcGeCircArc3d*& arc)
 {
     AcGeCircArc3d made;
     if (!arcOnChord(p1, p2, bulge, normal, made)) return 0;
@@ -113,7 +113,7 @@ int CArxEntity::CMakeEnt::MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, 
 }
 
 int CArxEntity::CMakeEnt::MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, double bulge,
-                                  const AcGeVector3d& normal, AcGeCircArc3d& arc)
+                                  AcGeVector3d normal, AcGeCircArc3d& arc)
 {
     AcGeCircArc3d made;
     if (!arcOnChord(p1, p2, bulge, normal, made)) return 0;
@@ -129,7 +129,7 @@ int CArxEntity::CMakeEnt::MakeCircle(const AcGePoint3d& center, double r, AcDbOb
     return entity::add(std::move(circle), id);
 }
 
-int CArxEntity::CMakeEnt::MakeEllipse(const AcGePoint3d& center, const AcGeVector3d& axis, double radius,
+int CArxEntity::CMakeEnt::MakeEllipse(const AcGePoint3d& center, AcGeVector3d axis, double radius,
                                       double otherRadius, AcDbObjectId& id, double startAngle,
                                       double endAngle)
 {

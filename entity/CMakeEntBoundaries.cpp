@@ -7,6 +7,7 @@
 #include "dbcurve.h"
 #include "dbobjptr.h"
 #include "NewEntity.h"
+#include "OpenReport.h"
 #include "RegionExclusion.h"
 
 namespace
@@ -64,8 +65,9 @@ Regions takeOut(const AcDbObjectIdArray& ids)
     bool isWhole = true;
     for (const AcDbObjectId& id : ids) {
         const AcDbObjectPointer<AcDbRegion> region(id, AcDb::kForWrite);
-        isWhole = isWhole && region.openStatus() == Acad::eOk;
-        if (region.openStatus() != Acad::eOk) continue;
+        const bool isOpen = entity::isOpen(region, L"CArxEntity::CMakeEnt::MakeBoundary");
+        isWhole = isWhole && isOpen;
+        if (!isOpen) continue;
         regions.emplace_back(AcDbRegion::cast(region->clone()));
         region->erase();
     }

@@ -5,10 +5,8 @@
 #include "CUcsWcs.h"
 #include "dbapserv.h"
 #include "dbdimordinate.h"
-#include "dbobjptr.h"
 #include "NewEntity.h"
-
-#include <cmath>
+#include "OpenReport.h"
 
 namespace
 {
@@ -28,23 +26,26 @@ AcGeVector3d directionTo(int side)
 }
 
 /// The current style for an empty name; null for a name that is not there.
-AcDbObjectId styleNamed(const CString& name)
+AcDbObjectId styleNamed(const CString& name, const wchar_t* member)
 {
     AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
     if (!database || name.IsEmpty()) return database ? database->dimstyle() : AcDbObjectId();
     AcDbObjectId style;
     const AcDbDimStyleTablePointer styles(database, AcDb::kForRead);
-    if (styles.openStatus() == Acad::eOk && styles->getAt(name, style) != Acad::eOk) style.setNull();
+    if (entity::isOpen(styles, member) && styles->getAt(name, style) != Acad::eOk) style.setNull();
     return style;
 }
 
-/// In world coordinates; null when the user coordinate system cannot be had.
+/// In world coordinates; null when the user coordinate system cannot be had, and for a leader that leaves the
+/// numbers.
 std::unique_ptr<AcDbEntity> ordinate(const AcGePoint3d& pt, int side, double length, AcDbObjectId style)
 {
     const AcGeVector3d along = directionTo(side);
+    const AcGePoint3d end = pt + length * along;
     const bool measuresX = along.x == 0.0;
-    auto dimension = std::make_unique<AcDbOrdinateDimension>(AcGePoint3d::kOrigin, measuresX, pt,
-                                                             pt + length * along, nullptr, style);
+    if (!entity::isFinite(pt) || !entity::isFinite(end)) return nullptr;
+    auto dimension =
+        std::make_unique<AcDbOrdinateDimension>(AcGePoint3d::kOrigin, measuresX, pt, end, nullptr, style);
     dimension->setDatabaseDefaults();
     dimension->setDimensionStyle(style);
     dimension->setElevation(pt.z); // the leader starts at the point, and not below it
@@ -55,9 +56,10 @@ std::unique_ptr<AcDbEntity> ordinate(const AcGePoint3d& pt, int side, double len
 int addOrdinates(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double length, const CString& style,
                  int count)
 {
-    const AcDbObjectId styleId = styleNamed(style);
-    const bool isPoint = std::isfinite(pt.x) && std::isfinite(pt.y) && std::isfinite(pt.z);
-    if (styleId.isNull() || !isPoint || !(length > 0.0) || !std::isfinite(length)) return 0;
+    CString member;
+    member.Format(L"CArxEntity::CMakeEnt::MakeCoordDim%d", count);
+    const AcDbObjectId styleId = styleNamed(style, member);
+    if (styleId.isNull() || !(length > 0.0)) return 0;
     entity::Batch batch;
     for (int i = 0; i < count; ++i)
         if (!batch.addInWorld(ordinate(pt, side % 4 + i, length, styleId))) return 0;

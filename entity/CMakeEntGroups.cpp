@@ -5,8 +5,8 @@
 #include "dbapserv.h"
 #include "dbdict.h"
 #include "dbgroup.h"
-#include "dbobjptr.h"
 #include "dbsymutl.h"
+#include "OpenReport.h"
 
 #include <memory>
 
@@ -28,41 +28,42 @@ public:
 };
 
 /// Model space or the sheet of a layout: what is inside a block definition is selected with its references.
-bool isOfSpace(const AcDbEntity& entity)
+bool isOfSpace(const AcDbEntity& entity, const wchar_t* member)
 {
     const AcDbObjectPointer<AcDbBlockTableRecord> owner(entity.ownerId(), AcDb::kForRead);
-    return owner.openStatus() == Acad::eOk && owner->isLayout();
+    return entity::isOpen(owner, member) && owner->isLayout();
 }
 
-bool canBeGrouped(AcDbObjectId id)
+bool canBeGrouped(AcDbObjectId id, const wchar_t* member)
 {
     const AcDbEntityPointer entity(id, AcDb::kForRead);
-    return entity.openStatus() == Acad::eOk && entity->database() == workingDatabase() && isOfSpace(*entity);
+    return entity::isOpen(entity, member) && entity->database() == workingDatabase() &&
+           isOfSpace(*entity, member);
 }
 
-bool canBeGrouped(const AcDbObjectIdArray& ids)
+bool canBeGrouped(const AcDbObjectIdArray& ids, const wchar_t* member)
 {
     for (const AcDbObjectId& id : ids)
-        if (!canBeGrouped(id)) return false;
+        if (!canBeGrouped(id, member)) return false;
     return !ids.isEmpty();
 }
 
 /// An empty group in the dictionary, open for write; null when the name is taken. The dictionary is closed
 /// again, for giving the group another name opens it.
-AcDbGroup* newGroup(const CString& name)
+AcDbGroup* newGroup(const CString& name, const wchar_t* member)
 {
     const Groups groups(AcDb::kForWrite);
-    if (groups.openStatus() != Acad::eOk || groups->has(name)) return nullptr;
+    if (!entity::isOpen(groups, member) || groups->has(name)) return nullptr;
     auto group = std::make_unique<AcDbGroup>(L"");
     AcDbObjectId id;
     return groups->setAt(name, group.get(), id) == Acad::eOk ? group.release() : nullptr;
 }
 
 /// Adds a group of entities; a name that begins with "*" leaves the number to the drawing.
-int addGroup(const CString& name, const AcDbObjectIdArray& ids, AcDbObjectId& id)
+int addGroup(const CString& name, const AcDbObjectIdArray& ids, AcDbObjectId& id, const wchar_t* member)
 {
-    if (!canBeGrouped(ids)) return 0;
-    const AcDbObjectPointer<AcDbGroup> group(newGroup(name));
+    if (!canBeGrouped(ids, member)) return 0;
+    const AcDbObjectPointer<AcDbGroup> group(newGroup(name, member));
     if (!group) return 0;
     bool isWhole = group->append(ids) == Acad::eOk;
     if (isWhole && name[0] == L'*') isWhole = group->setAnonymous() == Acad::eOk;
@@ -74,16 +75,18 @@ int addGroup(const CString& name, const AcDbObjectIdArray& ids, AcDbObjectId& id
     return 1;
 }
 
+constexpr const wchar_t* dissolver = L"CArxEntity::CMakeEnt::ExplodNoNameGroup";
+
 AcDbObjectIdArray anonymousGroups(const CString& name)
 {
     AcDbObjectIdArray found;
     const Groups groups(AcDb::kForRead);
-    if (groups.openStatus() != Acad::eOk) return found;
+    if (!entity::isOpen(groups, dissolver)) return found;
     const std::unique_ptr<AcDbDictionaryIterator> entry(groups->newIterator());
     for (; !entry->done(); entry->next()) {
         const AcDbObjectPointer<AcDbGroup> group(entry->objectId(), AcDb::kForRead);
         const bool isMeant = name.IsEmpty() || name.CompareNoCase(entry->name()) == 0;
-        if (group.openStatus() == Acad::eOk && group->isAnonymous() && isMeant)
+        if (isMeant && entity::isOpen(group, dissolver) && group->isAnonymous())
             found.append(entry->objectId());
     }
     return found;
@@ -94,12 +97,12 @@ int CArxEntity::CMakeEnt::MakeGroup(CGTStringW name, const AcDbObjectIdArray& id
 {
     constexpr bool withVerticalBar = false;
     const bool isName = acdbSymUtil()->validateSymbolName(name, withVerticalBar) == Acad::eOk;
-    return isName ? addGroup(name, ids, id) : 0;
+    return isName ? addGroup(name, ids, id, L"CArxEntity::CMakeEnt::MakeGroup") : 0;
 }
 
 int CArxEntity::CMakeEnt::MakeNoNameGroup(const AcDbObjectIdArray& ids, AcDbObjectId& id)
 {
-    return addGroup(L"*A", ids, id);
+    return addGroup(L"*A", ids, id, L"CArxEntity::CMakeEnt::MakeNoNameGroup");
 }
 
 int CArxEntity::CMakeEnt::ExplodNoNameGroup(CGTStringW name)
@@ -107,7 +110,7 @@ int CArxEntity::CMakeEnt::ExplodNoNameGroup(CGTStringW name)
     int dissolved = 0;
     for (const AcDbObjectId& id : anonymousGroups(name)) {
         const AcDbObjectPointer<AcDbGroup> group(id, AcDb::kForWrite);
-        if (group.openStatus() == Acad::eOk && group->erase() == Acad::eOk) dissolved = 1;
+        if (entity::isOpen(group, dissolver) && group->erase() == Acad::eOk) dissolved = 1;
     }
     return dissolved;
 }

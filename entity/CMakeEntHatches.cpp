@@ -7,6 +7,7 @@
 #include "HatchBoundary.h"
 #include "HatchOutlines.h"
 #include "NewEntity.h"
+#include "OpenReport.h"
 
 #include <cmath>
 
@@ -62,7 +63,7 @@ int CArxEntity::CMakeEnt::MakeHatch(const AcDbObjectIdArray& ids, AcDbObjectId& 
 }
 
 int CArxEntity::CMakeEnt::MakeHatch(AcDbObjectId boundary, CGTStringW pattern, double scale, double angle,
-                                    const AcCmColor& color, AcDbObjectId& id)
+                                    AcCmColor color, AcDbObjectId& id)
 {
     AcDbObjectIdArray ids;
     ids.append(boundary);
@@ -74,7 +75,7 @@ int CArxEntity::CMakeEnt::MakeHatch(AcDbObjectId boundary, CGTStringW pattern, d
 int CArxEntity::CMakeEnt::MakeHatchBoundary(AcDbObjectId hatchId, AcDbObjectIdArray& ids, int asRegions)
 {
     const AcDbObjectPointer<AcDbHatch> hatch(hatchId, AcDb::kForRead);
-    if (hatch.openStatus() != Acad::eOk) return 0;
+    if (!entity::isOpen(hatch, L"CArxEntity::CMakeEnt::MakeHatchBoundary")) return 0;
     std::vector<std::unique_ptr<AcDbEntity>> outlines;
     for (int i = 0; i < hatch->numLoops(); ++i)
         if (!entity::appendOutlines(*hatch.object(), i, asRegions != 0, outlines)) return 0;

@@ -6,7 +6,6 @@
 #include "PolylineInput.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace
 {
@@ -46,9 +45,7 @@ int draw(entity::DrawnPoints (*ask)(), const Look& look, AcDbObjectId& id)
 
 bool areFinite(const AcGePoint3dArray& points)
 {
-    return std::all_of(points.begin(), points.end(), [](const AcGePoint3d& point) {
-        return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
-    });
+    return std::all_of(points.begin(), points.end(), entity::isFinite);
 }
 } // namespace
 

@@ -76,8 +76,8 @@ int CArxEntity::CMakeEnt::MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2,
     return MakeLine(p1, p2, L"", color, id);
 }
 
-int CArxEntity::CMakeEnt::MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, const CString& layer,
-                                   int color, AcDbObjectId& id)
+int CArxEntity::CMakeEnt::MakeLine(const AcGePoint3d& p1, const AcGePoint3d& p2, CString layer, int color,
+                                   AcDbObjectId& id)
 {
     auto line = lineBetween(p1, p2);
     if (!line || !entity::setColor(*line, color) || !entity::setLayer(*line, layer)) return 0;
@@ -121,8 +121,8 @@ int CArxEntity::CMakeEnt::MakePline(const AcGePoint3dArray& points, AcDbObjectId
     return entity::addInWorld(std::unique_ptr<AcDbEntity>(MakePline(points, closed, width)), id);
 }
 
-int CArxEntity::CMakeEnt::MakePline(const AcGePoint3dArray& points, AcDbObjectId& id,
-                                    const AcArray<double>& bulges, int closed, double width)
+int CArxEntity::CMakeEnt::MakePline(const AcGePoint3dArray& points, AcDbObjectId& id, AcArray<double>& bulges,
+                                    int closed, double width)
 {
     std::unique_ptr<AcDbPolyline> polyline(MakePline(points, closed, width));
     if (!polyline || !setBulges(*polyline, bulges)) return 0;

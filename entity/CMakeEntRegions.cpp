@@ -47,7 +47,7 @@ AcDbRegion* CArxEntity::CMakeEnt::MakeRegion(const AcGePoint3dArray& points)
     return regions[0].release();
 }
 
-AcDbRegion* CArxEntity::CMakeEnt::MakeRegion(const AcArray<void*>& curves)
+AcDbRegion* CArxEntity::CMakeEnt::MakeRegion(AcArray<void*> curves)
 {
     std::unique_ptr<AcDbRegion> region = entity::areaByTurns(regionsOf(curves));
     if (region) region->setDatabaseDefaults();

@@ -6,6 +6,7 @@
 #include "dbobjptr.h"
 #include "dbsolid.h"
 #include "NewEntity.h"
+#include "OpenReport.h"
 #include "PolygonTriangles.h"
 
 namespace
@@ -33,7 +34,7 @@ bool outlineOf(AcDbObjectId id, Outline& outline)
     AcGePlane plane;
     AcDb::Planarity planarity = AcDb::kNonPlanar;
     AcGePoint3dArray points;
-    if (curve.openStatus() != Acad::eOk || !curve->isClosed()) return false;
+    if (!entity::isOpen(curve, L"CArxEntity::CMakeEnt::MakeSolid") || !curve->isClosed()) return false;
     if (curve->getPlane(plane, planarity) != Acad::eOk || planarity != AcDb::kPlanar) return false;
     if (!entity::sampleCurve(*curve.object(), points) || points.length() < 4) return false;
     points.removeLast(); // the first again
@@ -66,7 +67,7 @@ int CArxEntity::CMakeEnt::MakeSolid(const AcGePoint3d& p1, const AcGePoint3d& p2
     return entity::add(std::move(solid), id);
 }
 
-int CArxEntity::CMakeEnt::MakeSolid(AcDbObjectId id, const AcCmColor& color, AcDbObjectIdArray& ids)
+int CArxEntity::CMakeEnt::MakeSolid(AcDbObjectId id, AcCmColor color, AcDbObjectIdArray& ids)
 {
     Outline outline;
     if (!outlineOf(id, outline)) return 0;

@@ -3,12 +3,14 @@
 #include "CMakeEnt.h"
 
 #include "dbapserv.h"
-#include "dbobjptr.h"
 #include "dbsymutl.h"
+#include "OpenReport.h"
 
 namespace
 {
 using StyleRecord = AcDbTextStyleTableRecord;
+
+constexpr const wchar_t* maker = L"CArxEntity::CMakeEnt::MakeTxtStyle";
 
 struct StyleData {
     CString font, bigFont; ///< files; empty for a typeface
@@ -55,7 +57,7 @@ bool change(StyleRecord& style, const StyleData& data)
 bool addNew(AcDbDatabase* database, const CString& name, const StyleData& data)
 {
     const AcDbTextStyleTablePointer table(database, AcDb::kForWrite);
-    if (table.openStatus() != Acad::eOk) return false;
+    if (!entity::isOpen(table, maker)) return false;
     auto style = std::make_unique<StyleRecord>();
     if (style->setName(name) != Acad::eOk || !apply(data, *style) || table->add(style.get()) != Acad::eOk)
         return false;
@@ -80,5 +82,5 @@ int CArxEntity::CMakeEnt::MakeTxtStyle(CGTStringW name, CGTStringW font, double 
     if (acdbSymUtil()->getTextStyleId(existing, name, database) != Acad::eOk)
         return addNew(database, name, data);
     StyleRecord* style = nullptr;
-    return acdbOpenObject(style, existing, AcDb::kForWrite) == Acad::eOk && change(*style, data);
+    return entity::isOpen(acdbOpenObject(style, existing, AcDb::kForWrite), maker) && change(*style, data);
 }

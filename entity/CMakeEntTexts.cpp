@@ -7,12 +7,15 @@
 #include "dbattrib.h"
 #include "dbidmap.h"
 #include "dbmtext.h"
-#include "dbobjptr.h"
 #include "dbtext.h"
 #include "NewEntity.h"
+#include "OpenReport.h"
+#include "Transaction.h"
 
 namespace
 {
+constexpr const wchar_t* copier = L"CArxEntity::CMakeEnt::CopyText";
+
 /// How an alignment is said to texts and to multiline texts.
 struct Anchor {
     AcDb::TextHorzMode horizontal;
@@ -53,7 +56,10 @@ bool align(AcDbText& line, const Anchor& anchor, const AcGePoint3d& pos)
     if (line.setHorizontalMode(anchor.horizontal) != Acad::eOk ||
         line.setVerticalMode(anchor.vertical) != Acad::eOk)
         return false;
-    return line.isDefaultAlignment() || line.setAlignmentPoint(pos) == Acad::eOk;
+    if (line.isDefaultAlignment()) return true;
+    const AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    return line.setAlignmentPoint(pos) == Acad::eOk && line.adjustAlignment(database) == Acad::eOk &&
+           entity::isFinite(line.position());
 }
 
 bool fill(AcDbMText& paragraph, const AcGePoint3d& pos, const wchar_t* text, double height, double rotation)
@@ -68,7 +74,8 @@ std::unique_ptr<Line> lineOf(const AcGePoint3d& pos, const wchar_t* text, double
 {
     const Anchor* const anchor = anchorOf(aligment);
     auto line = entity::begin<Line>();
-    if (!anchor || !fill(*line, pos, text, height, rotation) || !align(*line, *anchor, pos)) return nullptr;
+    if (!text || !anchor || !fill(*line, pos, text, height, rotation) || !align(*line, *anchor, pos))
+        return nullptr;
     return line;
 }
 
@@ -105,7 +112,8 @@ double currentTextHeight()
     AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
     if (!database) return 0.0;
     const AcDbObjectPointer<AcDbTextStyleTableRecord> style(database->textstyle(), AcDb::kForRead);
-    const double fixed = style.openStatus() == Acad::eOk ? style->textSize() : 0.0;
+    const bool isOpen = entity::isOpen(style, L"CArxEntity::CMakeEnt::MakeText");
+    const double fixed = isOpen ? style->textSize() : 0.0;
     return fixed > 0.0 ? fixed : database->textsize();
 }
 
@@ -123,18 +131,11 @@ bool isCopied(const AcDbEntity& entity)
            !entity.isKindOf(AcDbAttribute::desc());
 }
 
-/// Whether an entity takes a text: a copy that nobody sees tries it.
-bool takes(const AcDbEntity& entity, const CString& text)
-{
-    const std::unique_ptr<AcDbEntity> trial(AcDbEntity::cast(entity.clone()));
-    return trial && setContents(*trial, text);
-}
-
-/// The block of a text that can be copied with these contents; null for other objects.
-AcDbObjectId blockOfText(AcDbObjectId source, const CString& text)
+/// The block of a text that can be copied; null for other objects.
+AcDbObjectId blockOfText(AcDbObjectId source)
 {
     const AcDbEntityPointer original(source, AcDb::kForRead);
-    const bool isSource = original.openStatus() == Acad::eOk && isCopied(*original) && takes(*original, text);
+    const bool isSource = entity::isOpen(original, copier) && isCopied(*original);
     return isSource ? original->blockId() : AcDbObjectId();
 }
 
@@ -181,21 +182,20 @@ int CArxEntity::CMakeEnt::MakeMText(const AcGePoint3d& pos, const wchar_t* text,
                                     double height, double width, AcDbObjectId& id)
 {
     auto paragraph = entity::begin<AcDbMText>();
-    if (!fill(*paragraph, pos, text, height, 0.0) || paragraph->setWidth(width) != Acad::eOk) return 0;
+    if (!text || !fill(*paragraph, pos, text, height, 0.0) || paragraph->setWidth(width) != Acad::eOk)
+        return 0;
     if (!style.isNull() && !setStyle(*paragraph, style)) return 0;
     return entity::add(std::move(paragraph), id);
 }
 
 int CArxEntity::CMakeEnt::CopyText(AcDbObjectId source, const CGTStringW& text, AcDbObjectId& id)
 {
-    const AcDbObjectId block = blockOfText(source, text);
-    const AcDbObjectId copy = block.isNull() ? block : copied(source, block);
-    const AcDbEntityPointer added(copy, AcDb::kForWrite);
-    if (added.openStatus() != Acad::eOk) return 0;
-    if (!setContents(*added, text)) {
-        added->erase();
-        return 0;
-    }
+    const AcDbObjectId block = blockOfText(source);
+    if (block.isNull()) return 0;
+    entity::Transaction transaction(*source.database());
+    const AcDbObjectId copy = copied(source, block);
+    AcDbEntity* const added = copy.isNull() ? nullptr : transaction.open(copy, copier);
+    if (!added || !setContents(*added, text) || !transaction.keep()) return 0;
     id = copy;
     return 1;
 }

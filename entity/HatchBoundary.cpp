@@ -6,6 +6,7 @@
 #include "dbtext.h"
 #include "EndChains.h"
 #include "LoopNesting.h"
+#include "OpenReport.h"
 
 #include <set>
 
@@ -105,7 +106,7 @@ public:
     {
         if (!m_seen.insert(id).second) return true;
         const AcDbEntityPointer entity(id, AcDb::kForRead);
-        if (entity.openStatus() != Acad::eOk) return false;
+        if (!isOpen(entity, L"CArxEntity::CMakeEnt::MakeHatch")) return false;
         m_plane.add(*entity.object());
         AcGePoint3d start, end;
         const Ends ends = endsOf(*entity.object(), start, end);

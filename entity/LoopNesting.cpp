@@ -5,6 +5,7 @@
 #include "dbobjptr.h"
 #include "dbtext.h"
 #include "gept2dar.h"
+#include "OpenReport.h"
 
 #include <algorithm>
 
@@ -20,7 +21,7 @@ public:
     {
         for (const AcDbObjectId& id : ids) {
             const AcDbEntityPointer entity(id, AcDb::kForRead);
-            if (entity.openStatus() == Acad::eOk) add(*entity.object());
+            if (isOpen(entity, L"CArxEntity::CMakeEnt::MakeHatch")) add(*entity.object());
         }
     }
 

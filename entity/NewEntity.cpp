@@ -5,11 +5,28 @@
 #include "dbidar.h"
 #include "dbobjptr.h"
 #include "dbxutil.h"
+#include "OpenReport.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace entity
 {
+namespace
+{
+/// Coordinates that each can be held make sums that cannot, in turned systems or as ends of lengths.
+bool isWithinNumbers(const AcDbEntity& entity)
+{
+    AcDbExtents box;
+    return entity.getGeomExtents(box) != Acad::eOk || (isFinite(box.minPoint()) && isFinite(box.maxPoint()));
+}
+} // namespace
+
+bool isFinite(const AcGePoint3d& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
 bool setColor(AcDbEntity& entity, int color)
 {
     constexpr int byBlock = 0, byLayer = 256;
@@ -24,6 +41,7 @@ bool setLayer(AcDbEntity& entity, const CString& layer)
 
 int addInWorld(std::unique_ptr<AcDbEntity> entity, AcDbObjectId& id)
 {
+    if (!entity || !isWithinNumbers(*entity)) return 0;
     if (!CArxUtils::CDatabase::AddToDb(entity.get(), id)) return 0;
     entity.release()->close();
     return 1;
@@ -45,7 +63,7 @@ Batch::~Batch()
 {
     for (const AcDbObjectId& id : m_added) {
         const AcDbEntityPointer added(id, AcDb::kForWrite);
-        if (added.openStatus() == Acad::eOk) added->erase();
+        if (isOpen(added, L"CArxEntity::CMakeEnt")) added->erase();
     }
 }
 

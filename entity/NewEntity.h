@@ -25,8 +25,11 @@ bool setColor(AcDbEntity& entity, int color);
 /// Takes a layer by its name; an empty name leaves the current one. False for a layer that is not there.
 bool setLayer(AcDbEntity& entity, const CString& layer);
 
-/// Adds an entity that has world coordinates to the current space and closes it. 0 when that fails: it is
-/// deleted then and `id` is unchanged.
+/// Whether all coordinates of a point are numbers.
+bool isFinite(const AcGePoint3d& point);
+
+/// Adds an entity that has world coordinates to the current space and closes it. 0 when that fails, and for
+/// an entity that reaches out of all numbers: it is deleted then and `id` is unchanged.
 int addInWorld(std::unique_ptr<AcDbEntity> entity, AcDbObjectId& id);
 /// The same for an entity in the coordinates of the current user coordinate system.
 int add(std::unique_ptr<AcDbEntity> entity, AcDbObjectId& id);

@@ -84,8 +84,10 @@ DrawnPoints askPolyline()
 bool showLines(const AcGePoint3dArray& points, int color, bool closed)
 {
     constexpr int highlight = 0;
+    const bool returns = closed && points.length() > 2; // the way back of two points is the way there
+    const int count = returns ? points.length() : points.length() - 1;
     bool isShown = true;
-    for (int i = 0; isShown && i < points.length() - (closed ? 0 : 1); ++i) {
+    for (int i = 0; isShown && i < count; ++i) {
         const AcGePoint3d &start = points[i], &end = points[(i + 1) % points.length()];
         const ads_point from = {start.x, start.y, start.z}, to = {end.x, end.y, end.z};
         isShown = acedGrDraw(from, to, color, highlight) == RTNORM;

@@ -7,6 +7,7 @@
 #include "dbmtext.h"
 #include "dbxutil.h"
 
+#include <climits>
 #include <cmath>
 
 namespace
@@ -119,6 +120,20 @@ TEST_F(CoordDim, CountIsThatOfItsName)
         ASSERT_EQ(makers[count - 1]({1, 2, 0}, ids, 1, 3.0, L"STANDARD"), 1);
         EXPECT_EQ(ids.length(), 1 + count) << "behind those of before";
         EXPECT_EQ(ids[0], database()->modelSpaceId());
+    }
+}
+
+TEST_F(CoordDim, SidesGoOnRoundInBothDirections)
+{
+    // 2147483647 leaves 3 by 4, and -2147483648 nothing.
+    for (const auto& [side, direction] :
+         {std::pair(INT_MAX, sides[3]), std::pair(INT_MIN, sides[0]), std::pair(-1, sides[3])}) {
+        AcDbObjectIdArray ids;
+        ASSERT_EQ(CMakeEnt::MakeCoordDim4({1, 2, 0}, ids, side, 3.0), 1);
+        EXPECT_POINT(Open<AcDbOrdinateDimension>(ids[0])->leaderEndPoint(),
+                     AcGePoint3d(1, 2, 0) + 3.0 * direction);
+        EXPECT_POINT(Open<AcDbOrdinateDimension>(ids[2])->leaderEndPoint(),
+                     AcGePoint3d(1, 2, 0) - 3.0 * direction);
     }
 }
 

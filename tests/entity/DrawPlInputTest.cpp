@@ -96,12 +96,42 @@ TEST_F(DrawnPolyline, SinglePointsMakeNothingAndTheNextPolylineIsAskedFor)
     EXPECT_EQ(entityCount(), 1);
 }
 
+TEST_F(DrawnPolyline, SamePointTwiceIsTwoVertices)
+{
+    for (const Maker maker : {CMakeEnt::DrawPlCmd, CMakeEnt::DrawPlWithDoubleElastic}) {
+        ASSERT_EQ(draw(maker, L"1,1 1,1 @ 5,5  "), 1);
+        expectVertices({{1, 1, 0}, {1, 1, 0}, {1, 1, 0}, {5, 5, 0}});
+    }
+}
+
+TEST_F(DrawnPolyline, ColorsOutOfRangeAreTheNearest)
+{
+    for (const auto& [color, taken] : {std::pair(-5, 0), std::pair(300, 256)}) {
+        AcDbObjectId line, area;
+        AcDbObjectIdArray ids;
+        asCommand(
+            [&, color = color] {
+                CMakeEnt::DrawPl(ids, L"", color);
+                CMakeEnt::DrawPlCmd(line, L"", color);
+                CMakeEnt::DrawPlWithDoubleElastic(area, L"", color);
+            },
+            L"0,0 1,0   0,0 1,0  0,0 1,0 1,1  ");
+        ASSERT_EQ(ids.length(), 1);
+        for (const AcDbObjectId& id : {ids[0], line, area}) {
+            const Open<AcDbPolyline> polyline(id);
+            ASSERT_EQ(polyline.openStatus(), Acad::eOk);
+            EXPECT_EQ(polyline->colorIndex(), taken);
+        }
+    }
+}
+
 TEST_F(DrawnPolyline, NothingIsAskedForALayerThatIsNotThere)
 {
     AcDbObjectIdArray ids;
     AcDbObjectId id;
     EXPECT_EQ(CMakeEnt::DrawPl(ids, L"NOWHERE"), 0);
     EXPECT_EQ(CMakeEnt::DrawPlCmd(id, L"NOWHERE"), 0);
+    EXPECT_EQ(CMakeEnt::DrawPlWithDoubleElastic(id, L"NOWHERE"), 0);
     EXPECT_EQ(CMakeEnt::DrawPlWithDoubleElastic(id, L"", 256, -1.0), 0);
     EXPECT_EQ(takeOutput(), L"");
 }

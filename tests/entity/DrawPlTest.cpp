@@ -97,4 +97,17 @@ TEST_F(MakeGrPl, LinesAreOnTheScreenAndNotInTheDrawing)
     EXPECT_EQ(lines[2].color, 5);
     EXPECT_EQ(entityCount(), 0);
 }
+
+TEST_F(MakeGrPl, LineOfTwoPointsIsDrawnOnce)
+{
+    AcGePoint3dArray points;
+    points.append({0, 0, 0});
+    points.append({1, 0, 0});
+    constexpr int inverting = -1; // twice would be as it was
+    ASSERT_EQ(CMakeEnt::MakeGrPl(points, inverting, 1), 1);
+    EXPECT_EQ(ed::screen().lines.size(), 1u);
+    points.append({1, 0, 0});
+    ASSERT_EQ(CMakeEnt::MakeGrPl(points, inverting, 1), 1);
+    EXPECT_EQ(ed::screen().lines.size(), 4u);
+}
 } // namespace

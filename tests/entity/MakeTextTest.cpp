@@ -4,6 +4,7 @@
 #include "dbgroup.h"
 #include "dbmtext.h"
 #include "dbtext.h"
+#include "dbtrans.h"
 
 namespace
 {
@@ -52,6 +53,16 @@ TEST_F(MakeText, ClassChoosesTheEntityAndTheStyleItsHeight)
     ASSERT_EQ(CMakeEnt::MakeTxtStyle(L"Standard", L"txt.shx", 7.5, 1.0, 0.0), 1);
     ASSERT_EQ(CMakeEnt::MakeText(kSoftCommon, {0, 0, 0}, L"a", line, kAligLeft, kTextClassLine), 1);
     EXPECT_EQ(Open<AcDbText>(line)->height(), 7.5);
+}
+
+TEST_F(MakeText, AlignmentNeedsNoRotation)
+{
+    AcDbObjectId id;
+    ASSERT_EQ(CMakeEnt::MakeText({1, 2, 0}, L"A", id, 2.5, kAligTopRight), 1);
+    const Open<AcDbText> text(id);
+    EXPECT_EQ(text->rotation(), 0.0);
+    EXPECT_EQ(text->horizontalMode(), AcDb::kTextRight);
+    EXPECT_EQ(text->verticalMode(), AcDb::kTextTop);
 }
 
 TEST_F(MakeMText, FrameHangsOnItsTopLeftCorner)
@@ -126,6 +137,65 @@ TEST_F(CopyText, CopyLiesInTheBlockOfItsOriginal)
     const Open<AcDbBlockTableRecord> held(block);
     EXPECT_EQ(CMakeEnt::CopyText(source, L"three", copy), 0) << "somebody reads the block";
     EXPECT_EQ(held->entityIds().size(), 2u);
+}
+
+TEST_F(CopyText, TextsOnLockedLayersGetTheirCopiesThere)
+{
+    const AcDbObjectId layer = addLayer(L"NOTES");
+    ASSERT_EQ(database()->setClayer(layer), Acad::eOk);
+    AcDbObjectId line, paragraph, copy;
+    ASSERT_EQ(CMakeEnt::MakeText({1, 2, 0}, L"one", line, 2.0), 1);
+    ASSERT_EQ(CMakeEnt::MakeMText({0, 0, 0}, L"three", AcDbObjectId(), 1.0, 0.0, paragraph), 1);
+    Open<AcDbLayerTableRecord>(layer, AcDb::kForWrite)->setIsLocked(true);
+    ASSERT_EQ(CMakeEnt::CopyText(line, L"two", copy), 1);
+    EXPECT_STREQ(Open<AcDbText>(copy)->textStringConst(), L"two");
+    EXPECT_EQ(Open<AcDbText>(copy)->layerId(), layer);
+    EXPECT_EQ(CMakeEnt::CopyText(line, L"two\nlines", copy), 0);
+    EXPECT_STREQ(Open<AcDbText>(copy)->textStringConst(), L"two") << "the id is as it was";
+    EXPECT_EQ(entityCount(), 3) << "the copy that did not take its text is gone";
+    ASSERT_EQ(CMakeEnt::CopyText(paragraph, L"four", copy), 1);
+    CString contents;
+    Open<AcDbMText>(copy)->contents(contents);
+    EXPECT_EQ(contents, L"four");
+}
+
+TEST_F(CopyText, ReadersOfTheOriginalAreNotInTheWay)
+{
+    AcDbObjectId source, copy;
+    ASSERT_EQ(CMakeEnt::MakeText({1, 2, 0}, L"one", source, 2.0), 1);
+    const Open<AcDbText> held(source);
+    ASSERT_EQ(CMakeEnt::CopyText(source, L"two", copy), 1);
+    EXPECT_STREQ(Open<AcDbText>(copy)->textStringConst(), L"two");
+    EXPECT_STREQ(held->textStringConst(), L"one");
+}
+
+TEST_F(CopyText, TextsOfAnotherDrawingAreCopiedInTheirOwn)
+{
+    AcDbDatabase other;
+    AcDbObjectId source, copy;
+    acdbHostApplicationServices()->setWorkingDatabase(&other);
+    const int isMade = CMakeEnt::MakeText({1, 2, 0}, L"one", source, 2.0);
+    acdbHostApplicationServices()->setWorkingDatabase(database());
+    ASSERT_EQ(isMade, 1);
+    ASSERT_EQ(CMakeEnt::CopyText(source, L"two", copy), 1);
+    EXPECT_EQ(copy.database(), &other);
+    EXPECT_EQ(Open<AcDbText>(copy)->ownerId(), other.modelSpaceId());
+    EXPECT_EQ(entityCount(), 0);
+}
+
+TEST_F(CopyText, CopyGoesWithTheTransactionOfItsCaller)
+{
+    AcDbObjectId source, copy;
+    ASSERT_EQ(CMakeEnt::MakeText({1, 2, 0}, L"one", source, 2.0), 1);
+    AcDbTransactionManager* const transactions = database()->transactionManager();
+    transactions->startTransaction();
+    ASSERT_EQ(CMakeEnt::CopyText(source, L"two", copy), 1);
+    EXPECT_EQ(CMakeEnt::CopyText(source, L"two\nlines", copy), 0);
+    EXPECT_EQ(transactions->numActiveTransactions(), 1);
+    EXPECT_EQ(entityCount(), 2);
+    ASSERT_EQ(transactions->abortTransaction(), Acad::eOk);
+    EXPECT_EQ(entityCount(), 1);
+    EXPECT_TRUE(copy.isErased());
 }
 
 TEST_F(CopyText, OtherObjectsAreNotCopied)

@@ -1,242 +1,10 @@
-#include "EntityFixture.h"
+#include "TextMakers.h"
 
-#include "dbattdef.h"
 #include "dbgroup.h"
-#include "dbmtext.h"
-#include "dbsymutl.h"
-#include "dbtext.h"
-#include "ScreenRecord.h"
-
-#include <functional>
+#include <cmath>
 
 namespace
 {
-/// What a maker may fill in: 1 for success, 0 for failure.
-using Call = std::function<int(AcDbObjectId&, AcDbObjectIdArray&)>;
-struct NamedCall {
-    std::string name;
-    Call make;
-};
-using Calls = std::vector<NamedCall>;
-
-const AcGePoint3d here(3, 4, 5);
-
-class MakersOfTexts : public EntityTest
-{
-protected:
-    void SetUp() override
-    {
-        EntityTest::SetUp();
-        ed::screen() = {};
-        ASSERT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {1, 0, 0}, m_line), 1);
-        ASSERT_EQ(CMakeEnt::MakeText({0, 0, 0}, L"text", m_text, 1.0), 1);
-        ASSERT_EQ(CMakeEnt::MakeText({0, 0, 0}, L"gone", m_erased, 1.0), 1);
-        Open<AcDbText>(m_erased, AcDb::kForWrite)->erase();
-        ASSERT_EQ(CMakeEnt::MakeGroup(L"TAKEN", listOf({m_line, m_text}), m_group), 1);
-        ASSERT_EQ(CMakeEnt::MakeTxtStyle(L"HELD", L"txt.shx", 3.0, 0.8, 0.1), 1);
-        turnUcs();
-    }
-
-    static AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
-    {
-        AcDbObjectIdArray list;
-        for (const AcDbObjectId& id : ids)
-            list.append(id);
-        return list;
-    }
-    unsigned groupCount() const
-    {
-        return Open<AcDbDictionary>(database()->groupDictionaryId())->numEntries();
-    }
-    int styleCount() const
-    {
-        const AcDbTextStyleTablePointer table(database());
-        int count = 0;
-        AcDbTextStyleTableIterator* at = nullptr;
-        table->newIterator(at);
-        for (const std::unique_ptr<AcDbTextStyleTableIterator> owner(at); !at->done(); at->step())
-            ++count;
-        return count;
-    }
-    struct Counts {
-        int entities, styles, open;
-        unsigned groups;
-        bool operator==(const Counts& other) const
-        {
-            return entities == other.entities && styles == other.styles && open == other.open &&
-                   groups == other.groups;
-        }
-    };
-    Counts counts() const
-    {
-        return {entityCount(), styleCount(), headless::openObjects(*database()), groupCount()};
-    }
-
-    /// Fails for a call that succeeds, or leaves anything behind.
-    void expectRefused(const NamedCall& call)
-    {
-        const AcDbObjectIdArray before = listOf({m_line});
-        AcDbObjectIdArray ids = before;
-        AcDbObjectId id = m_line;
-        EXPECT_EQ(call.make(id, ids), 0) << call.name;
-        EXPECT_EQ(id, m_line) << call.name;
-        EXPECT_TRUE(ids == before) << call.name;
-        EXPECT_TRUE(ed::screen().lines.empty()) << call.name;
-    }
-    void expectRefused(const Calls& calls)
-    {
-        for (const NamedCall& call : calls) {
-            const Counts before = counts();
-            expectRefused(call);
-            EXPECT_TRUE(counts() == before) << call.name;
-        }
-    }
-
-    Calls atPoint(const AcGePoint3d& at) const;
-    Calls withSize(double size) const;
-    Calls withText(const wchar_t* text) const;
-    Calls withName(const CString& name) const;
-    Calls withGroup(const AcDbObjectIdArray& ids) const;
-    Calls withObject(AcDbObjectId object) const;
-    Calls good();
-
-    AcDbObjectId m_line, m_text, m_erased, m_group;
-};
-
-/// Every maker that takes a point, at one.
-Calls MakersOfTexts::atPoint(const AcGePoint3d& at) const
-{
-    Calls calls = {
-        {"MakeText", [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeText(at, L"a", id, 1.0, 0.5); }},
-        {"MakeText aligned",
-         [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeText(at, L"a", id, 1.0, kAligTopRight, 0.5); }},
-        {"MakeMText", [=](AcDbObjectId& id, auto&) {
-             return CMakeEnt::MakeMText(at, L"a", AcDbObjectId(), 1.0, 0.0, id);
-         }}};
-    for (const _Text_Class kind : {kTextClassLine, kTextClassParagraph, kTextClassAttribute})
-        calls.push_back({"MakeText of class " + std::to_string(kind), [=](AcDbObjectId& id, auto&) {
-                             return CMakeEnt::MakeText(kSoftCommon, at, L"a", id, kAligCenter, kind, 0.5);
-                         }});
-    using Dimensions = int (*)(const AcGePoint3d&, AcDbObjectIdArray&, int, double, CGTStringW);
-    for (const Dimensions make :
-         {CMakeEnt::MakeCoordDim1, CMakeEnt::MakeCoordDim2, CMakeEnt::MakeCoordDim3, CMakeEnt::MakeCoordDim4})
-        calls.push_back(
-            {"MakeCoordDim", [=](auto&, AcDbObjectIdArray& ids) { return make(at, ids, 0, 5.0, L""); }});
-    return calls;
-}
-
-/// Every maker that takes a height, length, width, factor or angle, with a bad one.
-Calls MakersOfTexts::withSize(double size) const
-{
-    Calls calls = {
-        {"MakeText", [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeText(here, L"a", id, size); }},
-        {"MakeText aligned",
-         [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeText(here, L"a", id, size, kAligRight, 0.0); }},
-        {"MakeMText", [=](AcDbObjectId& id,
-                          auto&) { return CMakeEnt::MakeMText(here, L"a", AcDbObjectId(), size, 0.0, id); }},
-        {"MakeCoordDim",
-         [=](auto&, AcDbObjectIdArray& ids) { return CMakeEnt::MakeCoordDim3(here, ids, 1, size); }},
-        {"MakeTxtStyle factor",
-         [=](auto&, auto&) { return CMakeEnt::MakeTxtStyle(L"HELD", L"romans.shx", 1.0, size, 0.0); }},
-        {"MakeTxtStyle new",
-         [=](auto&, auto&) { return CMakeEnt::MakeTxtStyle(L"NEW", L"romans.shx", 1.0, size, 0.0); }}};
-    if (size == 0.0) return calls; // which is a good width and angle
-    calls.push_back({"MakeMText width", [=](AcDbObjectId& id, auto&) {
-                         return CMakeEnt::MakeMText(here, L"a", AcDbObjectId(), 1.0, size, id);
-                     }});
-    calls.push_back({"MakeTxtStyle height", [=](auto&, auto&) {
-                         return CMakeEnt::MakeTxtStyle(L"HELD", L"romans.shx", size, 1.0, 0.0);
-                     }});
-    calls.push_back({"DrawPl width",
-                     [=](auto&, AcDbObjectIdArray& ids) { return CMakeEnt::DrawPl(ids, L"", 256, size); }});
-    calls.push_back({"DrawPlCmd width",
-                     [=](AcDbObjectId& id, auto&) { return CMakeEnt::DrawPlCmd(id, L"", 256, size); }});
-    calls.push_back({"DrawPlWithDoubleElastic width", [=](AcDbObjectId& id, auto&) {
-                         return CMakeEnt::DrawPlWithDoubleElastic(id, L"", 256, size);
-                     }});
-    return calls;
-}
-
-/// Every maker of single lines, with a text that is none.
-Calls MakersOfTexts::withText(const wchar_t* text) const
-{
-    Calls calls = {
-        {"MakeText", [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeText(here, text, id, 1.0); }},
-        {"MakeText aligned",
-         [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeText(here, text, id, 1.0, kAligRight, 0.0); }}};
-    if (!text) {
-        calls.push_back({"MakeMText", [=](AcDbObjectId& id, auto&) {
-                             return CMakeEnt::MakeMText(here, text, AcDbObjectId(), 1.0, 0.0, id);
-                         }});
-        return calls;
-    }
-    calls.push_back(
-        {"CopyText", [=](AcDbObjectId& id, auto&) { return CMakeEnt::CopyText(m_text, text, id); }});
-    calls.push_back({"MakeText attribute", [=](AcDbObjectId& id, auto&) {
-                         return CMakeEnt::MakeText(kSoftCommon, here, text, id, kAligLeft,
-                                                   kTextClassAttribute);
-                     }});
-    return calls;
-}
-
-/// Every maker that takes a name, with one that is not allowed or not there.
-Calls MakersOfTexts::withName(const CString& name) const
-{
-    const AcDbObjectIdArray entities = listOf({m_line});
-    return {{"MakeTxtStyle",
-             [=](auto&, auto&) { return CMakeEnt::MakeTxtStyle(name, L"txt.shx", 1.0, 1.0, 0.0); }},
-            {"MakeGroup", [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeGroup(name, entities, id); }},
-            {"MakeCoordDim",
-             [=](auto&, AcDbObjectIdArray& ids) {
-                 return name.IsEmpty() ? 0 : CMakeEnt::MakeCoordDim2(here, ids, 0, 5.0, name);
-             }},
-            {"DrawPlCmd",
-             [=](AcDbObjectId& id, auto&) { return name.IsEmpty() ? 0 : CMakeEnt::DrawPlCmd(id, name); }},
-            {"SeekBj",
-             [=](AcDbObjectId& id, auto&) { return name.IsEmpty() ? 0 : CMakeEnt::SeekBj(here, name, id); }},
-            {"ExplodNoNameGroup", [=](auto&, auto&) { return CMakeEnt::ExplodNoNameGroup(name); }}};
-}
-
-Calls MakersOfTexts::withGroup(const AcDbObjectIdArray& ids) const
-{
-    return {{"MakeGroup", [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeGroup(L"NEW", ids, id); }},
-            {"MakeNoNameGroup", [=](AcDbObjectId& id, auto&) { return CMakeEnt::MakeNoNameGroup(ids, id); }}};
-}
-
-/// Every maker that takes an object, with one that it cannot use.
-Calls MakersOfTexts::withObject(AcDbObjectId object) const
-{
-    Calls calls = withGroup(listOf({m_line, object}));
-    calls.push_back(
-        {"CopyText", [=](AcDbObjectId& id, auto&) { return CMakeEnt::CopyText(object, L"b", id); }});
-    if (!object.isNull())
-        calls.push_back({"MakeMText", [=](AcDbObjectId& id, auto&) {
-                             return CMakeEnt::MakeMText(here, L"a", object, 1.0, 0.0, id);
-                         }});
-    return calls;
-}
-
-/// Every maker, as it succeeds. The interactive ones have answers waiting.
-Calls MakersOfTexts::good()
-{
-    Calls calls = atPoint(here);
-    calls.push_back(
-        {"CopyText", [=](AcDbObjectId& id, auto&) { return CMakeEnt::CopyText(m_text, L"b", id); }});
-    calls.push_back({"DrawPl", [=](auto&, AcDbObjectIdArray& ids) {
-                         answer(L"0,0 1,0  ");
-                         return CMakeEnt::DrawPl(ids);
-                     }});
-    calls.push_back({"DrawPlCmd", [=](AcDbObjectId& id, auto&) {
-                         answer(L"0,0 1,0 1,1 c ");
-                         return CMakeEnt::DrawPlCmd(id);
-                     }});
-    calls.push_back({"DrawPlWithDoubleElastic", [=](AcDbObjectId& id, auto&) {
-                         answer(L"0,0 1,0 1,1 c ");
-                         return CMakeEnt::DrawPlWithDoubleElastic(id);
-                     }});
-    return calls;
-}
-
 TEST_F(MakersOfTexts, PointsThatAreNoneAddNothing)
 {
     for (const AcGePoint3d& at : {AcGePoint3d(kNan, 0, 0), AcGePoint3d(0, kInf, 0), AcGePoint3d(0, 0, -kInf)})
@@ -251,10 +19,16 @@ TEST_F(MakersOfTexts, SizesOutOfRangeAddAndChangeNothing)
         expectRefused({{"MakeTxtStyle", [=](auto&, auto&) {
                             return CMakeEnt::MakeTxtStyle(L"HELD", L"romans.shx", 1.0, 1.0, oblique);
                         }}});
-    for (const double rotation : {kNan, kInf})
+    for (const double rotation : {kNan, kInf}) {
         expectRefused({{"MakeText", [=](AcDbObjectId& id, auto&) {
                             return CMakeEnt::MakeText(here, L"a", id, 1.0, rotation);
                         }}});
+        for (const _Text_Class kind : {kTextClassLine, kTextClassParagraph, kTextClassAttribute})
+            expectRefused({{"MakeText of class", [=](AcDbObjectId& id, auto&) {
+                                return CMakeEnt::MakeText(kSoftCommon, here, L"a", id, kAligLeft, kind,
+                                                          rotation);
+                            }}});
+    }
     const AcDbTextStyleTableRecordPointer held(L"HELD", database());
     EXPECT_EQ(held->fileName(), L"txt.shx");
     EXPECT_EQ(held->textSize(), 3.0);
@@ -304,20 +78,105 @@ TEST_F(MakersOfTexts, ObjectsThatAreNoneAddNothing)
     expectRefused(withGroup(AcDbObjectIdArray()));
     AcDbDatabase other;
     expectRefused(withObject(other.textstyle()));
+    acdbHostApplicationServices()->setWorkingDatabase(&other);
+    AcDbObjectId foreign;
+    ASSERT_EQ(CMakeEnt::MakeText(here, L"a", foreign, 1.0), 1);
+    acdbHostApplicationServices()->setWorkingDatabase(database());
+    expectRefused(withGroup(listOf({m_line, foreign})));
+    const AcDbObjectId style = AcDbTextStyleTableRecordPointer(L"HELD", database())->objectId();
+    Open<AcDbTextStyleTableRecord>(style, AcDb::kForWrite)->erase();
+    expectRefused(withObject(style));
     const Open<AcDbText> held(m_text, AcDb::kForWrite);
     expectRefused(withObject(m_text));
 }
 
+TEST_F(MakersOfTexts, TablesThatSomebodyHoldsTakeNothing)
+{
+    AcDbObjectId anonymous;
+    ASSERT_EQ(CMakeEnt::MakeNoNameGroup(listOf({m_line}), anonymous), 1);
+    const AcDbObjectIdArray lines = listOf({m_line});
+    const auto style = [](const wchar_t* name) {
+        return CMakeEnt::MakeTxtStyle(name, L"romans.shx", 1.0, 1.0, 0.0);
+    };
+    AcDbObjectIdArray ids;
+    AcDbObjectId id;
+    {
+        const Open<AcDbDictionary> groups(database()->groupDictionaryId(), AcDb::kForWrite);
+        EXPECT_EQ(CMakeEnt::MakeGroup(L"NEW", lines, id), 0);
+        EXPECT_EQ(CMakeEnt::MakeNoNameGroup(lines, id), 0);
+        EXPECT_EQ(CMakeEnt::ExplodNoNameGroup(L""), 0);
+        const AcDbTextStyleTablePointer styles(database(), AcDb::kForWrite);
+        EXPECT_EQ(style(L"NEW"), 0);
+    }
+    {
+        const AcDbTextStyleTableRecordPointer held(L"HELD", database());
+        EXPECT_EQ(style(L"HELD"), 0);
+        EXPECT_EQ(held->fileName(), L"txt.shx");
+    }
+    EXPECT_TRUE(id.isNull());
+    EXPECT_FALSE(anonymous.isErased());
+    EXPECT_EQ(groupCount(), 2u);
+    EXPECT_EQ(style(L"HELD"), 1);
+}
+
+/// Whether the box of every entity that has one is made of numbers.
+bool hasNumbersOnly(AcDbDatabase& drawing)
+{
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(drawing.modelSpaceId(), AcDb::kForRead);
+    for (const AcDbObjectId& id : space->entityIds()) {
+        AcDbExtents box;
+        const AcDbEntityPointer entity(id, AcDb::kForRead);
+        if (entity.openStatus() != Acad::eOk || entity->getGeomExtents(box) != Acad::eOk) continue;
+        for (const AcGePoint3d& corner : {box.minPoint(), box.maxPoint()})
+            if (!std::isfinite(corner.x) || !std::isfinite(corner.y) || !std::isfinite(corner.z))
+                return false;
+    }
+    return true;
+}
+
+TEST_F(MakersOfTexts, HugeNumbersAreRefusedOrMakeASoundDrawing)
+{
+    const double half = std::sqrt(0.5);
+    setUcs({10, 20, 0}, {half, half, 0}, {-half, half, 0}); // sums of two coordinates
+    for (const double huge : {1e15, -1e100, 1e150, 1.7e308}) {
+        Calls calls = withSize(huge);
+        for (const AcGePoint3d& at : {AcGePoint3d(huge, 0, 0), AcGePoint3d(huge, huge, 0)}) {
+            const Calls placed = atPoint(at);
+            calls.insert(calls.end(), placed.begin(), placed.end());
+            for (const Dimensions make : dimensions)
+                calls.push_back({"MakeCoordDim to the end", [=](auto&, AcDbObjectIdArray& ids) {
+                                     return make(at, ids, 0, std::fabs(huge), L"");
+                                 }});
+        }
+        for (const NamedCall& call : calls) {
+            if (call.name.find("DrawPl") == 0) continue; // they would ask
+            AcDbObjectId id;
+            AcDbObjectIdArray ids;
+            const int before = entityCount();
+            const int result = call.make(id, ids);
+            EXPECT_EQ(entityCount() > before, result == 1 && call.name.find("Style") == call.name.npos)
+                << call.name << ' ' << huge;
+        }
+    }
+    SavedEntities saved(*database());
+    EXPECT_FALSE(saved.drawing().needsRecovery());
+    EXPECT_TRUE(hasNumbersOnly(saved.drawing()));
+}
+
 TEST_F(MakersOfTexts, PointsThatAreNotThereAreNotDrawnNorSought)
 {
-    for (const double bad : {kNan, kInf}) {
+    for (const double bad : {kNan, kInf, -kInf}) {
         AcGePoint3dArray points;
         points.append({0, 0, 0});
         points.append({1, 0, 0});
         points.append({bad, 1, 0});
         expectRefused({{"MakeGrPl", [=](auto&, auto&) { return CMakeEnt::MakeGrPl(points, 1, 1); }},
-                       {"SeekBj", [=](AcDbObjectId& id, auto&) {
+                       {"SeekBj",
+                        [=](AcDbObjectId& id, auto&) {
                             return CMakeEnt::SeekBj({bad, 0, 0}, L"", id);
+                        }},
+                       {"SeekBj", [=](AcDbObjectId& id, auto&) {
+                            return CMakeEnt::SeekBj({0, 0, bad}, L"", id);
                         }}});
         points.setLogicalLength(1);
         expectRefused({{"MakeGrPl", [=](auto&, auto&) { return CMakeEnt::MakeGrPl(points, 1, 1); }}});
@@ -329,16 +188,13 @@ TEST_F(MakersOfTexts, PointsThatAreNotThereAreNotDrawnNorSought)
 
 TEST_F(MakersOfTexts, UnlockedDocumentTakesNothing)
 {
-    Calls calls = good();
-    const Calls groups = withGroup(listOf({m_line}));
-    calls.insert(calls.end(), groups.begin(), groups.end());
-    calls.push_back({"MakeTxtStyle new",
-                     [](auto&, auto&) { return CMakeEnt::MakeTxtStyle(L"NEW", L"txt.shx", 1.0, 1.0, 0.0); }});
-    calls.push_back({"MakeTxtStyle", [](auto&, auto&) {
-                         return CMakeEnt::MakeTxtStyle(L"HELD", L"txt.shx", 1.0, 1.0, 0.0);
-                     }});
+    AcDbObjectId anonymous;
+    ASSERT_EQ(CMakeEnt::MakeNoNameGroup(listOf({m_line}), anonymous), 1);
+    Calls calls = all();
+    calls.push_back({"ExplodNoNameGroup", [](auto&, auto&) { return CMakeEnt::ExplodNoNameGroup(L""); }});
     m_lock.unlock();
     expectRefused(calls);
+    EXPECT_FALSE(anonymous.isErased());
 }
 
 TEST_F(MakersOfTexts, SpaceThatSomebodyHoldsTakesNothing)
@@ -355,7 +211,8 @@ TEST_F(MakersOfTexts, NothingIsMadeWithoutADrawing)
 {
     const Counts before = counts();
     AcDbDatabase* const working = acdbHostApplicationServices()->workingDatabase();
-    for (const NamedCall& call : atPoint(here)) {
+    for (const NamedCall& call : all()) {
+        if (call.name == "CopyText") continue; // goes by the drawing of the text
         acdbHostApplicationServices()->setWorkingDatabase(nullptr);
         expectRefused(call);
         acdbHostApplicationServices()->setWorkingDatabase(working);
@@ -363,18 +220,57 @@ TEST_F(MakersOfTexts, NothingIsMadeWithoutADrawing)
     EXPECT_TRUE(counts() == before);
 }
 
-TEST_F(MakersOfTexts, LockedAndFrozenCurrentLayersTakeAllTheSame)
+void expectTaken(const NamedCall& call, AcDbObjectId layer)
 {
-    const AcDbObjectId layer = addLayer(L"LOCKED", true);
-    database()->setClayer(layer);
-    for (const NamedCall& call : good()) {
-        AcDbObjectId id;
-        AcDbObjectIdArray ids;
-        EXPECT_EQ(call.make(id, ids), 1) << call.name;
-        const AcDbObjectId made = ids.isEmpty() ? id : ids.last();
-        const Open<AcDbEntity> entity(made);
-        ASSERT_EQ(entity.openStatus(), Acad::eOk) << call.name;
-        EXPECT_EQ(entity->layerId() == layer, call.name != "CopyText") << call.name;
+    AcDbObjectId id;
+    AcDbObjectIdArray ids;
+    EXPECT_EQ(call.make(id, ids), 1) << call.name;
+    const AcDbEntityPointer entity(ids.isEmpty() ? id : ids.last(), AcDb::kForRead);
+    ASSERT_EQ(entity.openStatus(), Acad::eOk) << call.name;
+    EXPECT_EQ(entity->layerId(), layer) << call.name;
+}
+
+/// The properties of a layer in whose way nothing may be.
+const std::pair<const wchar_t*, void (*)(AcDbLayerTableRecord&)> states[] = {
+    {L"LOCKED", [](AcDbLayerTableRecord& layer) { layer.setIsLocked(true); }},
+    {L"FROZEN", [](AcDbLayerTableRecord& layer) { layer.setIsFrozen(true); }},
+    {L"OFF", [](AcDbLayerTableRecord& layer) { layer.setIsOff(true); }}};
+
+TEST_F(MakersOfTexts, CurrentLayersThatAreLockedFrozenOrOffTakeAllTheSame)
+{
+    for (const auto& [name, change] : states) {
+        const AcDbObjectId layer = addLayer(name);
+        ASSERT_EQ(database()->setClayer(layer), Acad::eOk);
+        change(*Open<AcDbLayerTableRecord>(layer, AcDb::kForWrite));
+        for (const NamedCall& call : good())
+            expectTaken(call, call.name == "CopyText" ? database()->layerZero() : layer);
+    }
+}
+
+TEST_F(MakersOfTexts, NamedLayersThatAreLockedFrozenOrOffTakeAllTheSame)
+{
+    for (const auto& [name, change] : states) {
+        const AcDbObjectId layer = addLayer(name);
+        change(*Open<AcDbLayerTableRecord>(layer, AcDb::kForWrite));
+        const CString named = name;
+        expectTaken({"DrawPl",
+                     [=](auto&, AcDbObjectIdArray& ids) {
+                         answer(L"0,0 1,0  ");
+                         return CMakeEnt::DrawPl(ids, named);
+                     }},
+                    layer);
+        expectTaken({"DrawPlCmd",
+                     [=](AcDbObjectId& id, auto&) {
+                         answer(L"0,0 1,0  ");
+                         return CMakeEnt::DrawPlCmd(id, named);
+                     }},
+                    layer);
+        expectTaken({"DrawPlWithDoubleElastic",
+                     [=](AcDbObjectId& id, auto&) {
+                         answer(L"0,0 1,0 1,1  ");
+                         return CMakeEnt::DrawPlWithDoubleElastic(id, named);
+                     }},
+                    layer);
     }
 }
 } // namespace

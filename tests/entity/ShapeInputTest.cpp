@@ -61,7 +61,8 @@ int closed(int result, AcDbArc* arc)
     return result;
 }
 
-/// The makers of lines and curves. Those that work in the plane get no third coordinate to spoil.
+/// The makers of lines and curves. Those that work in the plane get a third coordinate that is none, where
+/// they do not look at it.
 const std::vector<Maker> curves = {
     {"line",
      {0, 0, 0, 1, 2, 3},
@@ -83,12 +84,12 @@ const std::vector<Maker> curves = {
     {"rectangle",
      {0, 0, 1, 4, 3, 0.5},
      [](const Numbers& n, Results& out) {
-         return CMakeEnt::MakeRect(pointAt(n, 0), {n[3], n[4], 0}, out.id, n[5]);
+         return CMakeEnt::MakeRect(pointAt(n, 0), {n[3], n[4], kNan}, out.id, n[5]);
      }},
     {"polyline",
      {0, 0, 4, 0, 4, 3, 0.1},
      [](const Numbers& n, Results& out) {
-         const Numbers flat = {n[0], n[1], 0, n[2], n[3], 0, n[4], n[5], 0};
+         const Numbers flat = {n[0], n[1], kNan, n[2], n[3], kInf, n[4], n[5], 0};
          return CMakeEnt::MakePline(pointsOf(flat, 3), out.id, 1, n[6]);
      }},
     {"polyline with arcs",
@@ -97,13 +98,13 @@ const std::vector<Maker> curves = {
          AcArray<double> bulges;
          bulges.append(n[4]);
          bulges.append(n[5]);
-         const Numbers flat = {n[0], n[1], 0, n[2], n[3], 0};
+         const Numbers flat = {n[0], n[1], kNan, n[2], n[3], -kInf};
          return CMakeEnt::MakePline(pointsOf(flat, 2), out.id, bulges, 1, n[6]);
      }},
     {"polyline of the caller's",
      {0, 0, 4, 0, 4, 3, 0.1},
      [](const Numbers& n, Results& out) {
-         const Numbers flat = {n[0], n[1], 0, n[2], n[3], 0, n[4], n[5], 0};
+         const Numbers flat = {n[0], n[1], kNan, n[2], n[3], kInf, n[4], n[5], 0};
          return taken(CMakeEnt::MakePline(pointsOf(flat, 3), 1, n[6]), out);
      }},
     {"spline",
@@ -386,6 +387,7 @@ struct Refused {
 
 TEST_F(ShapeInputTest, FiguresWithoutExtentAreRefused)
 {
+    AcArray<double> noBulges;
     const AcGePoint3d o(0, 0, 0), x(1, 0, 0), xx(2, 0, 0), y(0, 1, 0);
     const auto points = [](std::initializer_list<AcGePoint3d> list) {
         AcGePoint3dArray array;
@@ -434,7 +436,7 @@ TEST_F(ShapeInputTest, FiguresWithoutExtentAreRefused)
              return CMakeEnt::MakePline(points({o, x}), r.id, 0, -1.0);
          }},
         {"bulges without points",
-         [&](Results& r) { return CMakeEnt::MakePline(points({}), r.id, AcArray<double>(), 0); }},
+         [&](Results& r) { return CMakeEnt::MakePline(points({}), r.id, noBulges, 0); }},
         {"a spline without points", [&](Results& r) { return CMakeEnt::MakeSpline(points({}), r.id); }},
         {"a spline of one point", [&](Results& r) { return CMakeEnt::MakeSpline(points({x}), r.id); }},
         {"a spline of equal points",
