@@ -215,8 +215,9 @@ public:
     // the point across its leader: along X for a leader along Y, along Y for a leader along X. Their straight
     // leaders, `length` drawing units long, point to the sides 0 (+X), 1 (+Y), 2 (-X), 3 (-Y) of the point:
     // the first to `side` (further numbers go on round in both directions), each of the others to the next
-    // one counter-clockwise. `style` is a dimension style, empty: the current one. The ids are appended. 0,
-    // and none of them made, for a style that is not there or a length that is not above 0.
+    // one counter-clockwise. `style` is a dimension style as it is defined, empty: the current one with the
+    // dimension variables as they are set now. The ids are appended. 0, and none of them made, for a style
+    // that is not there or a length that is not above 0.
 
     static int MakeCoordDim1(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double length,
                              CGTStringW style = L"");

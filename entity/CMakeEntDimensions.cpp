@@ -25,31 +25,47 @@ AcGeVector3d directionTo(int side)
     }
 }
 
-/// The current style for an empty name; null for a name that is not there.
-AcDbObjectId styleNamed(const CString& name, const wchar_t* member)
+/// How dimensions are to look.
+struct Look {
+    AcDbObjectId style;
+    std::unique_ptr<AcDbDimStyleTableRecord> variables; ///< the drawing's, which may differ from its style
+};
+
+/// An empty name is the drawing's current look. False for a style that is not there.
+bool findLook(Look& look, const CString& name, const wchar_t* member)
 {
     AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
-    if (!database || name.IsEmpty()) return database ? database->dimstyle() : AcDbObjectId();
-    AcDbObjectId style;
-    const AcDbDimStyleTablePointer styles(database, AcDb::kForRead);
-    if (entity::isOpen(styles, member) && styles->getAt(name, style) != Acad::eOk) style.setNull();
-    return style;
+    if (!database) return false;
+    if (!name.IsEmpty()) {
+        const AcDbDimStyleTablePointer styles(database, AcDb::kForRead);
+        return entity::isOpen(styles, member) && styles->getAt(name, look.style) == Acad::eOk;
+    }
+    look.style = database->dimstyle();
+    AcDbDimStyleTableRecord* variables = nullptr;
+    const bool isGiven = database->getDimstyleData(variables) == Acad::eOk;
+    look.variables.reset(variables);
+    return isGiven;
+}
+
+bool setLook(AcDbDimension& dimension, const Look& look)
+{
+    return dimension.setDimensionStyle(look.style) == Acad::eOk &&
+           (!look.variables || dimension.setDimstyleData(look.variables.get()) == Acad::eOk);
 }
 
 /// In world coordinates; null when the user coordinate system cannot be had, and for a leader that leaves the
 /// numbers.
-std::unique_ptr<AcDbEntity> ordinate(const AcGePoint3d& pt, int side, double length, AcDbObjectId style)
+std::unique_ptr<AcDbEntity> ordinate(const AcGePoint3d& pt, int side, double length, const Look& look)
 {
     const AcGeVector3d along = directionTo(side);
     const AcGePoint3d end = pt + length * along;
     const bool measuresX = along.x == 0.0;
     if (!entity::isFinite(pt) || !entity::isFinite(end)) return nullptr;
-    auto dimension =
-        std::make_unique<AcDbOrdinateDimension>(AcGePoint3d::kOrigin, measuresX, pt, end, nullptr, style);
+    auto dimension = std::make_unique<AcDbOrdinateDimension>(AcGePoint3d::kOrigin, measuresX, pt, end,
+                                                             nullptr, look.style);
     dimension->setDatabaseDefaults();
-    dimension->setDimensionStyle(style);
     dimension->setElevation(pt.z); // the leader starts at the point, and not below it
-    if (!CArxUtils::CUcsWcs::UcsToWcs(dimension.get())) return nullptr;
+    if (!setLook(*dimension, look) || !CArxUtils::CUcsWcs::UcsToWcs(dimension.get())) return nullptr;
     return dimension;
 }
 
@@ -58,11 +74,11 @@ int addOrdinates(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double
 {
     CString member;
     member.Format(L"CArxEntity::CMakeEnt::MakeCoordDim%d", count);
-    const AcDbObjectId styleId = styleNamed(style, member);
-    if (styleId.isNull() || !(length > 0.0)) return 0;
+    Look look;
+    if (!(length > 0.0) || !findLook(look, style, member)) return 0;
     entity::Batch batch;
     for (int i = 0; i < count; ++i)
-        if (!batch.addInWorld(ordinate(pt, side % 4 + i, length, styleId))) return 0;
+        if (!batch.addInWorld(ordinate(pt, side % 4 + i, length, look))) return 0;
     return batch.keep(ids);
 }
 } // namespace

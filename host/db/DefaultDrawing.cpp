@@ -67,14 +67,24 @@ AcDbObjectId visualStyleOf(AcDbDatabase& database)
     if (styles) styles->getAt(L"2dWireframe", id);
     return id;
 }
+
+/// The current style of a drawing in whose dimension variables nothing was changed yet.
+AcDbDimStyleTableRecord* styleOfVariables(const AcDbDatabase& database)
+{
+    AcDbDimStyleTableRecord* style = nullptr;
+    database.getDimstyleData(style);
+    return style;
+}
 } // namespace
 
 void addDefaultContents(AcDbDatabase& database)
 {
     DatabaseState& state = DatabaseAccess::of(database);
     addDefaultStyles(database);
-    addRecord<AcDbDimStyleTable>(database, new AcDbDimStyleTableRecord, L"Standard");
-    state.dimstyle = addRecord<AcDbDimStyleTable>(database, new AcDbDimStyleTableRecord, L"ISO-25");
+    auto* standard = new AcDbDimStyleTableRecord;
+    standard->setDimtxsty(state.textstyle);
+    addRecord<AcDbDimStyleTable>(database, standard, L"Standard");
+    state.dimstyle = addRecord<AcDbDimStyleTable>(database, styleOfVariables(database), L"ISO-25");
     auto* viewport = new AcDbViewportTableRecord;
     viewport->setCenterPoint({210.0, 148.5}); // the limits of a new metric drawing, over the whole height
     viewport->setHeight(297.0);

@@ -41,9 +41,10 @@ AcDbDimStyleTableRecord* newRecordOf(const DimVariables& variables)
     return record;
 }
 
-/// "$DIMASZ" of "dimasz".
+/// "$DIMASZ" of "dimasz"; one has a shorter name in headers.
 std::string variableOf(const char* member)
 {
+    if (std::string_view(member) == "dimfxlen") return "$DIMFXL";
     std::string name = "$";
     for (; *member; ++member) name += static_cast<char>(std::toupper(static_cast<unsigned char>(*member)));
     return name;
@@ -64,7 +65,7 @@ public:
 
     void read(const char* member, int, double& value) const
     {
-        if (has(member)) value = mHeader.real(variableOf(member)) * unitOf(member);
+        if (has(member)) value = mHeader.real(variableOf(member));
     }
     void read(const char* member, int, int& value) const
     {
@@ -85,23 +86,27 @@ public:
         if (table && !name.IsEmpty()) table->getAt(name, value);
     }
 
-    void write(const char* member, double value) { mHeader.setReal(variableOf(member), value / unitOf(member)); }
-    void write(const char* member, int value) { mHeader.setInteger(variableOf(member), value); }
-    void write(const char* member, bool value) { mHeader.setInteger(variableOf(member), value); }
-    void write(const char* member, const CString& value) { mHeader.setText(variableOf(member), value); }
-    void write(const char* member, AcDbObjectId id)
+    void write(const char* member, int, double value)
+    {
+        if (has(member)) mHeader.setReal(variableOf(member), value);
+    }
+    void write(const char* member, int, int value)
+    {
+        if (has(member)) mHeader.setInteger(variableOf(member), value);
+    }
+    void write(const char* member, int, const CString& value)
+    {
+        if (has(member)) mHeader.setText(variableOf(member), value);
+    }
+    void write(const char* member, int code, AcDbObjectId id)
     {
         const auto* record = AcDbSymbolTableRecord::cast(residentObject(id));
-        mHeader.setText(variableOf(member), record ? record->name() : CString());
+        const CString none = code == 340 ? L"Standard" : L""; // dimensions cannot do without a text style
+        if (has(member)) mHeader.setText(variableOf(member), record ? record->name() : none);
     }
 
 private:
     bool has(const char* member) const { return mHeader.find(variableOf(member)) != nullptr; }
-    /// Angles are degrees in headers.
-    static double unitOf(const char* member)
-    {
-        return std::string_view(member) == "dimjogang" ? dxf::radiansPerDegree : 1.0;
-    }
 
     const AcDbDatabase& mDatabase;
     HeaderVariables& mHeader;
@@ -124,9 +129,9 @@ void readAll(const HeaderDims& header, DimVariables& variables)
 
 void writeAll(HeaderDims header, const AcDbDimStyleTableRecord& record)
 {
-#define DIM_WRITE(name, Name, code, value) header.write(#name, record.name());
-#define DIM_WRITE_COLOR(name, Name, code, value) header.write(#name, int(record.name().colorIndex()));
-#define DIM_WRITE_WEIGHT(name, Name, code, value) header.write(#name, int(record.name()));
+#define DIM_WRITE(name, Name, code, value) header.write(#name, code, record.name());
+#define DIM_WRITE_COLOR(name, Name, code, value) header.write(#name, code, int(record.name().colorIndex()));
+#define DIM_WRITE_WEIGHT(name, Name, code, value) header.write(#name, code, int(record.name()));
     ACDB_DIM_REALS(DIM_WRITE)
     ACDB_DIM_ANGLES(DIM_WRITE)
     ACDB_DIM_INTEGERS(DIM_WRITE)
@@ -176,7 +181,7 @@ Acad::ErrorStatus overrideBy(AcDbObject& object, AcDbObjectId style, const AcDbD
 
 Acad::ErrorStatus AcDbDatabase::getDimstyleData(AcDbDimStyleTableRecord*& record) const
 {
-    DimVariables variables;
+    DimVariables variables = dimVariablesOf(dimstyle()); // headers have not all
     readAll(HeaderDims(*this, mState->header), variables);
     record = newRecordOf(variables);
     return Acad::eOk;

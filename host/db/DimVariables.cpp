@@ -185,11 +185,17 @@ void putAcadData(AcDbObject& object, AcDbObjectId application, PackedGroups grou
 }
 } // namespace
 
-DimVariables dimVariablesOf(AcDbObjectId style, const AcDbObject& object)
+DimVariables dimVariablesOf(AcDbObjectId style)
 {
     DimVariables variables;
     const auto* record = AcDbDimStyleTableRecord::cast(residentObject(style));
     if (record) takeStyle(variables, *record);
+    return variables;
+}
+
+DimVariables dimVariablesOf(AcDbObjectId style, const AcDbObject& object)
+{
+    DimVariables variables = dimVariablesOf(style);
     if (const AppXData* data = acadData(object)) {
         forEachPair(overridesIn(data->groups).pairs, [&](int code, const DxfGroup& group) {
             take(variables, code, group, databaseOf(object));

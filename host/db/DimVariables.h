@@ -39,6 +39,8 @@ struct DimVariables {
 
 /// The values of a style with the overrides of an object. A null style counts as one with every default.
 DimVariables dimVariablesOf(AcDbObjectId style, const AcDbObject& object);
+/// The values of a style alone.
+DimVariables dimVariablesOf(AcDbObjectId style);
 
 using DimValue = std::variant<double, int, bool, CString, AcDbObjectId>;
 

@@ -48,6 +48,14 @@ Picture pictureOf(AcDbObjectId block)
 class CoordDim : public EntityTest
 {
 protected:
+    /// The style whose sizes the tests count with.
+    void SetUp() override
+    {
+        EntityTest::SetUp();
+        AcDbObjectId standard;
+        ASSERT_EQ(AcDbDimStyleTablePointer(database())->getAt(L"Standard", standard), Acad::eOk);
+        ASSERT_EQ(database()->setDimstyleData(standard), Acad::eOk);
+    }
     void setUcs(int number)
     {
         const double half = std::sqrt(0.5);
@@ -117,9 +125,10 @@ TEST_F(CoordDim, CountIsThatOfItsName)
     for (int count = 1; count <= 4; ++count) {
         AcDbObjectIdArray ids;
         ids.append(database()->modelSpaceId());
-        ASSERT_EQ(makers[count - 1]({1, 2, 0}, ids, 1, 3.0, L"STANDARD"), 1);
+        ASSERT_EQ(makers[count - 1]({1, 2, 0}, ids, 1, 3.0, count > 2 ? L"STANDARD" : L""), 1);
         EXPECT_EQ(ids.length(), 1 + count) << "behind those of before";
         EXPECT_EQ(ids[0], database()->modelSpaceId());
+        EXPECT_EQ(Open<AcDbOrdinateDimension>(ids[1])->xData(), nullptr) << "nothing differs from the style";
     }
 }
 
@@ -154,6 +163,26 @@ TEST_F(CoordDim, MissingStyleMakesNoneAndAGivenOneIsTaken)
     }
     ASSERT_EQ(CMakeEnt::MakeCoordDim2({1, 2, 0}, ids, -1, 10.0, L"site"), 1);
     EXPECT_EQ(Open<AcDbOrdinateDimension>(ids[1])->dimensionStyle(), style);
+}
+
+TEST_F(CoordDim, VariablesSetSinceTheStyleWasChosenCountForTheCurrentLookOnly)
+{
+    resbuf scale = {};
+    scale.restype = RTREAL;
+    scale.resval.rreal = 100.0;
+    ASSERT_EQ(acedSetVar(L"DIMSCALE", &scale), RTNORM);
+    AcDbObjectIdArray ids;
+    ASSERT_EQ(CMakeEnt::MakeCoordDim1({30, 40, 0}, ids, 0, 500.0), 1);
+    ASSERT_EQ(CMakeEnt::MakeCoordDim1({30, 40, 0}, ids, 0, 500.0, L"Standard"), 1);
+    EXPECT_EQ(Open<AcDbOrdinateDimension>(ids[0])->dimscale(), 100.0);
+    EXPECT_EQ(Open<AcDbOrdinateDimension>(ids[1])->dimscale(), 1.0);
+    SavedEntities saved(*database());
+    EXPECT_EQ(saved.of<AcDbOrdinateDimension>(ids[0])->dimscale(), 100.0);
+    // The text starts DIMGAP behind the end of the leader: 0.09 times the scale.
+    const Picture large = pictureOf(saved.of<AcDbOrdinateDimension>(ids[0])->dimBlockId()),
+                  small = pictureOf(saved.of<AcDbOrdinateDimension>(ids[1])->dimBlockId());
+    EXPECT_GT(large.textAt.x, 530.0 + 9.0);
+    EXPECT_LT(small.textAt.x, 530.0 + 1.0);
 }
 
 TEST_F(CoordDim, SavedDimensionsAreReadAsTheyWere)

@@ -3,6 +3,7 @@
 #include "dbblock.h"
 #include "dbdim.h"
 #include "dbline.h"
+#include "dbobjptr.h"
 #include "dbtext.h"
 #include "Drawn.h"
 #include "RecordLists.h"
@@ -160,6 +161,38 @@ TEST_F(Dimension, OverridesLeaveOtherDataAlone)
     acutRelRb(chain);
     dimension->setDimstyleData(dimension->dimensionStyle());
     dimension->close();
+}
+
+TEST_F(Dimension, VariablesOfANewDrawingAreThoseOfItsStyle)
+{
+    AcDbDatabase drawing;
+    AcDbDimStyleTableRecord* variables = nullptr;
+    ASSERT_EQ(drawing.getDimstyleData(variables), Acad::eOk);
+    const std::unique_ptr<AcDbDimStyleTableRecord> owned(variables);
+    const AcDbObjectPointer<AcDbDimStyleTableRecord> style(drawing.dimstyle(), AcDb::kForRead);
+    for (const AcDbDimStyleTableRecord* record : {variables, style.object()}) {
+        EXPECT_EQ(record->dimtxt(), 2.5);
+        EXPECT_EQ(record->dimdsep(), L',');
+        EXPECT_NEAR(record->dimjogang(), std::atan(1.0), 1e-12) << "radians, in headers too";
+        EXPECT_EQ(record->dimtxsty(), drawing.textstyle());
+    }
+}
+
+TEST_F(Dimension, VariablesThatHeadersNameOtherwiseOrNotAreKeptInTheirPlaces)
+{
+    AcDbDatabase drawing;
+    AcDbDimStyleTableRecord wanted;
+    wanted.setDimjogang(0.5);
+    wanted.setDimfxlen(7.0);
+    wanted.setDimexo(3.0);
+    ASSERT_EQ(drawing.setDimstyleData(&wanted), Acad::eOk);
+    AcDbDimStyleTableRecord* variables = nullptr;
+    ASSERT_EQ(drawing.getDimstyleData(variables), Acad::eOk);
+    const std::unique_ptr<AcDbDimStyleTableRecord> owned(variables);
+    EXPECT_EQ(variables->dimjogang(), 0.5);
+    EXPECT_EQ(variables->dimfxlen(), 7.0);
+    EXPECT_EQ(variables->dimexo(), 3.0);
+    EXPECT_EQ(variables->dimtxsty(), drawing.textstyle()) << "dimensions need one";
 }
 
 TEST_F(Dimension, OrdinatePictureIsThatOfTheDrawing)
