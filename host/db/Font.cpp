@@ -1,6 +1,7 @@
 #include "Font.h"
 
 #include "FontSubstitutes.h"
+#include "ShapeAdvances.h"
 
 namespace lettering
 {
@@ -37,9 +38,26 @@ bool isTxt(const FontName& name)
     const std::wstring bare = bareFontName(name.name);
     return bare.empty() || bare == L"txt" || bare == L"monotxt";
 }
+
+/// Makes a character as wide as that of the font it stands for, so that texts keep the room that drawings
+/// have for them.
+void widen(Glyph& glyph, double advance)
+{
+    if (!(advance > 0 && glyph.advance > 0)) return;
+    const double factor = advance / glyph.advance;
+    glyph.advance = advance;
+    if (!glyph.ink.isEmpty()) {
+        glyph.ink.min.x *= factor;
+        glyph.ink.max.x *= factor;
+    }
+    for (Contour& contour : glyph.contours)
+        for (AcGePoint2d& point : contour)
+            point.x *= factor;
+}
 } // namespace
 
-Font::Font(const FontName& name) : mFaces(name), mIsShape(isShapeFont(name))
+Font::Font(const FontName& name)
+    : mFaces(name), mIsShape(isShapeFont(name)), mBareName(bareFontName(name.name))
 {
     mPrimary = &face(mFaces.primary());
     mAscent = mPrimary->ascent() / mPrimary->capHeight();
@@ -89,6 +107,7 @@ Glyph Font::read(std::uint32_t character) const
     Glyph glyph = from->glyph(character);
     const Fit found = fitOf(*from, character);
     fit(glyph, found.scale, found.rise);
+    if (mIsShape) widen(glyph, shapeAdvance(mBareName, character));
     return glyph;
 }
 

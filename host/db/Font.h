@@ -43,6 +43,7 @@ private:
 
     FaceList mFaces;
     bool mIsShape;
+    std::wstring mBareName;
     mutable std::mutex mLoading;
     mutable std::map<FaceFile, std::unique_ptr<OutlineFace>> mOpenFaces;
     mutable std::array<std::atomic<Page*>, 0x1100> mPages{};

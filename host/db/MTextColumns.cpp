@@ -1,6 +1,7 @@
 /// Background and columns of multiline texts.
 
 #include "DbObjectAccess.h"
+#include "dbsymutl.h"
 #include "MTextMembers.h"
 
 #include <algorithm>
@@ -274,5 +275,6 @@ void MTextFields::forgetEmbedded(AcDbMText& text)
 void AcDbMText::completeRead()
 {
     AcDbEntity::completeRead();
+    if (mStyle.isNull()) mStyle = acdbSymUtil()->textStyleStandardId(database());
     MTextFields::readEmbedded(*this);
 }

@@ -5,6 +5,7 @@
 #include "acutads.h"
 #include "dbapserv.h"
 #include "dbdatabase.h"
+#include "dbsymutl.h"
 #include "gecurv3d.h"
 #include "gelnsg3d.h"
 
@@ -175,6 +176,13 @@ void AcDbText::subSetDatabaseDefaults(AcDbDatabase* db)
     mWidthFactor = style.xScale;
     mOblique = style.obliquingAngle;
     mGeneration = static_cast<std::int16_t>((style.isBackward ? 2 : 0) | (style.isUpsideDown ? 4 : 0));
+}
+
+/// Records that name no style have "Standard", whichever is current.
+void AcDbText::completeRead()
+{
+    AcDbEntity::completeRead();
+    if (mStyle.isNull()) mStyle = acdbSymUtil()->textStyleStandardId(database());
 }
 
 Acad::ErrorStatus AcDbText::subClose()

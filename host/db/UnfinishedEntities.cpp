@@ -6,6 +6,7 @@
 #include "db3dpl.h"
 #include "dbattrib.h"
 #include "dbblkref.h"
+#include "dbmtext.h"
 #include "dbobjptr.h"
 #include "dbpolymesh.h"
 #include "EntityAccess.h"
@@ -76,6 +77,13 @@ void addFollower(AcDbEntity& owner, MadeEntity made)
     entity.close();
 }
 
+/// Texts that name no style are made with the current one, unlike those of files.
+void takeCurrentStyle(AcDbEntity& entity)
+{
+    if (auto* text = AcDbText::cast(&entity)) text->setTextStyle(text->textStyle());
+    if (auto* text = AcDbMText::cast(&entity)) text->setTextStyle(text->textStyle());
+}
+
 Acad::ErrorStatus append(AcDbBlockTableRecord& block, MadeEntity made, AcDbObjectId& id)
 {
     const Acad::ErrorStatus status = block.appendAcDbEntity(id, made.entity.get());
@@ -84,6 +92,7 @@ Acad::ErrorStatus append(AcDbBlockTableRecord& block, MadeEntity made, AcDbObjec
     takeXData(entity, made.xdata);
     for (MadeEntity& follower : made.followers)
         addFollower(entity, std::move(follower));
+    takeCurrentStyle(entity);
     entity.completeRead();
     entity.close();
     return status;

@@ -69,6 +69,7 @@ void beginLine()
 CommandLineListener setCommandLineListener(CommandLineListener listener)
 {
     std::swap(state().listener, listener);
+    state().isAtEnter = false;
     return listener;
 }
 

@@ -103,6 +103,7 @@ public:
     /// The corners of the box around the drawn text, counter-clockwise from its lower left; false for a text without ink.
     bool boundingPoints(AcGePoint3d (&corners)[4]) const;
 
+    void completeRead() override;
     Acad::ErrorStatus subClose() override;
     const DxfClass* dxfClass() const override { return &dxf; }
     static const DxfClass dxf;

@@ -71,6 +71,20 @@ TEST_P(EveryFont, ChineseCharactersAreDrawnAndOfOneWidth)
               drawText(font, look, run(L"一")).contours.size());
 }
 
+TEST(TextMetrics, SimplexHasTheWidthsOfSimplex)
+{
+    // The frames that someone drew around these texts in AutoCAD, closely.
+    const Font& font = fontNamed({L"simplex.shx", {}});
+    Look look;
+    look.height = 25;
+    EXPECT_NEAR(advanceOf(font, look, L"left align"), 165.0, 1.0);
+    EXPECT_NEAR(advanceOf(font, look, L"center align"), 222.3, 1.0);
+    EXPECT_NEAR(advanceOf(font, look, L"right align"), 189.9, 1.0);
+    const TextMeasure m = measureText(font, look, L"m");
+    EXPECT_LT(m.ink.max.x, m.advance);
+    EXPECT_GT(m.ink.width(), 0.7 * m.advance) << "as wide as its room, not a narrow letter in it";
+}
+
 TEST(TextMetrics, ArialHasTheWidthsOfArial)
 {
     // Design units of Arial at 2048 an em: A is 1366 wide, i 455, W 1933.

@@ -6,7 +6,9 @@
 #include "dbattrib.h"
 #include "dbblkref.h"
 #include "dbcircle.h"
+#include "dbmtext.h"
 #include "dbobjptr.h"
+#include "dbtxtsty.h"
 #include "DrawingFile.h"
 
 using namespace dxf;
@@ -117,6 +119,28 @@ INSTANTIATE_TEST_SUITE_P(Formats, MadeByCode,
                          testing::Values(Format{FileVersion::r2000, false}, Format{FileVersion::r2018, false},
                                          Format{FileVersion::r2018, true}),
                          formatName);
+
+TEST(TextOfAFile, WithoutAStyleIsStandardWhicheverIsCurrent)
+{
+    const std::string file =
+        "0\nSECTION\n2\nHEADER\n9\n$"
+        "TEXTSTYLE\n7\nWIDE\n0\nENDSEC\n0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nSTYLE\n"
+        "0\nSTYLE\n2\nStandard\n0\nSTYLE\n2\nWIDE\n0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n"
+        "0\nTEXT\n5\nA1\n8\n0\n40\n1.0\n1\nA\n0\nMTEXT\n5\nA2\n8\n0\n100\nAcDbEntity\n100\nAcDbMText\n40\n1."
+        "0\n1\nB\n"
+        "0\nENDSEC\n0\nEOF\n";
+    AcDbDatabase drawing(false);
+    RepairReport report;
+    ASSERT_EQ(readDrawing(drawing, openDrawing(Input::ofBytes(file)), report), Acad::eOk);
+    const AcDbTextStyleTablePointer styles(&drawing);
+    AcDbObjectId standard, text, mtext;
+    ASSERT_EQ(styles->getAt(L"Standard", standard), Acad::eOk);
+    ASSERT_NE(drawing.textstyle(), standard);
+    ASSERT_EQ(drawing.getAcDbObjectId(text, false, AcDbHandle(0xA1)), Acad::eOk);
+    ASSERT_EQ(drawing.getAcDbObjectId(mtext, false, AcDbHandle(0xA2)), Acad::eOk);
+    EXPECT_EQ(AcDbObjectPointer<AcDbText>(text)->textStyle(), standard);
+    EXPECT_EQ(AcDbObjectPointer<AcDbMText>(mtext)->textStyle(), standard);
+}
 
 TEST(OldDimensionStyle, NamesItsArrows)
 {
