@@ -35,6 +35,8 @@ void deleteDrawOrderClasses()
 class CArxComLibNewApp : public AcRxArxApp
 {
 public:
+    void RegisterServerComponents() override {}
+
     AcRx::AppRetCode On_kInitAppMsg(void* packet) override
     {
         const AcRx::AppRetCode result = AcRxArxApp::On_kInitAppMsg(packet);

@@ -2,6 +2,7 @@
 
 #include "QmCADLib.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 
@@ -19,6 +20,7 @@ bool readItem(const CString& item, std::vector<double>& spacings)
     const CString count = asterisk < 0 ? CString(L"1") : item.Left(asterisk), number = item.Mid(asterisk + 1);
     double whole = 0.0;
     if (!CFamStuStr::IsDigitFactor(whole, number)) return false;
+    if (count.IsEmpty() || count.SpanIncluding(L"0123456789") != count) return false;
     const double distance = _wtof(number);
     const int repeats = _wtoi(count);
     if (!(distance > 0.0 && distance <= widestSpacing)) return false;
@@ -26,11 +28,42 @@ bool readItem(const CString& item, std::vector<double>& spacings)
     spacings.insert(spacings.end(), static_cast<std::size_t>(repeats), distance);
     return spacings.size() <= mostSpacings;
 }
+
+/// Neighbours whose bubbles stand side by side. The row is moved as a whole, and so each bubble counts by the
+/// place that the first of all would have.
+struct BubbleRun {
+    double sum = 0.0;
+    std::size_t count = 0;
+
+    double mean() const { return sum / static_cast<double>(count); }
+};
+
+/// Bubbles that would overlap become one run, which stands where it moves least: isotonic regression by
+/// pooling adjacent violators (Ayer et al., Annals of Mathematical Statistics 26, 1955).
+std::vector<BubbleRun> poolBubbles(const std::vector<double>& axes, double diameter)
+{
+    std::vector<BubbleRun> runs;
+    for (std::size_t i = 0; i < axes.size(); ++i) {
+        BubbleRun run{axes[i] - static_cast<double>(i) * diameter, 1};
+        for (; !runs.empty() && runs.back().mean() > run.mean(); runs.pop_back()) {
+            run.sum += runs.back().sum;
+            run.count += runs.back().count;
+        }
+        runs.push_back(run);
+    }
+    return runs;
+}
 } // namespace
 
-double AxisGrid::width() const { return std::accumulate(columns.begin(), columns.end(), 0.0); }
+double AxisGrid::width() const
+{
+    return std::accumulate(columns.begin(), columns.end(), 0.0);
+}
 
-double AxisGrid::depth() const { return std::accumulate(rows.begin(), rows.end(), 0.0); }
+double AxisGrid::depth() const
+{
+    return std::accumulate(rows.begin(), rows.end(), 0.0);
+}
 
 bool readSpacings(const CString& text, std::vector<double>& spacings)
 {
@@ -51,7 +84,8 @@ CString spacingsText(const std::vector<double>& spacings)
     CString text;
     for (std::size_t i = 0; i < spacings.size();) {
         std::size_t end = i;
-        while (end < spacings.size() && spacings[end] == spacings[i]) ++end;
+        while (end < spacings.size() && spacings[end] == spacings[i])
+            ++end;
         if (end - i > 1) text.AppendFormat(L"%d*", static_cast<int>(end - i));
         text += CFamStuStr::FormatDouble(spacings[i]) + L" ";
         i = end;
@@ -62,7 +96,8 @@ CString spacingsText(const std::vector<double>& spacings)
 std::vector<double> axisPlaces(const std::vector<double>& spacings)
 {
     std::vector<double> places(1, 0.0);
-    for (const double spacing : spacings) places.push_back(places.back() + spacing);
+    for (const double spacing : spacings)
+        places.push_back(places.back() + spacing);
     return places;
 }
 
@@ -77,6 +112,20 @@ Bay widestBay(const std::vector<double>& spacings)
         if (bay.width > widest.width || isNearer) widest = bay;
     }
     return widest;
+}
+
+std::vector<double> bubblePlaces(const std::vector<double>& axes, double diameter)
+{
+    std::vector<double> places;
+    for (const BubbleRun& run : poolBubbles(axes, diameter)) {
+        const double first = std::max(run.mean(), 0.0);
+        const bool isAtItsAxis = run.count == 1 && run.mean() >= 0.0;
+        for (std::size_t k = 0; k < run.count; ++k) {
+            const std::size_t i = places.size();
+            places.push_back(isAtItsAxis ? axes[i] : first + static_cast<double>(i) * diameter);
+        }
+    }
+    return places;
 }
 
 CString axisLetter(int index)

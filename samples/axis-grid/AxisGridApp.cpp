@@ -1,6 +1,7 @@
 /// AxisGrid.arx: the command 轴网 (_QMAXISGRID) draws the axis grid of a building into a site plan.
 
 #include "GridDrawing.h"
+#include "GridProposal.h"
 
 #include "QmCADLib.h"
 
@@ -22,8 +23,8 @@ bool isInModelSpace()
 void report(const DrawnGrid& drawn)
 {
     acutPrintf(L"\n轴网已绘制: 轴线 %d 条，编号 %d 个，坐标标注 %d 个，填充 %d 处，建筑面积 %s 平方米。\n",
-               drawn.axes.length(), drawn.labels.length(), drawn.dimensions.length(), drawn.hatch.isNull() ? 0 : 1,
-               drawn.areaText().GetString());
+               drawn.bubbles.length(), drawn.labels.length(), drawn.dimensions.length(),
+               drawn.hatch.isNull() ? 0 : 1, drawn.areaText().GetString());
 }
 
 void askAndDraw()

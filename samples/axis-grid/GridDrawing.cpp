@@ -6,6 +6,7 @@
 #include "QmCADLib.h"
 
 #include "arxHeaders.h"
+#include "dbdim.h"
 #include "dbmtext.h"
 #include "dbobjptr.h"
 #include "dbregion.h"
@@ -17,10 +18,14 @@ namespace
 using MakeEnt = CArxEntity::CMakeEnt;
 
 constexpr int byLayer = 256;
+constexpr int right = 0, up = 1; ///< sides of ordinate dimensions
+constexpr double halfTurn = 3.14159265358979323846;
 
 // Millimetres of paper, as GB/T 50001 has them.
 constexpr double bubbleRadius = 4.0;
-constexpr double axisOverhang = 12.0; ///< from the outermost axis to the bubble
+constexpr double bubbleDistance = 9.0; ///< of neighbours, at least
+constexpr double axisOverhang = 12.0;  ///< from the outermost axis to the bubble
+constexpr double axisBend = 5.0;       ///< where an axis leaves its way for a bubble that stands beside it
 constexpr double labelHeight = 4.0;
 constexpr double areaHeight = 5.0, leastAreaHeight = 2.5;
 constexpr double leaderLength = 9.0;
@@ -51,8 +56,9 @@ private:
 class GridPainter
 {
 public:
-    GridPainter(const GridOrder& order, DrawnGrid& drawn)
-        : m_order(order), m_drawn(drawn), m_columns(axisPlaces(order.grid.columns)), m_rows(axisPlaces(order.grid.rows))
+    GridPainter(const GridOrder& order, const GridUcs& ucs, DrawnGrid& drawn)
+        : m_order(order), m_ucs(ucs), m_drawn(drawn), m_columns(axisPlaces(order.grid.columns)),
+          m_rows(axisPlaces(order.grid.rows))
     {
     }
 
@@ -63,53 +69,73 @@ public:
             const wchar_t* layer;
             bool (GridPainter::*step)();
         } steps[] = {
-            {labelLayer, &GridPainter::drawColumns}, {labelLayer, &GridPainter::drawRows},
+            {labelLayer, &GridPainter::drawColumns},   {labelLayer, &GridPainter::drawRows},
             {outlineLayer, &GridPainter::drawOutline}, {areaLayer, &GridPainter::drawArea},
-            {hatchLayer, &GridPainter::drawHatch}, {dimensionLayer, &GridPainter::drawDimensions},
+            {hatchLayer, &GridPainter::drawHatch},     {dimensionLayer, &GridPainter::drawDimensions},
         };
         return std::all_of(std::begin(steps), std::end(steps), [this](const auto& one) {
             const CFamStuSysVar current(L"CLAYER", CString(one.layer));
-            return (this->*one.step)();
+            return isCurrentLayer(one.layer) && (this->*one.step)();
         });
     }
 
 private:
     double paper(double millimetres) const { return millimetres * m_order.paperUnit(); }
-    double lowest() const { return -paper(axisOverhang); }
+
+    static bool isCurrentLayer(const wchar_t* name)
+    {
+        CString current;
+        return CFamStuSysVar::Get(L"CLAYER", current) && current.CompareNoCase(name) == 0;
+    }
 
     bool drawColumns()
     {
-        int number = m_order.grid.firstNumber;
-        for (const double x : m_columns) {
+        const std::vector<double> bubbles = bubblePlaces(m_columns, paper(bubbleDistance));
+        for (std::size_t i = 0; i < m_columns.size(); ++i) {
             CString label;
-            label.Format(L"%d", number++);
-            if (!drawAxis(AcGePoint3d(x, lowest(), 0), AcGePoint3d(x, m_rows.back(), 0), label)) return false;
+            label.Format(L"%d", m_order.grid.firstNumber + static_cast<int>(i));
+            const AcGePoint3d bubble(bubbles[i], -paper(axisOverhang), 0),
+                bend(m_columns[i], -paper(axisBend), 0);
+            if (!drawAxis(bubble, bend, AcGePoint3d(m_columns[i], m_rows.back(), 0), label)) return false;
         }
         return true;
     }
 
     bool drawRows()
     {
-        int letter = m_order.grid.firstLetter;
-        for (const double y : m_rows) {
-            const AcGePoint3d start(lowest(), y, 0), end(m_columns.back(), y, 0);
-            if (!drawAxis(start, end, axisLetter(letter++))) return false;
+        const std::vector<double> bubbles = bubblePlaces(m_rows, paper(bubbleDistance));
+        for (std::size_t i = 0; i < m_rows.size(); ++i) {
+            const CString label = axisLetter(m_order.grid.firstLetter + static_cast<int>(i));
+            const AcGePoint3d bubble(-paper(axisOverhang), bubbles[i], 0),
+                bend(-paper(axisBend), m_rows[i], 0);
+            if (!drawAxis(bubble, bend, AcGePoint3d(m_columns.back(), m_rows[i], 0), label)) return false;
         }
         return true;
     }
 
-    /// The line, and at its start the bubble with the label.
-    bool drawAxis(const AcGePoint3d& start, const AcGePoint3d& end, const CString& label)
+    /// The line, bent where its bubble stands beside it, and at its start the bubble with the label.
+    bool drawAxis(const AcGePoint3d& start, const AcGePoint3d& bend, const AcGePoint3d& end,
+                  const CString& label)
     {
-        AcDbObjectId line, bubble, text;
-        const AcGeVector3d outwards = (start - end).normal();
+        const AcGeVector3d outwards = (bend - end).normal();
         const AcGePoint3d center = start + outwards * paper(bubbleRadius);
-        if (!MakeEnt::MakeLine(start, end, axisLayer, byLayer, line)) return false;
-        m_drawn.axes.append(line);
+        const bool isBent = !(start - bend).isParallelTo(outwards);
+        const double rotation = m_ucs.readsUpsideDown(AcGeVector3d::kXAxis) ? halfTurn : 0.0;
+        AcDbObjectId bubble, text;
+        if (!drawLine(isBent ? bend : start, end) || (isBent && !drawLine(start, bend))) return false;
         if (!MakeEnt::MakeCircle(center, paper(bubbleRadius), bubble)) return false;
         m_drawn.bubbles.append(bubble);
-        if (!MakeEnt::MakeText(center, label, text, paper(labelHeight), kAligMiddleCenter, 0.0)) return false;
+        if (!MakeEnt::MakeText(center, label, text, paper(labelHeight), kAligMiddleCenter, rotation))
+            return false;
         m_drawn.labels.append(text);
+        return true;
+    }
+
+    bool drawLine(const AcGePoint3d& start, const AcGePoint3d& end)
+    {
+        AcDbObjectId line;
+        if (!MakeEnt::MakeLine(start, end, axisLayer, byLayer, line)) return false;
+        m_drawn.axes.append(line);
         return true;
     }
 
@@ -117,8 +143,8 @@ private:
     {
         const double width = m_order.grid.width(), depth = m_order.grid.depth();
         AcGePoint3dArray corners;
-        for (const AcGePoint3d& corner :
-             {AcGePoint3d::kOrigin, AcGePoint3d(width, 0, 0), AcGePoint3d(width, depth, 0), AcGePoint3d(0, depth, 0)})
+        for (const AcGePoint3d& corner : {AcGePoint3d::kOrigin, AcGePoint3d(width, 0, 0),
+                                          AcGePoint3d(width, depth, 0), AcGePoint3d(0, depth, 0)})
             corners.append(corner);
         std::unique_ptr<AcDbRegion> region(MakeEnt::MakeRegion(corners));
         double area = 0.0;
@@ -130,31 +156,57 @@ private:
         return true;
     }
 
-    /// The area in a frame of its own, in the bay that has most room for it.
+    /// In the bay that has most room for it; below the bubbles when the outline has none.
     bool drawArea()
     {
         const Bay across = widestBay(m_order.grid.columns), up = widestBay(m_order.grid.rows);
         const AcGePoint3d middle(across.middle(), up.middle(), 0.0);
-        const CString text = L"建筑面积\\P" + m_drawn.areaText() + L" m²";
-        AcGeVector3d half;
-        return MakeEnt::MakeMText(middle, text, AcDbObjectId::kNull, paper(areaHeight), 0.0, m_drawn.area) &&
-               fitArea(across.width, up.width, half) && MakeEnt::MakeRect(middle - half, middle + half, m_drawn.frame);
-    }
-
-    /// Puts the text's middle where its corner is, and makes it smaller until it fits, as long as it can be read. The axes
-    /// behind are hidden. Tells half the size of its frame.
-    bool fitArea(double width, double depth, AcGeVector3d& half)
-    {
+        const CString contents = L"建筑面积\\P" + m_drawn.areaText() + L" m²";
+        if (!MakeEnt::MakeMText(middle, contents, AcDbObjectId::kNull, paper(areaHeight), 0.0, m_drawn.area))
+            return false;
         const AcDbObjectPointer<AcDbMText> text(m_drawn.area, AcDb::kForWrite);
         if (text.openStatus() != Acad::eOk) return false;
-        const double fit = std::min({1.0, 0.8 * width / text->actualWidth(), 0.8 * depth / text->actualHeight()});
-        const double height = std::max(fit * paper(areaHeight), paper(leastAreaHeight));
-        text->setTextHeight(height);
         text->setAttachment(AcDbMText::kMiddleCenter);
-        text->setBackgroundFill(true);
-        text->setUseBackgroundColor(true);
-        half.set(text->actualWidth() / 2.0 + height / 2.0, text->actualHeight() / 2.0 + height / 2.0, 0.0);
-        return true;
+        if (m_ucs.readsUpsideDown(AcGeVector3d::kXAxis)) text->setDirection(-text->direction());
+        shrink(*text.object(), 0.8 * across.width, 0.8 * up.width);
+        const AcGeVector3d half = halfOfFrame(*text.object());
+        if (isInOutline(middle, half)) return frameArea(*text.object(), middle, half);
+        return moveArea(*text.object(), middle);
+    }
+
+    /// Makes the text smaller until it fits, as long as it can be read.
+    void shrink(AcDbMText& text, double width, double depth) const
+    {
+        const double fit = std::min({1.0, width / text.actualWidth(), depth / text.actualHeight()});
+        text.setTextHeight(std::max(fit * paper(areaHeight), paper(leastAreaHeight)));
+    }
+
+    static AcGeVector3d halfOfFrame(const AcDbMText& text)
+    {
+        const double gap = text.textHeight() / 2.0;
+        return AcGeVector3d(text.actualWidth() / 2.0 + gap, text.actualHeight() / 2.0 + gap, 0.0);
+    }
+
+    bool isInOutline(const AcGePoint3d& middle, const AcGeVector3d& half) const
+    {
+        const AcGePoint3d low = middle - half, high = middle + half;
+        return low.x > 0.0 && low.y > 0.0 && high.x < m_columns.back() && high.y < m_rows.back();
+    }
+
+    /// The axes behind the text are hidden; the frame becomes an island of the hatch.
+    bool frameArea(AcDbMText& text, const AcGePoint3d& middle, const AcGeVector3d& half)
+    {
+        text.setBackgroundFill(true);
+        text.setUseBackgroundColor(true);
+        return MakeEnt::MakeRect(middle - half, middle + half, m_drawn.frame) != 0;
+    }
+
+    bool moveArea(AcDbMText& text, const AcGePoint3d& from) const
+    {
+        text.setTextHeight(paper(areaHeight));
+        const double below = paper(axisOverhang + bubbleDistance) + halfOfFrame(text).y;
+        const AcGePoint3d to(m_columns.back() / 2.0, -below, 0.0);
+        return text.transformBy(AcGeMatrix3d::translation(m_ucs.toWorld(to - from))) == Acad::eOk;
     }
 
     bool drawHatch()
@@ -162,14 +214,13 @@ private:
         if (m_order.hatchPattern.IsEmpty()) return true;
         AcDbObjectIdArray boundary;
         boundary.append(m_drawn.outline);
-        boundary.append(m_drawn.frame);
+        if (!m_drawn.frame.isNull()) boundary.append(m_drawn.frame);
         return MakeEnt::MakeHatch(boundary, m_drawn.hatch, m_order.hatchPattern, paper(1.0), 0.0) != 0;
     }
 
     bool drawDimensions()
     {
         if (!m_order.hasCoordinates) return true;
-        constexpr int right = 0, up = 1;
         for (const double x : m_columns) {
             if (!drawDimension(AcGePoint3d(x, m_rows.back(), 0), up)) return false;
         }
@@ -181,11 +232,21 @@ private:
 
     bool drawDimension(const AcGePoint3d& place, int side)
     {
-        const CString style = dimensionStyleOf(m_order.scale);
-        return MakeEnt::MakeCoordDim1(place, m_drawn.dimensions, side, paper(leaderLength), style) != 0;
+        const CString style = dimensionStyleOf(m_order.paperUnit());
+        if (!MakeEnt::MakeCoordDim1(place, m_drawn.dimensions, side, paper(leaderLength), style))
+            return false;
+        const AcGeVector3d along = side == right ? AcGeVector3d::kXAxis : AcGeVector3d::kYAxis;
+        return !m_ucs.readsUpsideDown(along) || turnText(m_drawn.dimensions.last());
+    }
+
+    static bool turnText(AcDbObjectId dimension)
+    {
+        const AcDbObjectPointer<AcDbDimension> turned(dimension, AcDb::kForWrite);
+        return turned.openStatus() == Acad::eOk && turned->setTextRotation(halfTurn) == Acad::eOk;
     }
 
     const GridOrder& m_order;
+    const GridUcs& m_ucs;
     DrawnGrid& m_drawn;
     std::vector<double> m_columns, m_rows;
 };
@@ -210,7 +271,8 @@ CString DrawnGrid::areaText() const
 AcDbObjectIdArray DrawnGrid::all() const
 {
     AcDbObjectIdArray ids = axes;
-    for (const AcDbObjectIdArray* part : {&bubbles, &labels, &dimensions}) ids.append(*part);
+    for (const AcDbObjectIdArray* part : {&bubbles, &labels, &dimensions})
+        ids.append(*part);
     for (const AcDbObjectId id : {outline, area, frame, hatch}) {
         if (!id.isNull()) ids.append(id);
     }
@@ -220,9 +282,9 @@ AcDbObjectIdArray DrawnGrid::all() const
 bool drawGrid(const GridOrder& order, DrawnGrid& drawn)
 {
     const GridUcs ucs(order.origin, order.rotation);
-    if (!ucs.isSet() || !makeGridStyles(order.scale, order.paperUnit())) return false;
+    if (!ucs.isSet() || !makeGridStyles(order.paperUnit())) return false;
     const LookByLayer look(order.paperUnit());
-    if (GridPainter(order, drawn).draw()) return true;
+    if (GridPainter(order, ucs, drawn).draw()) return true;
     eraseAll(drawn.all());
     drawn = DrawnGrid();
     return false;

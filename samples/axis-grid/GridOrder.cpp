@@ -1,78 +1,17 @@
 #include "GridOrder.h"
 
+#include "GridProposal.h"
+
 #include "QmCADLib.h"
 
 #include "acdbads.h"
 #include "arxHeaders.h"
 #include "geassign.h"
 
-#include <algorithm>
-#include <cmath>
-
 namespace
 {
 constexpr int textSize = 512;
 constexpr int noZero = 2, noNegative = 4;
-
-// Modules of a plan, in millimetres.
-constexpr double metricModule = 300.0, foot = 304.8;
-
-/// A unit that plans are drawn in.
-struct PlanUnit {
-    int insUnits;
-    double perMillimetre;
-    double module;
-};
-constexpr PlanUnit planUnits[] = {
-    {1, 1.0 / 25.4, foot}, {2, 1.0 / foot, foot}, {4, 1.0, metricModule}, {5, 0.1, metricModule}, {6, 0.001, metricModule},
-};
-
-/// What INSUNITS names; null for none, and for units that no plan is drawn in.
-const PlanUnit* unitOfDrawing()
-{
-    int unit = 0;
-    CFamStuSysVar::Get(L"INSUNITS", unit);
-    const auto found = std::find_if(std::begin(planUnits), std::end(planUnits),
-                                    [unit](const PlanUnit& one) { return one.insUnits == unit; });
-    return found == std::end(planUnits) ? nullptr : found;
-}
-
-/// The power of ten by which a grid is just not larger than a drawing; 1 while it is a building on a site.
-double factorThatFits(double gridSize, double drawingSize)
-{
-    const double share = gridSize / drawingSize;
-    if (share > 0.02 && share < 2.0) return 1.0;
-    return std::pow(10.0, -std::ceil(std::log10(share)));
-}
-
-/// Makes the bays longer, and the millimetres of the paper with them.
-void enlarge(GridOrder& order, double factor)
-{
-    for (std::vector<double>* spacings : {&order.grid.columns, &order.grid.rows}) {
-        for (double& spacing : *spacings) spacing *= factor;
-    }
-    order.scale *= factor;
-}
-
-GridOrder orderOfModules(const PlanUnit* unit)
-{
-    GridOrder order;
-    order.unit = unit ? unit->perMillimetre : 1.0;
-    const double module = (unit ? unit->module : metricModule) * order.unit;
-    order.grid.columns.assign(4, 22.0 * module);
-    order.grid.rows = {20.0 * module, 8.0 * module, 20.0 * module};
-    return order;
-}
-
-/// A point of the world in the user coordinate system.
-AcGePoint3d inUcs(const AcGePoint3d& point)
-{
-    resbuf world = {}, ucs = {};
-    world.restype = ucs.restype = RTSHORT;
-    ucs.resval.rint = 1;
-    ads_point mapped = {};
-    return acedTrans(asDblArray(point), &world, &ucs, 0, mapped) == RTNORM ? asPnt3d(mapped) : point;
-}
 
 /// A point as the units of the drawing have it.
 CString pointText(const AcGePoint3d& point)
@@ -91,28 +30,33 @@ bool askPlace(GridOrder& order)
         prompt.Format(L"\n指定轴网原点或 [转角(R)] <%s>: ", pointText(order.origin).GetString());
         ads_point picked = {};
         switch (acedGetPoint(nullptr, prompt, picked)) {
-        case RTNORM: order.origin = asPnt3d(picked); return true;
-        case RTNONE: return true;
-        case RTKWORD: break;
-        default: return false;
+        case RTNORM:
+            order.origin = asPnt3d(picked);
+            return true;
+        case RTNONE:
+            return true;
+        case RTKWORD:
+            break;
+        default:
+            return false;
         }
         const int answer = acedGetAngle(nullptr, L"\n指定轴网转角 <0>: ", &order.rotation);
         if (answer == RTNONE) order.rotation = 0.0;
         if (answer != RTNORM && answer != RTNONE) return false;
+        order.origin = proposedOrigin(order);
     }
 }
 
-/// Asks again until the answer is a list of distances.
+/// Asks again until the answer is a list of distances, or Enter.
 bool askSpacings(const wchar_t* what, std::vector<double>& spacings)
 {
-    const CString preset = spacingsText(spacings);
     CString prompt;
-    prompt.Format(L"\n%s，如 3*6000 4500 <%s>: ", what, preset.GetString());
+    prompt.Format(L"\n%s，如 3*6000 4500 <%s>: ", what, spacingsText(spacings).GetString());
     for (;;) {
         ACHAR typed[textSize] = {};
         if (acedGetString(1, prompt, typed, textSize) != RTNORM) return false;
         const CString text = CString(typed).Trim();
-        if (readSpacings(text.IsEmpty() ? preset : text, spacings)) return true;
+        if (text.IsEmpty() || readSpacings(text, spacings)) return true;
         acutPrintf(L"\n距离须为大于 0 的数，如 3*6000 4500，最多 200 个。");
     }
 }
@@ -161,26 +105,6 @@ bool askLook(GridOrder& order)
     return !coordinates.IsEmpty();
 }
 } // namespace
-
-GridOrder proposedOrder()
-{
-    const PlanUnit* const unit = unitOfDrawing();
-    GridOrder order = orderOfModules(unit);
-    AcGePoint3d min, max;
-    CFamStuSysVar::Get(L"EXTMIN", min);
-    CFamStuSysVar::Get(L"EXTMAX", max);
-    const double size = std::max(max.x - min.x, max.y - min.y);
-    if (!(size > 0.0)) return order; // nothing is drawn yet
-    const double factor = factorThatFits(order.grid.width(), size);
-    enlarge(order, factor);
-    if (!unit) {
-        order.unit = factor;
-        order.scale /= factor;
-    }
-    order.origin = inUcs(AcGePoint3d(max.x + order.grid.width() / 2.0, min.y, 0.0));
-    order.origin.z = 0.0;
-    return order;
-}
 
 bool askGridOrder(GridOrder& order)
 {

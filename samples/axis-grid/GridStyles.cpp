@@ -22,16 +22,19 @@ struct LayerLook {
 
 // Colours that can be read on black screens and on white paper.
 constexpr LayerLook layers[] = {
-    {axisLayer, 1, true, AcDb::kLnWt013},     {labelLayer, 7, false, AcDb::kLnWt018},
+    {axisLayer, 1, true, AcDb::kLnWt013},       {labelLayer, 7, false, AcDb::kLnWt018},
     {outlineLayer, 150, false, AcDb::kLnWt050}, {areaLayer, 7, false, AcDb::kLnWt018},
-    {hatchLayer, 253, false, AcDb::kLnWt000}, {dimensionLayer, 94, false, AcDb::kLnWt013},
+    {hatchLayer, 253, false, AcDb::kLnWt000},   {dimensionLayer, 94, false, AcDb::kLnWt013},
 };
 
 constexpr wchar_t axisLinetype[] = L"轴线";
 constexpr double dashes[] = {12.0, -2.0, 0.0, -2.0}; ///< a dash, a gap, a dot, a gap: millimetres of paper
 constexpr double dashesLength = 16.0;
 
-AcDbDatabase* drawing() { return acdbHostApplicationServices()->workingDatabase(); }
+AcDbDatabase* drawing()
+{
+    return acdbHostApplicationServices()->workingDatabase();
+}
 
 template <class Table>
 AcDbObjectId idOf(AcDbObjectId tableId, const wchar_t* name)
@@ -63,7 +66,8 @@ AcDbObjectId makeAxisLinetype()
             record.setComments(L"____ . ____ . ____");
             record.setNumDashes(static_cast<int>(std::size(dashes)));
             record.setPatternLength(dashesLength);
-            for (int i = 0; i < record.numDashes(); ++i) record.setDashLengthAt(i, dashes[i]);
+            for (int i = 0; i < record.numDashes(); ++i)
+                record.setDashLengthAt(i, dashes[i]);
         });
 }
 
@@ -108,7 +112,8 @@ int decimalsOf(double paperUnit)
 bool makeDimensionStyle(const CString& name, double paperUnit)
 {
     return !recordOf<AcDbDimStyleTable, AcDbDimStyleTableRecord>(
-                drawing()->dimStyleTableId(), name, [=](AcDbDimStyleTableRecord& style) {
+                drawing()->dimStyleTableId(), name,
+                [=](AcDbDimStyleTableRecord& style) {
                     style.setDimscale(paperUnit);
                     style.setDimtxt(3.0);
                     style.setDimexo(1.0);
@@ -117,21 +122,24 @@ bool makeDimensionStyle(const CString& name, double paperUnit)
                     style.setDimzin(8); // no zeros at the end
                     style.setDimtad(1);
                     style.setDimtxsty(idOf<AcDbTextStyleTable>(drawing()->textStyleTableId(), gridStyle));
-                }).isNull();
+                })
+                .isNull();
 }
 } // namespace
 
-CString dimensionStyleOf(double scale)
+CString dimensionStyleOf(double paperUnit)
 {
-    return CString(gridStyle) + L"-" + CFamStuStr::FormatDouble(scale);
+    CString name;
+    name.Format(L"%s-%g", gridStyle, paperUnit);
+    return name;
 }
 
-bool makeGridStyles(double scale, double paperUnit)
+bool makeGridStyles(double paperUnit)
 {
     const AcDbObjectId dashDotted = makeAxisLinetype();
     if (dashDotted.isNull()) return false;
     for (const LayerLook& look : layers) {
         if (!makeLayer(look, dashDotted)) return false;
     }
-    return makeTextStyle() && makeDimensionStyle(dimensionStyleOf(scale), paperUnit);
+    return makeTextStyle() && makeDimensionStyle(dimensionStyleOf(paperUnit), paperUnit);
 }

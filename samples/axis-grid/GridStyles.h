@@ -11,10 +11,11 @@ constexpr wchar_t hatchLayer[] = L"轴网-填充";
 constexpr wchar_t dimensionLayer[] = L"轴网-坐标";
 constexpr wchar_t gridStyle[] = L"轴网";
 
-/// The dimension style of a scale, millimetres on the site for one on paper: grids of several scales stand in one drawing.
-CString dimensionStyleOf(double scale);
+/// The dimension style for so many drawing units to a millimetre of paper: grids of several scales, and in
+/// several units, stand in one drawing.
+CString dimensionStyleOf(double paperUnit);
 
-/// Makes what is missing of them in the working database. What is there keeps its look; layers that are off, frozen or
-/// locked are opened, so that what is drawn can be seen. `paperUnit` is the number of drawing units for one millimetre of
-/// paper. False when the drawing refuses.
-bool makeGridStyles(double scale, double paperUnit);
+/// Makes what is missing of them in the working database. What is there keeps its look; layers that are off,
+/// frozen or locked are opened, so that what is drawn can be seen. `paperUnit` is the number of drawing units
+/// for a millimetre of paper. False when the drawing refuses.
+bool makeGridStyles(double paperUnit);

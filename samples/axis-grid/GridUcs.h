@@ -3,8 +3,8 @@
 #include "gemat3d.h"
 #include "gepnt3d.h"
 
-/// Makes the coordinate system of the grid the current one while it lives: its origin at a point of the system before,
-/// turned about that one's Z axis.
+/// Makes the coordinate system of the grid the current one while it lives: its origin at a point of the
+/// system before, turned about that one's Z axis.
 class GridUcs
 {
 public:
@@ -15,7 +15,13 @@ public:
 
     bool isSet() const { return m_isSet; }
 
+    /// True when texts along a vector stand on their heads on the screen: not to be read from below or from
+    /// the right.
+    bool readsUpsideDown(const AcGeVector3d& along) const;
+
+    AcGeVector3d toWorld(const AcGeVector3d& vector) const;
+
 private:
-    AcGeMatrix3d m_before;
+    AcGeMatrix3d m_before, m_frame;
     bool m_isSet = false;
 };

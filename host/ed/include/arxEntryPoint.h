@@ -2,7 +2,7 @@
 
 /// The application framework of a module: commands and LISP functions in tables of the module.
 ///
-///     class CMyApp : public AcRxArxApp { ... };
+///     class CMyApp : public AcRxArxApp { ... };  // which says RegisterServerComponents
 ///     IMPLEMENT_ARX_ENTRYPOINT(CMyApp)
 ///     ACED_ARXCOMMAND_ENTRY_AUTO(CMyApp, MyGroup, MyCommand, MyCommandLocal, ACRX_CMD_MODAL, NULL)
 

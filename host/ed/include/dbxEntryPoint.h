@@ -49,7 +49,8 @@ public:
     virtual AcRx::AppRetCode On_kEndDialogMsg(void*) { return AcRx::kRetOK; }
     virtual AcRx::AppRetCode On_kNullMsg(void*) { return AcRx::kRetOK; }
 
-    virtual void RegisterServerComponents() {}
+    /// What the module enters into the registry of the machine. Each module says so, if only that it is nothing.
+    virtual void RegisterServerComponents() = 0;
 
     /// Takes a message to its handler; kRetOK for a message that has none.
     AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet)

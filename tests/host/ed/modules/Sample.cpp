@@ -22,6 +22,8 @@ void watch(const MSG*)
 class SampleApp : public AcRxArxApp
 {
 public:
+    void RegisterServerComponents() override {}
+
     AcRx::AppRetCode On_kInitAppMsg(void* pkt) override
     {
         note(L"init");
