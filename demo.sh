@@ -21,8 +21,11 @@ fi
 [[ -e $drawing ]] || fail "$drawing: there is no such file"
 [[ ! -d $drawing ]] || fail "$drawing: this is a folder; name a drawing in it"
 [[ -r $drawing ]] || fail "$drawing: you may not read this file"
+[[ $(head -c 3 -- "$drawing" | tr -d '\0') != AC1 ]] || fail "$drawing: this is a DWG file; save it as DXF"
+[[ -s $drawing ]] || fail "$drawing: this file is empty"
 mkdir -p out 2>/dev/null && [[ -w out ]] || fail "$PWD/out: results cannot be written there"
-result=out/$(basename "${drawing%.*}")
+name=$(basename "$drawing")
+result=out/${name%.*}
 [[ ! $drawing -ef $result.dxf ]] || result+=-2
 
 scripts/setup.sh build test

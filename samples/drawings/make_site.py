@@ -12,13 +12,15 @@ import sys
 import ezdxf
 from ezdxf.enums import TextEntityAlignment
 
-PLOT_CORNER = (48000.0, 24000.0)
+PLOT_CORNER = (46000.0, 23600.0)
 PLOT_ANGLE = 12.0
-PLOT_SIZE = (42000.0, 26000.0)
+PLOT_SIZE = (44500.0, 26000.0)
 
-# Where no elevations are measured: buildings, lawn and parking lot, as west, south, east, north; nor on the plot.
+# Where no elevations are measured: buildings, lawn, parking lot and rows of trees, as west, south, east, north; nor on
+# the plot.
 BUILT_OVER = [(26000, 60000, 54000, 76000), (58000, 60000, 87000, 76000), (96000, 38000, 123000, 73000),
-              (97000, 12000, 124000, 33000), (26000, 24000, 37000, 32000), (26000, 11000, 45000, 23000)]
+              (97000, 12000, 124000, 33000), (26000, 24000, 37000, 32000), (26000, 11000, 45000, 23000),
+              (46000, 11000, 99000, 15500), (24500, 33000, 28500, 60000)]
 
 LAYERS = [  # name, colour, linetype, lineweight in 1/100 mm
     ("用地红线", 1, "DASHDOT", 50),
@@ -188,7 +190,7 @@ def make_green(space, rng):
     along_street = [(47500 + k * 3500, 12900) for k in range(15)] + [(-2000, 14000), (3000, 14500), (8000, 13800)]
     round_houses = [(x, y) for y in (38500, 58500, 79500) for x in (-1500, 2000, 5500, 9000)]
     round_houses += [(x, 57500) for x in range(100500, 122000, 3600)] + [(125800, 14500 + k * 3300) for k in range(15)]
-    along_lane = [(26300, 34500 + k * 4500) for k in range(6)] + [(13800, 38500 + k * 20000) for k in range(3)]
+    along_lane = [(26300, 34500 + k * 4500) for k in range(6)] + [(12500, 38500 + k * 20000) for k in range(3)]
     grove = [(26500 + (k % 23) * 4300 + rng.uniform(-900, 900), 82500 + (k // 23) * 3600 + rng.uniform(-600, 600))
              for k in range(69)]
     for x, y in along_street + along_lane + round_houses + grove:
@@ -222,7 +224,7 @@ def make_plot(doc, space):
     doc.appids.add("QM_SITE")
     outline.set_xdata("QM_SITE", [(1000, "拟建用地"), (1040, width * depth / 1e6), (1070, 1)])
     label(space, "拟建用地", turned(width / 2, -2500), 1100, PLOT_ANGLE)
-    space.add_aligned_dim(p1=corners[1], p2=corners[2], distance=-5200, dimstyle="总图",
+    space.add_aligned_dim(p1=corners[1], p2=corners[2], distance=-4200, dimstyle="总图",
                           dxfattribs={"layer": "标注-尺寸"}).render()
 
 
