@@ -155,14 +155,11 @@ bool areUsable(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick)
         if (!c.curve || !isFinite(c.curve->form())) return false;
     return std::isfinite(pick.x) && std::isfinite(pick.y);
 }
-} // namespace
 
-TraceResult traceBoundary(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick,
-                          const TraceOptions& options)
+TraceResult tracedAmong(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick,
+                        const TraceOptions& options)
 {
     TraceResult result;
-    result.status = TraceStatus::kBadCurve;
-    if (!areUsable(curves, pick)) return result;
     Input input(curves, pick, options.tolerance);
     if (options.gap > 0) input.addBridges(bridgesOver(input.strands(), input.tolerance(), options.gap));
     const TraceResult near = tracedNear(input, pick, options.islands);
@@ -170,8 +167,53 @@ TraceResult traceBoundary(const std::vector<TraceCurve>& curves, const AcGePoint
     Arrangement plane(input.takeStrands(), input.tolerance());
     const Enclosure enclosure = enclosureOf(plane, pick);
     if (enclosure.status == TraceStatus::kOk) return resultOf(plane, enclosure, input, options.islands);
-    if (enclosure.status == TraceStatus::kOutside) return explained(curves, pick, options);
     result.status = enclosure.status;
     return result;
+}
+
+/// So wide that numbers in it are hardly coarser than those of the point and of everyday drawings.
+Box2 fineWindow(const AcGePoint2d& pick)
+{
+    Box2 window;
+    window.add(pick);
+    return window.grown(1e4 + 10 * window.magnitude());
+}
+
+bool isWithin(const TraceLoop& loop, const Box2& window)
+{
+    return std::all_of(loop.pieces.begin(), loop.pieces.end(), [&](const TracePiece& piece) {
+        return window.contains(flatBoxOf(piece.curve->form()));
+    });
+}
+
+/// Curves that are lost far away make the tolerance of the whole coarse: the boundary is looked for without
+/// them first. kOutside when there are none, or nothing is found.
+TraceResult tracedFinely(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick,
+                         const TraceOptions& options)
+{
+    const Box2 window = fineWindow(pick);
+    std::vector<TraceCurve> inside;
+    for (const TraceCurve& c : curves) {
+        const CurveForm form = c.curve->form();
+        if (!form.isBounded() || window.meets(flatBoxOf(form))) inside.push_back(c);
+    }
+    if (inside.size() == curves.size()) return {};
+    TraceResult result = tracedAmong(inside, pick, options);
+    const bool isFound = result.status == TraceStatus::kOk && isWithin(result.loops.front(), window);
+    return isFound ? std::move(result) : TraceResult();
+}
+} // namespace
+
+TraceResult traceBoundary(const std::vector<TraceCurve>& curves, const AcGePoint2d& pick,
+                          const TraceOptions& options)
+{
+    if (!areUsable(curves, pick)) {
+        TraceResult result;
+        result.status = TraceStatus::kBadCurve;
+        return result;
+    }
+    TraceResult result = tracedFinely(curves, pick, options);
+    if (result.status != TraceStatus::kOk) result = tracedAmong(curves, pick, options);
+    return result.status == TraceStatus::kOutside ? explained(curves, pick, options) : result;
 }
 } // namespace kernel

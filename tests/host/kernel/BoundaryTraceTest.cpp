@@ -216,6 +216,21 @@ TEST(BoundaryTrace, LinesThatGoOnPastATangentArcBoundLikeOthers)
     }
 }
 
+TEST(BoundaryTrace, WhatIsLostFarAwayMakesNothingCoarse)
+{
+    // A slot a thousandth wide, a circle, and a line that somebody lost.
+    for (const double far : {1e6, 1e9, 1e12, 1e16, 1e100, 1e300}) {
+        Drawing drawing;
+        drawing.box(0, 0, 10, 10).line(9.999, 0, 9.999, 10).circle(3, 3, 1).line(far, far, 2 * far, far);
+        const TraceResult slot = drawing.trace(9.9995, 5), rest = drawing.trace(8, 8);
+        ASSERT_EQ(slot.status, TraceStatus::kOk) << far;
+        EXPECT_NEAR(slot.loops[0].area, 0.01, 1e-9) << far;
+        ASSERT_EQ(rest.status, TraceStatus::kOk) << far;
+        ASSERT_EQ(rest.loops.size(), 2u) << far;
+        EXPECT_NEAR(rest.loops[0].area, 99.99, 1e-9) << far;
+    }
+}
+
 TEST(BoundaryTrace, CurvesThatRepeatTheBoundaryAreNoIslands)
 {
     // Drawn twice, as it is where its outline was made by a trace before. A point on a circle once made the
