@@ -1,6 +1,7 @@
 #include "BoundaryBySet.h"
 
 #include "acedads.h"
+#include "CFamStuSysVar.h"
 #include "dbapserv.h"
 #include "dbsymtb.h"
 #include "NewEntity.h"
@@ -52,6 +53,8 @@ AcDbObjectIdArray boundaryBySet(const AcGePoint3d& pt, const ads_name candidates
 {
     const AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
     if (!database || !isFinite(pt)) return {};
+    // Object snaps would move the point; the command keeps the kind of outline.
+    const CFamStuSysVar withoutSnaps(L"OSMODE", 0), kindOfOutline(L"HPBOUND", asRegions ? 0 : 1);
     const YoungerEntities made(database->currentSpaceId());
     const ads_point seed = {pt.x, pt.y, pt.z};
     // Advanced options: the set, islands, the kind of outline; Enter ends them, and one more the command.

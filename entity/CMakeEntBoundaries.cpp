@@ -4,14 +4,18 @@
 
 #include "acedads.h"
 #include "BoundaryBySet.h"
+#include "dbapserv.h"
 #include "dbcurve.h"
 #include "dbobjptr.h"
 #include "NewEntity.h"
 #include "OpenReport.h"
 #include "RegionExclusion.h"
+#include "Transaction.h"
 
 namespace
 {
+constexpr const wchar_t* member = L"CArxEntity::CMakeEnt::MakeBoundary";
+
 using Outlines = std::vector<std::unique_ptr<AcDbEntity>>;
 using Regions = std::vector<std::unique_ptr<AcDbRegion>>;
 
@@ -58,20 +62,33 @@ int addAll(Entities entities, AcDbObjectIdArray& ids)
     return batch.keep(ids);
 }
 
-/// Takes regions of the drawing out of it; none when one of them cannot be had.
-Regions takeOut(const AcDbObjectIdArray& ids)
+/// None when one of the ids is that of no region.
+Regions copiesOf(const AcDbObjectIdArray& ids)
 {
-    Regions regions;
-    bool isWhole = true;
+    Regions copies;
     for (const AcDbObjectId& id : ids) {
-        const AcDbObjectPointer<AcDbRegion> region(id, AcDb::kForWrite);
-        const bool isOpen = entity::isOpen(region, L"CArxEntity::CMakeEnt::MakeBoundary");
-        isWhole = isWhole && isOpen;
-        if (!isOpen) continue;
-        regions.emplace_back(AcDbRegion::cast(region->clone()));
-        region->erase();
+        const AcDbObjectPointer<AcDbRegion> region(id, AcDb::kForRead);
+        if (!entity::isOpen(region, member)) return {};
+        copies.emplace_back(AcDbRegion::cast(region->clone()));
     }
-    return isWhole ? std::move(regions) : Regions();
+    return copies;
+}
+
+bool eraseAll(const AcDbObjectIdArray& ids)
+{
+    entity::Transaction changes(*acdbHostApplicationServices()->workingDatabase());
+    for (const AcDbObjectId& id : ids) {
+        AcDbEntity* const entity = changes.open(id, member);
+        if (!entity || entity->erase() != Acad::eOk) return false;
+    }
+    return changes.keep();
+}
+
+/// Puts the area of regions of the drawing in their place; what is no region is erased all the same.
+int mergeInDrawing(const AcDbObjectIdArray& ids, AcDbObjectId& merged)
+{
+    Regions copies = copiesOf(ids);
+    return eraseAll(ids) ? entity::addInWorld(entity::areaByTurns(std::move(copies)), merged) : 0;
 }
 } // namespace
 
@@ -103,7 +120,7 @@ int CArxEntity::CMakeEnt::MakeBoundary(const AcGePoint3d& pt, const ads_name can
 {
     const bool cutsOut = islands && asRegions;
     const AcDbObjectIdArray made = entity::boundaryBySet(pt, candidates, cutsOut, asRegions != 0);
-    if (made.length() > 1) return entity::addInWorld(entity::areaByTurns(takeOut(made)), id);
+    if (made.length() > 1) return mergeInDrawing(made, id);
     if (made.isEmpty()) return 0;
     id = made.first();
     return 1;

@@ -2,10 +2,8 @@
 
 #include "CDatabase.h"
 #include "CUcsWcs.h"
-#include "dbidar.h"
-#include "dbobjptr.h"
+#include "dbapserv.h"
 #include "dbxutil.h"
-#include "OpenReport.h"
 
 #include <algorithm>
 #include <cmath>
@@ -59,16 +57,11 @@ AcGeMatrix3d ucsToWorld()
     return matrix;
 }
 
-Batch::~Batch()
-{
-    for (const AcDbObjectId& id : m_added) {
-        const AcDbEntityPointer added(id, AcDb::kForWrite);
-        if (isOpen(added, L"CArxEntity::CMakeEnt")) added->erase();
-    }
-}
-
 int Batch::addInWorld(std::unique_ptr<AcDbEntity> entity)
 {
+    AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    if (!database) return 0;
+    if (!m_changes) m_changes.emplace(*database);
     AcDbObjectId id;
     if (!entity::addInWorld(std::move(entity), id)) return 0;
     m_added.append(id);
@@ -77,8 +70,8 @@ int Batch::addInWorld(std::unique_ptr<AcDbEntity> entity)
 
 int Batch::keep(AcDbObjectIdArray& ids)
 {
+    if (!m_changes || !m_changes->keep()) return 0;
     ids.append(m_added);
-    m_added.setLogicalLength(0);
     return 1;
 }
 } // namespace entity

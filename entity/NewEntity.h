@@ -4,10 +4,12 @@
 
 #include "dbentity.h"
 #include "dbidar.h"
+#include "Transaction.h"
 
 #include <afxwin.h>
 
 #include <memory>
+#include <optional>
 
 namespace entity
 {
@@ -41,18 +43,14 @@ AcGeMatrix3d ucsToWorld();
 class Batch
 {
 public:
-    Batch() = default;
-    Batch(const Batch&) = delete;
-    Batch& operator=(const Batch&) = delete;
-    /// Erases those that were added, unless they are kept.
-    ~Batch();
-
     /// As entity::addInWorld.
     int addInWorld(std::unique_ptr<AcDbEntity> entity);
-    /// Appends the ids to a list and leaves the entities in the drawing. 1.
+    /// Appends the ids to a list and leaves the entities in the drawing: those of a batch that is not kept are
+    /// taken out of it. 1 for success.
     int keep(AcDbObjectIdArray& ids);
 
 private:
+    std::optional<Transaction> m_changes; ///< from the first one on
     AcDbObjectIdArray m_added;
 };
 } // namespace entity

@@ -322,6 +322,38 @@ TEST_F(MakeBoundaryBySet, OneRegionHasItsIslandsCutOut)
     EXPECT_EQ(entityCount(), 4);
 }
 
+TEST_F(MakeBoundaryBySet, CurrentLayerThatIsLockedTakesTheRegion)
+{
+    const auto set = listOf({rectangle(0, 0, 10, 10), circle(5, 5, 3)});
+    const AcDbObjectId layer = addLayer(L"LOCKED", true);
+    ASSERT_EQ(database()->setClayer(layer), Acad::eOk);
+    AcDbObjectId region;
+    ASSERT_EQ(among(set,
+                    [&](const ads_name name) {
+                        return CMakeEnt::MakeBoundary({1, 1, 0}, name, region, 1, 1);
+                    }),
+              1);
+    EXPECT_NEAR(areaOf(*Open<AcDbRegion>(region).object()), 100 - 9 * kPi, 1e-6);
+    EXPECT_EQ(Open<AcDbRegion>(region)->layerId(), layer);
+    EXPECT_EQ(entityCount(), 3) << "the regions that it was made of are gone";
+}
+
+TEST_F(MakeBoundaryBySet, RunningSnapsAndTheKindOfOutlineAreTheUsersOwn)
+{
+    const auto set = listOf({rectangle(0, 0, 10, 10)});
+    const CFamStuSysVar snaps(L"OSMODE", 1), onTypedPoints(L"OSNAPCOORD", 0), kind(L"HPBOUND", 0);
+    AcDbObjectId polyline;
+    ASSERT_EQ(among(set,
+                    [&](const ads_name name) {
+                        return CMakeEnt::MakeBoundary({0.01, 0.01, 0}, name, polyline, 0, 0);
+                    }),
+              1)
+        << "the corner nearby does not catch the point";
+    int value = -1;
+    EXPECT_EQ(CFamStuSysVar::Get(L"OSMODE", value) + value, 2);
+    EXPECT_EQ(CFamStuSysVar::Get(L"HPBOUND", value) + value, 1);
+}
+
 TEST_F(MakeBoundaryBySet, WhatBelongsToTheLastEntityIsNotTakenForNew)
 {
     const auto set = listOf({rectangle(0, 0, 10, 10)});
