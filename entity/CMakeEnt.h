@@ -98,15 +98,15 @@ public:
     static int MakeCircle(const AcGePoint3d& center, double r, AcDbObjectId& id);
     /// An ellipse parallel to the XY plane: `axis` is the direction of its first axis (its length does not
     /// count), `radius` the radius along it, `otherRadius` the one across; either may be the larger. It runs
-    /// counter-clockwise between two parameters, in radians from the end of `axis` on: the point at t is
-    /// radius cos t along the axis and otherRadius sin t across; equal ones make it whole. 0 unless the radii
-    /// are above 0, and for an axis that is zero or leaves the plane.
+    /// counter-clockwise between two angles (any numbers of radians), those of the lines from the centre to
+    /// its ends, from `axis` on; equal ones make it whole. 0 unless the radii are above 0, and for an axis
+    /// that is zero or leaves the plane.
     static int MakeEllipse(const AcGePoint3d& center, AcGeVector3d axis, double radius, double otherRadius,
                            AcDbObjectId& id, double startAngle = 0.0, double endAngle = 6.283185307179586);
 
     // Filled figures.
 
-    /// A filled triangle; points in line make one without area.
+    /// A filled triangle in the plane of the points, at any heights; points in line make one without area.
     static int MakeSolid(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
                          AcDbObjectId& id);
     /// Fills the inside of a closed planar curve of the drawing with triangles and appends their ids. Arcs
@@ -155,12 +155,13 @@ public:
 
     /// An associative hatch over closed curves, regions, and open curves that make closed chains (ends
     /// within a millionth of a unit meet); what lies inside of another is an island, islands in islands are
-    /// filled again; the frames of texts and multiline texts are left out too. An id that is there twice
-    /// counts once. `pattern` is a standard pattern or "SOLID" in any case of letters, `scale` (above 0)
-    /// enlarges it, `angle` turns it from the user's X axis. The hatch lies in the plane of its boundary, its
-    /// draw order is the newest. 0, and nothing is added, for an empty list, chains that stay open, entities
-    /// out of one plane, ids of nothing or of what bounds nothing, entities that somebody has open for write,
-    /// unknown patterns, and for lines too dense to count.
+    /// filled again; the frames of texts and multiline texts are left out of what is filled. An id that is
+    /// there twice counts once, texts beside what is filled and curves as good as points do not count.
+    /// `pattern` is a standard pattern or "SOLID" in any case of letters, `scale` (above 0) enlarges it,
+    /// `angle` turns it from the user's X axis. The hatch lies in the plane of its boundary, its draw order
+    /// is the newest. 0, and nothing is added, for an empty list, chains that stay open, entities out of one
+    /// plane, ids of nothing or of what bounds nothing, entities of another drawing or outside of the current
+    /// space, entities that somebody has open for write, unknown patterns, and for lines too dense to count.
     static int MakeHatch(const AcDbObjectIdArray& ids, AcDbObjectId& id, CGTStringW pattern, double scale,
                          double angle);
     /// The same over one entity, in a colour.

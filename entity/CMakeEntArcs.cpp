@@ -98,8 +98,8 @@ int CArxEntity::CMakeEnt::MakeArc(const AcGePoint2d& p1, const AcGePoint2d& p2, 
 {
     AcGeCircArc3d inSpace;
     if (!arcOnChord({p1.x, p1.y, 0.0}, {p2.x, p2.y, 0.0}, bulge, AcGeVector3d::kZAxis, inSpace)) return 0;
-    constexpr bool asTangent = false;
-    arc = new AcGeCircArc2d(p1, p2, bulge, asTangent);
+    constexpr bool isHeight = false; // of the arc over its chord, instead of the tangent
+    arc = new AcGeCircArc2d(p1, p2, bulge, isHeight);
     return 1;
 }
 

@@ -24,8 +24,10 @@ Outlines trace(const AcGePoint3d& pt, bool islands)
     AcDbVoidPtrArray traced;
     acedTraceBoundary(pt, islands, traced);
     Outlines outlines;
-    for (void* const outline : traced)
+    for (void* const outline : traced) {
         outlines.emplace_back(static_cast<AcDbEntity*>(outline));
+        outlines.back()->setDatabaseDefaults();
+    }
     return outlines;
 }
 

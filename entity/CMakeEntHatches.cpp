@@ -26,13 +26,14 @@ bool setPattern(AcDbHatch& hatch, const CString& pattern, double scale, double a
 }
 
 /// The angle of the X axis of the user coordinate system in the plane of the hatch; 0 when it stands upright
-/// on it.
+/// on it, give or take rounding.
 double turnOfUcs(const AcDbHatch& hatch)
 {
     AcGeMatrix3d ecs;
     hatch.getEcs(ecs);
     const AcGeVector3d axis = ecs.inverse() * (entity::ucsToWorld() * AcGeVector3d::kXAxis);
-    return std::atan2(axis.y, axis.x);
+    const bool isUpright = std::hypot(axis.x, axis.y) < AcGeContext::gTol.equalVector();
+    return isUpright ? 0.0 : std::atan2(axis.y, axis.x);
 }
 
 bool appendLoops(AcDbHatch& hatch, const entity::HatchBoundary& boundary)

@@ -10,10 +10,11 @@ namespace
 {
 using Regions = std::vector<std::unique_ptr<AcDbRegion>>;
 
-/// A region for each closed chain; none when the curves make no such chains.
+/// A region for each closed chain; none when the curves make no such chains, or a pointer is null.
 Regions regionsOf(const AcDbVoidPtrArray& curves)
 {
     Regions regions;
+    if (curves.contains(nullptr)) return regions;
     AcDbVoidPtrArray made;
     AcDbRegion::createFromCurves(curves, made);
     for (void* const region : made)

@@ -48,6 +48,16 @@ bool outlineOf(AcDbObjectId id, Outline& outline)
     return true;
 }
 
+/// Upwards at right angles to the plane of three points; of points in line to that line.
+AcGeVector3d normalOf(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3)
+{
+    if (p1.z == p2.z && p2.z == p3.z) return AcGeVector3d::kZAxis;
+    const AcGeVector3d first = (p2 - p1).normal(), second = (p3 - p1).normal();
+    AcGeVector3d normal = first.crossProduct(second);
+    if (normal.isZeroLength()) normal = (first.isZeroLength() ? second : first).perpVector();
+    return normal.z < 0.0 ? -normal : normal;
+}
+
 std::unique_ptr<AcDbSolid> triangle(const AcGePoint2d& a, const AcGePoint2d& b, const AcGePoint2d& c)
 {
     auto solid = std::make_unique<AcDbSolid>(AcGePoint3d(a.x, a.y, 0.0), AcGePoint3d(b.x, b.y, 0.0),
@@ -61,6 +71,7 @@ int CArxEntity::CMakeEnt::MakeSolid(const AcGePoint3d& p1, const AcGePoint3d& p2
                                     AcDbObjectId& id)
 {
     auto solid = entity::begin<AcDbSolid>();
+    if (solid->setNormal(normalOf(p1, p2, p3)) != Acad::eOk) return 0;
     const AcGePoint3d corners[] = {p1, p2, p3, p3};
     for (std::uint16_t i = 0; i < 4; ++i)
         if (solid->setPointAt(i, corners[i]) != Acad::eOk) return 0;

@@ -1,5 +1,6 @@
 #include "HatchBoundary.h"
 
+#include "dbapserv.h"
 #include "dbcurve.h"
 #include "dbmtext.h"
 #include "dbobjptr.h"
@@ -102,11 +103,13 @@ bool isText(AcDbObjectId id)
 class Sorter
 {
 public:
+    explicit Sorter(AcDbObjectId space) : m_space(space) {}
+
     bool add(AcDbObjectId id)
     {
         if (!m_seen.insert(id).second) return true;
         const AcDbEntityPointer entity(id, AcDb::kForRead);
-        if (!isOpen(entity, L"CArxEntity::CMakeEnt::MakeHatch")) return false;
+        if (!isOpen(entity, L"CArxEntity::CMakeEnt::MakeHatch") || entity->blockId() != m_space) return false;
         m_plane.add(*entity.object());
         AcGePoint3d start, end;
         const Ends ends = endsOf(*entity.object(), start, end);
@@ -118,16 +121,19 @@ public:
     bool take(HatchBoundary& boundary)
     {
         if (!m_plane.get(boundary.plane) || !m_chains.take(m_loops)) return false;
-        const std::vector<bool> isOuter = outermost(m_loops, boundary.plane);
+        const std::vector<int> depths = nestingDepths(m_loops, boundary.plane);
         for (std::size_t i = 0; i < m_loops.size(); ++i) {
-            const int place = isOuter[i] ? AcDbHatch::kExternal : AcDbHatch::kDefault;
-            const int kind = isText(m_loops[i][0]) ? AcDbHatch::kTextbox : AcDbHatch::kDefault;
+            const bool isFrame = isText(m_loops[i][0]), isInArea = depths[i] % 2 == 1;
+            if (isFrame && !isInArea) continue;
+            const int place = depths[i] == 0 ? AcDbHatch::kExternal : AcDbHatch::kDefault;
+            const int kind = isFrame ? AcDbHatch::kTextbox : AcDbHatch::kDefault;
             boundary.loops.push_back({m_loops[i], place | kind});
         }
         return !boundary.loops.empty();
     }
 
 private:
+    AcDbObjectId m_space;
     std::set<AcDbObjectId> m_seen;
     std::vector<AcDbObjectIdArray> m_loops;
     EndChains m_chains;
@@ -137,7 +143,9 @@ private:
 
 bool boundaryOf(const AcDbObjectIdArray& ids, HatchBoundary& boundary)
 {
-    Sorter sorter;
+    const AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    if (!database) return false;
+    Sorter sorter(database->currentSpaceId());
     for (const AcDbObjectId& id : ids)
         if (!sorter.add(id)) return false;
     return sorter.take(boundary);

@@ -66,6 +66,39 @@ bool isFullCircle(const AcGeCurve2d& edge)
     return edge.type() == AcGe::kCircArc2d && edge.isClosed();
 }
 
+struct Ends {
+    AcGePoint2d start, end;
+};
+
+Ends endsOf(const AcGeCurve2d& edge)
+{
+    AcGeInterval range;
+    edge.getInterval(range);
+    return {edge.evalPoint(range.lowerBound()), edge.evalPoint(range.upperBound())};
+}
+
+/// Ends that a file has at one place differ by rounding.
+bool meet(const AcGePoint2d& a, const AcGePoint2d& b)
+{
+    return a.distanceTo(b) <= 1e-6 * (1.0 + a.asVector().length());
+}
+
+/// Turns the edges of a closed chain so that each starts where the one before it ends. False for others.
+bool alignEdges(const std::vector<std::unique_ptr<AcGeCurve2d>>& edges)
+{
+    AcGePoint2d at = endsOf(*edges[0]).end;
+    if (edges.size() > 1 && !meet(at, endsOf(*edges[1]).start) && !meet(at, endsOf(*edges[1]).end)) {
+        edges[0]->reverseParam();
+        at = endsOf(*edges[0]).end;
+    }
+    for (std::size_t i = 1; i < edges.size(); ++i) {
+        if (!meet(at, endsOf(*edges[i]).start)) edges[i]->reverseParam();
+        if (!meet(at, endsOf(*edges[i]).start)) return false;
+        at = endsOf(*edges[i]).end;
+    }
+    return meet(at, endsOf(*edges[0]).start);
+}
+
 /// The vertices of edges; a full circle gives two.
 void addVertices(const AcGeCurve2d& edge, AcGePoint2dArray& vertices, AcGeDoubleArray& bulges)
 {
@@ -81,14 +114,17 @@ void addVertices(const AcGeCurve2d& edge, AcGePoint2dArray& vertices, AcGeDouble
 
 std::unique_ptr<AcDbPolyline> polylineOf(const LoopParts& parts)
 {
+    if (!parts.edges.empty() && !alignEdges(parts.edges)) return nullptr;
     AcGePoint2dArray vertices = parts.vertices;
     AcGeDoubleArray bulges = parts.bulges;
     for (const auto& edge : parts.edges)
         addVertices(*edge, vertices, bulges);
     if (vertices.length() > 1 && vertices.first().isEqualTo(vertices.last())) vertices.removeLast();
     auto polyline = std::make_unique<AcDbPolyline>(static_cast<unsigned>(vertices.length()));
-    for (int i = 0; i < vertices.length(); ++i)
-        polyline->addVertexAt(static_cast<unsigned>(i), vertices[i], i < bulges.length() ? bulges[i] : 0.0);
+    for (int i = 0; i < vertices.length(); ++i) {
+        const double bulge = i < bulges.length() ? bulges[i] : 0.0;
+        if (polyline->addVertexAt(static_cast<unsigned>(i), vertices[i], bulge) != Acad::eOk) return nullptr;
+    }
     polyline->setClosed(true);
     return vertices.length() > 1 ? std::move(polyline) : nullptr;
 }
@@ -109,8 +145,9 @@ std::unique_ptr<AcDbCurve> curveOf(const AcGeEllipArc2d& arc)
     const bool turnsLeft = arc.majorAxis().x * minor.y - arc.majorAxis().y * minor.x > 0.0;
     auto ellipse = std::make_unique<AcDbEllipse>();
     const AcGeVector3d normal = turnsLeft ? AcGeVector3d::kZAxis : -AcGeVector3d::kZAxis;
-    ellipse->set(lifted(arc.center()), normal, {major.x, major.y, 0.0},
-                 arc.minorRadius() / arc.majorRadius());
+    const Acad::ErrorStatus status = ellipse->set(lifted(arc.center()), normal, {major.x, major.y, 0.0},
+                                                  arc.minorRadius() / arc.majorRadius());
+    if (status != Acad::eOk) return nullptr;
     if (arc.isClosed()) return ellipse;
     ellipse->setStartParam(arc.startAng());
     ellipse->setEndParam(arc.endAng());

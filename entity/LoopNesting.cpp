@@ -104,19 +104,21 @@ private:
 };
 } // namespace
 
-std::vector<bool> outermost(const std::vector<AcDbObjectIdArray>& loops, const AcGePlane& plane)
+std::vector<int> nestingDepths(const std::vector<AcDbObjectIdArray>& loops, const AcGePlane& plane)
 {
-    if (loops.size() < 2) return std::vector<bool>(loops.size(), true);
+    if (loops.size() < 2) return std::vector<int>(loops.size(), 0);
     AcGeMatrix3d worldToPlane;
     worldToPlane.setToWorldToPlane(plane);
     std::vector<Chords> shapes;
     for (const AcDbObjectIdArray& ids : loops)
         shapes.emplace_back(ids, worldToPlane);
-    std::vector<bool> isOuter;
-    for (const Chords& inner : shapes)
-        isOuter.push_back(std::none_of(shapes.begin(), shapes.end(), [&](const Chords& outer) {
+    std::vector<int> depths;
+    for (const Chords& inner : shapes) {
+        const auto around = std::count_if(shapes.begin(), shapes.end(), [&](const Chords& outer) {
             return &outer != &inner && outer.holds(inner);
-        }));
-    return isOuter;
+        });
+        depths.push_back(static_cast<int>(around));
+    }
+    return depths;
 }
 } // namespace entity

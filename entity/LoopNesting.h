@@ -7,7 +7,8 @@
 
 namespace entity
 {
-/// Which of some closed loops, each the entities that make it, lie in no other one, as seen along the normal
-/// of a plane. Loops do not cross; curves count as chords near them.
-std::vector<bool> outermost(const std::vector<AcDbObjectIdArray>& loops, const AcGePlane& plane);
+/// In how many others each of some closed loops lies, which are the entities that make them, as seen along
+/// the normal of a plane. Loops do not cross; curves count as chords near them, texts as the points where
+/// they start, which nothing lies in.
+std::vector<int> nestingDepths(const std::vector<AcDbObjectIdArray>& loops, const AcGePlane& plane);
 } // namespace entity

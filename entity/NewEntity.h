@@ -45,8 +45,8 @@ class Batch
 public:
     /// As entity::addInWorld.
     int addInWorld(std::unique_ptr<AcDbEntity> entity);
-    /// Appends the ids to a list and leaves the entities in the drawing: those of a batch that is not kept are
-    /// taken out of it. 1 for success.
+    /// Appends the ids to a list and leaves the entities in the drawing: those of a batch that is not kept
+    /// are taken out of it. 1 for success.
     int keep(AcDbObjectIdArray& ids);
 
 private:

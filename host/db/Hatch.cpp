@@ -90,11 +90,9 @@ Acad::ErrorStatus AcDbHatch::subTransformBy(const AcGeMatrix3d& xform)
 Acad::ErrorStatus AcDbHatch::getArea(double& area) const
 {
     if (mLoops.empty()) return Acad::eInvalidInput;
-    const std::vector<int> depths = hatch::depthsOf(hatch::polygonsOf(mLoops, hatch::fineDeviation(mLoops)));
+    const std::vector<int> signs = hatch::signsOf(mLoops, mStyle, hatch::fineDeviation(mLoops));
     area = 0.0;
-    for (std::size_t i = 0; i < mLoops.size(); ++i) {
-        if (!hatch::counts(depths[i], mStyle)) continue;
-        area += (depths[i] % 2 ? -1.0 : 1.0) * hatch::areaOf(mLoops[i]);
-    }
+    for (std::size_t i = 0; i < mLoops.size(); ++i)
+        if (signs[i] != 0) area += signs[i] * hatch::areaOf(mLoops[i]);
     return Acad::eOk;
 }

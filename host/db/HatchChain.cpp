@@ -73,6 +73,79 @@ struct Box {
                high.y >= other.high.y;
     }
 };
+
+bool isTextFrame(const Loop& loop)
+{
+    constexpr std::int32_t textbox = 8;
+    return loop.type & textbox;
+}
+
+kernel::Polygons polygonsOf(const std::vector<Loop>& loops, double deviation)
+{
+    kernel::Polygons polygons;
+    for (const Loop& loop : loops)
+        polygons.push_back(flattened(loop, deviation));
+    return polygons;
+}
+
+/// Whether a loop at a depth bounds what is filled.
+bool counts(int depth, int style)
+{
+    constexpr int outer = 1, ignore = 2;
+    return style == ignore ? depth == 0 : style != outer || depth <= 1;
+}
+
+/// Which loops lie in which others.
+class Nesting
+{
+public:
+    Nesting(const std::vector<Loop>& loops, const kernel::Polygons& polygons, int style)
+        : mLoops(loops), mPolygons(polygons), mStyle(style)
+    {
+        for (const kernel::Polygon& polygon : polygons)
+            mBoxes.emplace_back(polygon);
+    }
+
+    std::vector<int> signs() const
+    {
+        std::vector<int> signs;
+        for (std::size_t i = 0; i < mLoops.size(); ++i)
+            signs.push_back(signOf(i));
+        const std::vector<int> alone = signs;
+        for (std::size_t i = 0; i < mLoops.size(); ++i)
+            if (depthOf(i,
+                        [&](std::size_t outer) { return isTextFrame(mLoops[outer]) && alone[outer] != 0; }))
+                signs[i] = 0;
+        return signs;
+    }
+
+private:
+    /// How many of some loops it lies in.
+    template <class Choice>
+    int depthOf(std::size_t inner, Choice isChosen) const
+    {
+        int depth = 0;
+        for (std::size_t outer = 0; outer < mLoops.size(); ++outer)
+            if (inner != outer && isChosen(outer) && !mPolygons[inner].empty() &&
+                mBoxes[outer].holds(mBoxes[inner]) && isInside(mPolygons[inner][0], mPolygons[outer]))
+                ++depth;
+        return depth;
+    }
+
+    /// As if no text were around it.
+    int signOf(std::size_t loop) const
+    {
+        const int depth = depthOf(loop, [this](std::size_t outer) { return !isTextFrame(mLoops[outer]); });
+        if (!counts(depth, mStyle)) return 0;
+        if (depth % 2) return -1;
+        return isTextFrame(mLoops[loop]) ? 0 : 1;
+    }
+
+    const std::vector<Loop>& mLoops;
+    const kernel::Polygons& mPolygons;
+    int mStyle;
+    std::vector<Box> mBoxes;
+};
 } // namespace
 
 bool chain(Curves& curves)
@@ -96,20 +169,6 @@ double areaOf(const Loop& loop)
     return std::fabs(kernel::areaOf(runs));
 }
 
-std::vector<int> depthsOf(const kernel::Polygons& loops)
-{
-    std::vector<Box> boxes;
-    for (const kernel::Polygon& loop : loops)
-        boxes.emplace_back(loop);
-    std::vector<int> depths(loops.size(), 0);
-    for (std::size_t inner = 0; inner < loops.size(); ++inner)
-        for (std::size_t outer = 0; outer < loops.size(); ++outer)
-            if (inner != outer && !loops[inner].empty() && boxes[outer].holds(boxes[inner]) &&
-                isInside(loops[inner][0], loops[outer]))
-                ++depths[inner];
-    return depths;
-}
-
 double fineDeviation(const std::vector<Loop>& loops)
 {
     Box all(kernel::Polygon{});
@@ -123,28 +182,20 @@ double fineDeviation(const std::vector<Loop>& loops)
     return size > 0.0 && size < 1e300 ? 1e-5 * size : 1e-5;
 }
 
-kernel::Polygons polygonsOf(const std::vector<Loop>& loops, double deviation)
+std::vector<int> signsOf(const std::vector<Loop>& loops, int style, double deviation)
 {
-    kernel::Polygons polygons;
-    for (const Loop& loop : loops)
-        polygons.push_back(flattened(loop, deviation));
-    return polygons;
-}
-
-bool counts(int depth, int style)
-{
-    constexpr int outer = 1, ignore = 2;
-    return style == ignore ? depth == 0 : style != outer || depth <= 1;
+    const kernel::Polygons polygons = polygonsOf(loops, deviation);
+    return Nesting(loops, polygons, style).signs();
 }
 
 kernel::Polygons filledPolygons(const std::vector<Loop>& loops, int style, double deviation)
 {
     kernel::Polygons polygons = polygonsOf(loops, deviation);
-    if (style == 0) return polygons;
-    const std::vector<int> depths = depthsOf(polygons);
+    if (style == 0 && std::none_of(loops.begin(), loops.end(), isTextFrame)) return polygons;
+    const std::vector<int> signs = Nesting(loops, polygons, style).signs();
     kernel::Polygons filled;
     for (std::size_t i = 0; i < polygons.size(); ++i)
-        if (counts(depths[i], style)) filled.push_back(std::move(polygons[i]));
+        if (signs[i] != 0) filled.push_back(std::move(polygons[i]));
     return filled;
 }
 } // namespace hatch

@@ -28,11 +28,9 @@ double areaOf(const Loop& loop);
 
 /// A deviation far below what can be seen of loops of this size.
 double fineDeviation(const std::vector<Loop>& loops);
-kernel::Polygons polygonsOf(const std::vector<Loop>& loops, double deviation);
-/// How many loops each one lies in.
-std::vector<int> depthsOf(const kernel::Polygons& loops);
-/// Whether a loop at a depth bounds what is filled, by the style of the hatch (0 normal, 1 outer, 2 ignore).
-bool counts(int depth, int style);
+/// What each loop is to the area of a hatch of a style (0 normal, 1 outer, 2 ignore): 1 adds to it, -1 is taken
+/// from it, 0 counts for nothing. The frame of a text (kTextbox) is never added, nor what lies in one.
+std::vector<int> signsOf(const std::vector<Loop>& loops, int style, double deviation);
 /// The loops that bound what is filled, by the even-odd rule.
 kernel::Polygons filledPolygons(const std::vector<Loop>& loops, int style, double deviation);
 } // namespace hatch

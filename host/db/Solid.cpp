@@ -7,6 +7,8 @@
 #include "gecurv3d.h"
 #include "gelnsg3d.h"
 
+#include <cmath>
+
 ACDB_DXF_CLASS(AcDbSolid, AcDbEntity, SOLID)
 ACDB_DXF_CLASS(AcDbTrace, AcDbEntity, TRACE)
 
@@ -81,7 +83,7 @@ Acad::ErrorStatus AcDbFilledQuad::setThickness(double thickness)
 
 Acad::ErrorStatus AcDbFilledQuad::setNormal(const AcGeVector3d& normal)
 {
-    if (normal.isZeroLength()) return Acad::eInvalidInput;
+    if (normal.isZeroLength() || !std::isfinite(normal.length())) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     if (status == Acad::eOk) mNormal = normal.normal();
     return status;

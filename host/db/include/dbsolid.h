@@ -17,7 +17,7 @@ public:
     double thickness() const { return mThickness; }
     Acad::ErrorStatus setThickness(double thickness);
     AcGeVector3d normal() const { return mNormal; }
-    /// Turns the plane; eInvalidInput for a zero vector.
+    /// Turns the plane; eInvalidInput for a zero vector and one that is not finite.
     Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
 
     bool isPlanar() const override { return true; }
