@@ -234,6 +234,8 @@ AcGePoint2d takePoint(DxfSource& source, int code)
     AcGePoint2d point;
     takeNumber(source, code, point.x);
     takeNumber(source, code + 10, point.y);
+    double height = 0.0; // points of lists have three coordinates
+    takeNumber(source, code + 20, height);
     return point;
 }
 

@@ -4,6 +4,8 @@
 #include "dbelipse.h"
 #include "dbsolid.h"
 
+#include <array>
+
 namespace
 {
 using MakeArc = EntityTest;
@@ -64,19 +66,66 @@ TEST(MakeFreeArc, BulgeIsTheTangentOfAQuarterOfTheAngle)
     EXPECT_POINT(arc.center(), 1, 1, 0);
 }
 
+/// The numbers of a free arc in space: two points, its bulge and the normal.
+using ArcNumbers = std::array<double, 10>;
+
+int makeFreeArc(const ArcNumbers& n, AcGeCircArc3d& arc)
+{
+    return CMakeEnt::MakeArc({n[0], n[1], n[2]}, {n[3], n[4], n[5]}, n[6], {n[7], n[8], n[9]}, arc);
+}
+
 TEST(MakeFreeArc, BadInputLeavesTheArcAsItWas)
 {
-    AcGeCircArc3d arc(AcGePoint3d(7, 8, 9), AcGeVector3d::kZAxis, 3.0);
-    AcGeCircArc3d* pointer = nullptr;
-    AcGeCircArc2d* flat = nullptr;
-    EXPECT_EQ(CMakeEnt::MakeArc(east, east, 1.0, AcGeVector3d::kZAxis, arc), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc(east, north, 0.0, AcGeVector3d::kZAxis, arc), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc(east, west, 1.0, AcGeVector3d::kXAxis, arc), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc(east, west, kNan, AcGeVector3d::kZAxis, pointer), 0);
-    EXPECT_EQ(CMakeEnt::MakeArc(AcGePoint2d(kInf, 0), AcGePoint2d(2, 0), 1.0, flat), 0);
-    EXPECT_POINT(arc.center(), 7, 8, 9);
-    EXPECT_EQ(pointer, nullptr);
-    EXPECT_EQ(flat, nullptr);
+    const ArcNumbers good = {1, 0, 0, -1, 0, 0, 0.5, 0, 0, 1};
+    std::vector<ArcNumbers> bad = {{1, 0, 0, 1, 0, 0, 0.5, 0, 0, 1}, // equal points
+                                   {1, 0, 0, -1, 0, 0, 0.0, 0, 0, 1},
+                                   {1, 0, 0, -1, 0, 0, 0.5, 0, 0, 0},
+                                   {1, 0, 0, -1, 0, 0, 0.5, 1, 0, 0}}; // the normal along the chord
+    for (std::size_t place = 0; place < good.size(); ++place)
+        for (const double number : {kNan, kInf, -kInf}) {
+            bad.push_back(good);
+            bad.back()[place] = number;
+        }
+    AcGeCircArc3d arc;
+    ASSERT_EQ(makeFreeArc(good, arc), 1);
+    arc.set({7, 8, 9}, AcGeVector3d::kZAxis, 3.0);
+    for (const ArcNumbers& n : bad) {
+        SCOPED_TRACE(testing::PrintToString(n));
+        AcGeCircArc3d* pointer = &arc;
+        AcGeCircArc2d *flat = nullptr, *const before = flat;
+        EXPECT_EQ(makeFreeArc(n, arc), 0);
+        EXPECT_EQ(
+            CMakeEnt::MakeArc({n[0], n[1], n[2]}, {n[3], n[4], n[5]}, n[6], {n[7], n[8], n[9]}, pointer), 0);
+        EXPECT_POINT(arc.center(), 7, 8, 9);
+        EXPECT_EQ(pointer, &arc);
+        // Without a height and a normal some of them are good.
+        const bool isFlat = std::isfinite(n[0] + n[1] + n[3] + n[4] + n[6]) && n[0] != n[3] && n[6] != 0.0;
+        if (isFlat) continue;
+        EXPECT_EQ(CMakeEnt::MakeArc(AcGePoint2d(n[0], n[1]), AcGePoint2d(n[3], n[4]), n[6], flat), 0);
+        EXPECT_EQ(flat, before);
+    }
+}
+
+TEST(MakeFreeArc, HugeNumbersAreRefusedOrMakeAnArcOfNumbers)
+{
+    const ArcNumbers good = {1, 0, 0, -1, 0, 0, 0.5, 0, 0, 1};
+    for (std::size_t place = 0; place < good.size(); ++place)
+        for (const double huge : {1e15, -1e100, 1e300, 1.7e308}) {
+            ArcNumbers n = good;
+            n[place] = huge;
+            SCOPED_TRACE(testing::PrintToString(n));
+            AcGeCircArc3d arc;
+            if (makeFreeArc(n, arc) == 0) continue;
+            EXPECT_TRUE(std::isfinite(arc.radius() + arc.center().x + arc.center().y + arc.center().z));
+        }
+}
+
+TEST_F(MakeArc, NamedLayerThatIsLockedTakesIt)
+{
+    const AcDbObjectId layer = addLayer(L"LOCKED", true);
+    AcDbObjectId id;
+    ASSERT_EQ(CMakeEnt::MakeArc(east, north, west, L"locked", 1, id), 1);
+    EXPECT_EQ(Open<AcDbArc>(id)->layerId(), layer);
 }
 
 TEST_F(MakeCircle, LiesInTheUsersPlane)
@@ -112,6 +161,23 @@ TEST_F(MakeEllipse, EitherRadiusMayBeTheLarger)
     EXPECT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {1, 0, 0}, 0.0, 1.0, wide), 0);
 }
 
+TEST_F(MakeEllipse, AnglesAreThoseOfTheLinesFromTheCentre)
+{
+    // At 45 degrees x = y, so that x^2/9 + x^2/4 = 1.
+    const double at = std::sqrt(36.0 / 13.0);
+    AcDbObjectId wide, tall;
+    ASSERT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {1, 0, 0}, 3.0, 2.0, wide, kPi / 4, 3 * kPi / 4), 1);
+    ASSERT_EQ(CMakeEnt::MakeEllipse({0, 0, 0}, {1, 0, 0}, 2.0, 3.0, tall, kPi / 4, 3 * kPi / 4), 1);
+    for (const AcDbObjectId& id : {wide, tall}) {
+        AcGePoint3d start, end;
+        const Open<AcDbEllipse> ellipse(id);
+        ellipse->getStartPoint(start);
+        ellipse->getEndPoint(end);
+        EXPECT_POINT(start, at, at, 0);
+        EXPECT_POINT(end, -at, at, 0);
+    }
+}
+
 TEST_F(MakeEllipse, EqualAnglesMakeItWhole)
 {
     for (const double angle : {0.0, 1.0, -2.0}) {
@@ -144,6 +210,58 @@ TEST_F(MakeSolid, TriangleHasItsThirdCornerTwice)
     EXPECT_POINT(third, 7, 20, 0);
     EXPECT_POINT(fourth, third);
     EXPECT_NEAR(areaOf(*solid.object()), 6.0, 1e-9);
+}
+
+TEST_F(MakeSolid, TriangleAtAnyHeightsIsPlanar)
+{
+    turnUcs();
+    const AcGePoint3d corners[][3] = {{{0, 0, 0}, {4, 0, 1}, {0, 3, 2}},
+                                      {{0, 3, 2}, {4, 0, 1}, {0, 0, 0}},
+                                      {{0, 0, 0}, {0, 3, 0}, {0, 0, 5}},
+                                      {{1, 1, 1}, {2, 2, 2}, {3, 3, 3}},
+                                      {{0, 0, 0}, {0, 0, 0}, {0, 0, 5}}};
+    for (const auto& [a, b, c] : corners) {
+        AcDbObjectId id;
+        ASSERT_EQ(CMakeEnt::MakeSolid(a, b, c, id), 1);
+        const Open<AcDbSolid> solid(id);
+        EXPECT_GE(solid->normal().z, -1e-12) << "upwards";
+        AcGePlane plane;
+        AcDb::Planarity planarity;
+        ASSERT_EQ(solid->getPlane(plane, planarity), Acad::eOk);
+        AcGePoint3d corner;
+        std::uint16_t i = 0;
+        for (const AcGePoint3d& p : {a, b, c, c}) {
+            solid->getPointAt(i++, corner);
+            EXPECT_POINT(corner, 10 - p.y, 20 + p.x, p.z);
+            EXPECT_LT(plane.distanceTo(corner), 1e-9);
+        }
+    }
+}
+
+TEST_F(MakeSolid, TrianglesOfACombAreAsManyAsItsCornersLessTwo)
+{
+    // 300 teeth, 1 wide and 9 high, 1 apart, on a back that is 1 high; in either direction.
+    AcGePoint3dArray comb, turned;
+    comb.append({0, -1, 0});
+    comb.append({599, -1, 0});
+    for (int tooth = 299; tooth >= 0; --tooth)
+        for (const auto& [x, y] : {std::pair(1, 0), std::pair(1, 9), std::pair(0, 9), std::pair(0, 0)})
+            comb.append({2.0 * tooth + x, static_cast<double>(y), 0});
+    comb.remove({599, 0, 0}); // in line with the back's end
+    comb.remove({0, 0, 0});
+    for (int i = comb.length() - 1; i >= 0; --i)
+        turned.append(comb[i]);
+    for (const AcGePoint3dArray* points : {&comb, &turned}) {
+        AcDbObjectId outline;
+        AcDbObjectIdArray ids;
+        ASSERT_EQ(CMakeEnt::MakePline(*points, outline, 1), 1);
+        ASSERT_EQ(CMakeEnt::MakeSolid(outline, AcCmColor(), ids), 1);
+        EXPECT_LE(ids.length(), comb.length() - 2);
+        double sum = 0.0;
+        for (const AcDbObjectId& id : ids)
+            sum += areaOf(*Open<AcDbSolid>(id).object());
+        EXPECT_NEAR(sum, 599 + 300 * 9, 1e-6);
+    }
 }
 
 TEST_F(MakeSolid, TrianglesCoverAClosedCurveOnce)

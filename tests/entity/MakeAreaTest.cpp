@@ -71,6 +71,19 @@ TEST_F(MakeHatch, AngleCountsFromTheXAxisOfTheUser)
     EXPECT_NEAR(hatch->patternAngle(), 0.25 + std::acos(0.0), 1e-12);
 }
 
+TEST_F(MakeHatch, AngleIsThatOfTheHatchWhereTheXAxisStandsUprightOnIt)
+{
+    AcDbObjectId circle, id;
+    for (const AcGeVector3d& normal : {AcGeVector3d(1, 2, 2) / 3.0, AcGeVector3d(6, 3, 2) / 7.0}) {
+        const AcGeVector3d across = normal.perpVector();
+        setUcs({1, 2, 3}, across, normal.crossProduct(across));
+        ASSERT_EQ(CMakeEnt::MakeCircle({0, 0, 0}, 3.0, circle), 1);
+        setUcs({1, 2, 3}, normal, across);
+        ASSERT_EQ(CMakeEnt::MakeHatch(listOf({circle}), id, L"ANSI31", 1.0, 0.25), 1);
+        EXPECT_NEAR(Open<AcDbHatch>(id)->patternAngle(), 0.25, 1e-12);
+    }
+}
+
 TEST_F(MakeHatch, HatchFollowsItsBoundary)
 {
     AcDbObjectId id;
@@ -123,6 +136,59 @@ TEST_F(MakeHatchBoundary, PolylinesEncloseTheAreaOfTheLoops)
         EXPECT_NEAR((box.minPoint().x + box.maxPoint().x) / 2, 5.0, 1e-6); // 10 - 5
         EXPECT_NEAR((box.minPoint().y + box.maxPoint().y) / 2, 25.0, 1e-6);
     }
+}
+
+/// A hatch as other programs write it: each edge runs as it likes.
+AcDbObjectId hatchOfEdges(const std::vector<AcGePoint2d>& ends)
+{
+    resbuf* list = acutBuildList(RTDXF0, L"HATCH", 100, L"AcDbEntity", 100, L"AcDbHatch", RTNONE);
+    resbuf* last = list->rbnext->rbnext;
+    const auto add = [&](resbuf* group) { last = last->rbnext = group; };
+    const auto point = [&](short code, double x, double y) {
+        const ads_point at = {x, y, 0.0};
+        add(acutBuildList(code, at, RTNONE));
+    };
+    const auto number = [&](short code, int value) { add(acutBuildList(code, value, RTNONE)); };
+    point(10, 0, 0);
+    add(acutBuildList(2, L"SOLID", RTNONE));
+    for (const auto& [code, value] : {std::pair(70, 1), std::pair(71, 0), std::pair(91, 1), std::pair(92, 1)})
+        number(static_cast<short>(code), value);
+    number(93, static_cast<int>(ends.size() / 2));
+    for (std::size_t i = 0; i < ends.size(); i += 2) {
+        number(72, 1);
+        point(10, ends[i].x, ends[i].y);
+        point(11, ends[i + 1].x, ends[i + 1].y);
+    }
+    for (const short code : {short(97), short(75), short(98)})
+        number(code, 0);
+    const int result = acdbEntMake(list);
+    acutRelRb(list);
+    EXPECT_EQ(result, RTNORM);
+    ads_name name;
+    AcDbObjectId id;
+    if (acdbEntLast(name) == RTNORM) acdbGetObjectId(id, name);
+    return id;
+}
+
+TEST_F(MakeHatchBoundary, EdgesThatRunBackwardsAreTurnedRound)
+{
+    AcDbObjectIdArray ids;
+    const AcDbObjectId hatch = hatchOfEdges({{4, 0}, {0, 0}, {4, 0}, {4, 3}, {0, 3}, {4, 3}, {0, 3}, {0, 0}});
+    ASSERT_EQ(CMakeEnt::MakeHatchBoundary(hatch, ids), 1);
+    ASSERT_EQ(ids.length(), 1);
+    double area = 0.0;
+    Open<AcDbPolyline>(ids[0])->getArea(area);
+    EXPECT_NEAR(area, 12.0, 1e-9);
+    EXPECT_EQ(Open<AcDbPolyline>(ids[0])->numVerts(), 4u);
+}
+
+TEST_F(MakeHatchBoundary, EdgesThatDoNotMeetMakeNoOutline)
+{
+    AcDbObjectIdArray ids;
+    const AcDbObjectId hatch = hatchOfEdges({{0, 0}, {4, 0}, {4, 0}, {4, 3}, {4, 2}, {0, 0}});
+    const int before = entityCount();
+    EXPECT_EQ(CMakeEnt::MakeHatchBoundary(hatch, ids), 0);
+    EXPECT_EQ(entityCount(), before);
 }
 
 TEST_F(MakeHatchBoundary, OtherCurvesAreGivenEdgeByEdgeOrAsRegions)
@@ -246,159 +312,5 @@ TEST_F(MakeBoundary, OpenAreasAndBadPointsAddNothing)
         }
     EXPECT_TRUE(id.isNull() && ids.isEmpty());
     EXPECT_EQ(entityCount(), 3);
-}
-
-class BySetTest : public AreaTest
-{
-protected:
-    /// Runs a maker as a command with the set of some entities.
-    int among(const AcDbObjectIdArray& candidates, const std::function<int(const ads_name)>& maker)
-    {
-        ads_name set = {};
-        for (const AcDbObjectId& id : candidates) {
-            ads_name entity = {};
-            acdbGetAdsName(entity, id);
-            acedSSAdd(entity, set, set);
-        }
-        int result = -1;
-        asCommand([&] { result = maker(set); });
-        if (!candidates.isEmpty()) {
-            EXPECT_EQ(acedSSFree(set), RTNORM) << "the set stays the caller's";
-        }
-        return result;
-    }
-};
-using MakeBoundaryBySet = BySetTest;
-
-TEST_F(MakeBoundaryBySet, EntitiesOutsideOfTheSetDoNotBound)
-{
-    turnUcs();
-    const auto outer = rectangle(0, 0, 10, 10), round = circle(5, 5, 3);
-    rectangle(0, 0, 2, 2); // the smallest one around the point, but not in the set
-    const auto set = listOf({outer, round});
-    AcDbObjectIdArray ids;
-    ASSERT_EQ(among(set,
-                    [&](const ads_name name) {
-                        return CMakeEnt::MakeBoundary({1, 1, 0}, name, ids, 1, 0);
-                    }),
-              1);
-    ASSERT_EQ(ids.length(), 2);
-    const double areas[] = {100.0, 9 * kPi};
-    for (int i = 0; i < 2; ++i) {
-        double area = 0.0;
-        Open<AcDbPolyline>(ids[i])->getArea(area);
-        EXPECT_NEAR(area, areas[i], 1e-6);
-    }
-    AcDbExtents box;
-    Open<AcDbPolyline>(ids[0])->getGeomExtents(box);
-    EXPECT_POINT(box.minPoint(), 0, 20, 0);
-    ids.setLogicalLength(0);
-    ASSERT_EQ(among(set,
-                    [&](const ads_name name) {
-                        return CMakeEnt::MakeBoundary({1, 1, 0}, name, ids, 0, 1);
-                    }),
-              1);
-    EXPECT_EQ(ids.length(), 1) << "without islands";
-    EXPECT_TRUE(ids[0].objectClass()->isDerivedFrom(AcDbRegion::desc()));
-}
-
-TEST_F(MakeBoundaryBySet, OneRegionHasItsIslandsCutOut)
-{
-    const auto set = listOf({rectangle(0, 0, 10, 10), circle(5, 5, 3)});
-    AcDbObjectId region, polyline;
-    ASSERT_EQ(among(set,
-                    [&](const ads_name name) {
-                        return CMakeEnt::MakeBoundary({1, 1, 0}, name, region, 1, 1);
-                    }),
-              1);
-    EXPECT_NEAR(areaOf(*Open<AcDbRegion>(region).object()), 100 - 9 * kPi, 1e-6);
-    EXPECT_EQ(entityCount(), 3) << "the regions that it was made of are gone";
-    ASSERT_EQ(among(set,
-                    [&](const ads_name name) {
-                        return CMakeEnt::MakeBoundary({1, 1, 0}, name, polyline, 1, 0);
-                    }),
-              1);
-    EXPECT_EQ(Open<AcDbPolyline>(polyline).openStatus(), Acad::eOk);
-    EXPECT_EQ(entityCount(), 4);
-}
-
-TEST_F(MakeBoundaryBySet, CurrentLayerThatIsLockedTakesTheRegion)
-{
-    const auto set = listOf({rectangle(0, 0, 10, 10), circle(5, 5, 3)});
-    const AcDbObjectId layer = addLayer(L"LOCKED", true);
-    ASSERT_EQ(database()->setClayer(layer), Acad::eOk);
-    AcDbObjectId region;
-    ASSERT_EQ(among(set,
-                    [&](const ads_name name) {
-                        return CMakeEnt::MakeBoundary({1, 1, 0}, name, region, 1, 1);
-                    }),
-              1);
-    EXPECT_NEAR(areaOf(*Open<AcDbRegion>(region).object()), 100 - 9 * kPi, 1e-6);
-    EXPECT_EQ(Open<AcDbRegion>(region)->layerId(), layer);
-    EXPECT_EQ(entityCount(), 3) << "the regions that it was made of are gone";
-}
-
-TEST_F(MakeBoundaryBySet, RunningSnapsAndTheKindOfOutlineAreTheUsersOwn)
-{
-    const auto set = listOf({rectangle(0, 0, 10, 10)});
-    const CFamStuSysVar snaps(L"OSMODE", 1), onTypedPoints(L"OSNAPCOORD", 0), kind(L"HPBOUND", 0);
-    AcDbObjectId polyline;
-    ASSERT_EQ(among(set,
-                    [&](const ads_name name) {
-                        return CMakeEnt::MakeBoundary({0.01, 0.01, 0}, name, polyline, 0, 0);
-                    }),
-              1)
-        << "the corner nearby does not catch the point";
-    int value = -1;
-    EXPECT_EQ(CFamStuSysVar::Get(L"OSMODE", value) + value, 2);
-    EXPECT_EQ(CFamStuSysVar::Get(L"HPBOUND", value) + value, 1);
-}
-
-TEST_F(MakeBoundaryBySet, WhatBelongsToTheLastEntityIsNotTakenForNew)
-{
-    const auto set = listOf({rectangle(0, 0, 10, 10)});
-    AcGePoint3dArray points = polygon({{20, 0, 0}, {30, 0, 0}, {30, 9, 0}});
-    AcDbObjectId id;
-    auto* const last = new AcDb2dPolyline(AcDb::k2dSimplePoly, points, 0.0, true);
-    ASSERT_EQ(CArxUtils::CDatabase::AddToDb(last, id), 1);
-    last->close();
-    AcDbObjectIdArray ids;
-    ASSERT_EQ(among(set,
-                    [&](const ads_name name) {
-                        return CMakeEnt::MakeBoundary({1, 1, 0}, name, ids, 1, 0);
-                    }),
-              1);
-    EXPECT_EQ(ids.length(), 1);
-}
-
-TEST_F(MakeBoundaryBySet, BadSetsAndPointsAddNothing)
-{
-    const auto set = listOf({rectangle(0, 0, 10, 10)});
-    AcDbObjectIdArray ids;
-    AcDbObjectId id;
-    const AcGePoint3d points[] = {{50, 50, 0}, {kNan, 0, 0}, {0, 0, kInf}};
-    for (const AcGePoint3d& pt : points)
-        for (const int asRegions : {0, 1}) {
-            EXPECT_EQ(
-                among(set,
-                      [&](const ads_name n) { return CMakeEnt::MakeBoundary(pt, n, ids, 1, asRegions); }),
-                0);
-            EXPECT_EQ(
-                among(set, [&](const ads_name n) { return CMakeEnt::MakeBoundary(pt, n, id, 1, asRegions); }),
-                0);
-        }
-    const AcDbObjectIdArray none;
-    EXPECT_EQ(among(none,
-                    [&](const ads_name n) {
-                        return CMakeEnt::MakeBoundary({1, 1, 0}, n, ids, 1, 0);
-                    }),
-              0);
-    EXPECT_EQ(among(none,
-                    [&](const ads_name n) {
-                        return CMakeEnt::MakeBoundary({1, 1, 0}, n, id, 1, 1);
-                    }),
-              0);
-    EXPECT_TRUE(ids.isEmpty() && id.isNull());
-    EXPECT_EQ(entityCount(), 1);
 }
 } // namespace

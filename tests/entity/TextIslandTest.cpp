@@ -68,6 +68,32 @@ TEST_F(TextIslandTest, TextsThatGrowAreFollowed)
     EXPECT_GT(areaOfBox(m_text), 1.2 * before);
     EXPECT_NEAR(areaOf(made), 5000 - areaOfBox(m_text) - areaOfBox(m_paragraph), 1e-6);
     Open<AcDbText>(m_text, AcDb::kForWrite)->setPosition({300, 20, 0});
-    EXPECT_NEAR(areaOf(made), 5000 + areaOfBox(m_text) - areaOfBox(m_paragraph), 1e-6) << "out of the frame";
+    EXPECT_NEAR(areaOf(made), 5000 - areaOfBox(m_paragraph), 1e-6) << "out of the frame";
+}
+
+TEST_F(TextIslandTest, FramesOutsideOfWhatIsFilledStayEmpty)
+{
+    AcDbObjectId around, beside, within, made;
+    ASSERT_EQ(CMakeEnt::MakeCircle({30, 22, 0}, 20.0, around), 1); // an island with the text in it
+    ASSERT_EQ(CMakeEnt::MakeText({200, 20, 0}, L"BESIDE", beside, 5.0), 1);
+    ASSERT_EQ(CMakeEnt::MakeCircle({61, 38, 0}, 0.01, within), 1); // in the frame of the paragraph
+    AcDbObjectIdArray ids;
+    for (const AcDbObjectId& id : {beside, within, m_text, around, m_frame, m_paragraph})
+        ids.append(id);
+    ASSERT_EQ(CMakeEnt::MakeHatch(ids, made, L"SOLID", 1.0, 0.0), 1);
+    EXPECT_NEAR(areaOf(made), 5000 - 400 * kPi - areaOfBox(m_paragraph), 1e-6);
+    const Open<AcDbHatch> hatch(made);
+    EXPECT_EQ(hatch->numLoops(), 4) << "without those of the texts in the island and beside the frame";
+}
+
+TEST_F(TextIslandTest, TextsAloneBoundNothing)
+{
+    AcDbObjectId made;
+    AcDbObjectIdArray ids;
+    for (const AcDbObjectId& id : {m_text, m_paragraph})
+        ids.append(id);
+    EXPECT_EQ(CMakeEnt::MakeHatch(ids, made, L"SOLID", 1.0, 0.0), 0);
+    EXPECT_TRUE(made.isNull());
+    EXPECT_EQ(entityCount(), 3);
 }
 } // namespace
