@@ -11,10 +11,10 @@
 class SavedEntities
 {
 public:
-    explicit SavedEntities(AcDbDatabase& drawing)
+    explicit SavedEntities(AcDbDatabase& drawing, AcDb::AcDbDwgVersion version = AcDb::kDHL_CURRENT)
     {
         const auto file = m_folder.file("saved.dxf");
-        EXPECT_EQ(drawing.saveAs(file.wstring().c_str()), Acad::eOk);
+        EXPECT_EQ(drawing.saveAs(file.wstring().c_str(), false, version), Acad::eOk);
         EXPECT_EQ(m_reopened.readDwgFile(file.wstring().c_str()), Acad::eOk);
         dxftest::expectSound(file);
     }
