@@ -262,6 +262,8 @@ AcDbObjectId AcDbDimension::dimensionStyle() const
     return standard;
 }
 
+void AcDbDimension::subSetDatabaseDefaults(AcDbDatabase* db) { mStyle = db->dimstyle(); }
+
 Acad::ErrorStatus AcDbDimension::setDimensionStyle(AcDbObjectId style)
 {
     if (!AcDbDimStyleTableRecord::cast(residentObject(style))) return Acad::eInvalidDimStyle;

@@ -83,6 +83,7 @@ public:
     double horizontalRotation() const { return mHorizontalRotation; }
     Acad::ErrorStatus setHorizontalRotation(double rotation);
 
+    /// Until one is set, or setDatabaseDefaults takes the current one, the style "Standard".
     AcDbObjectId dimensionStyle() const;
     /// eInvalidDimStyle for what is no dimension style of the drawing.
     Acad::ErrorStatus setDimensionStyle(AcDbObjectId style);
@@ -145,6 +146,7 @@ public:
     void getEcs(AcGeMatrix3d& matrix) const override;
     void intersectionCurves(Curves& curves, bool extended) const override;
     Acad::ErrorStatus subClose() override;
+    void subSetDatabaseDefaults(AcDbDatabase* db) override;
 
     const DxfClass* dxfClass() const override
     {

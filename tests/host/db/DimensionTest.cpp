@@ -178,6 +178,14 @@ TEST_F(Dimension, VariablesOfANewDrawingAreThoseOfItsStyle)
     }
 }
 
+TEST_F(Dimension, DefaultsOfTheDrawingAreItsStyle)
+{
+    AcDbOrdinateDimension dimension(false, {1, 2, 0}, {3, 2, 0});
+    dimension.setDatabaseDefaults(&mDatabase);
+    EXPECT_EQ(dimension.dimensionStyle(), mDatabase.dimstyle());
+    EXPECT_EQ(dimension.dimtxt(), 2.5) << "of ISO-25";
+}
+
 TEST_F(Dimension, VariablesThatHeadersNameOtherwiseOrNotAreKeptInTheirPlaces)
 {
     AcDbDatabase drawing;
