@@ -35,7 +35,7 @@ void askAndDraw()
     if (drawGrid(order, drawn))
         report(drawn);
     else
-        acutPrintf(L"\n轴网绘制失败，没有留下图元。\n");
+        acutPrintf(L"\n轴网绘制失败，图形没有改变。\n");
 }
 } // namespace
 

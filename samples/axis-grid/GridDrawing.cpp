@@ -5,6 +5,7 @@
 
 #include "QmCADLib.h"
 
+#include "actrans.h"
 #include "arxHeaders.h"
 #include "dbdim.h"
 #include "dbmtext.h"
@@ -251,13 +252,23 @@ private:
     std::vector<double> m_columns, m_rows;
 };
 
-void eraseAll(const AcDbObjectIdArray& ids)
+/// Takes back all that is done to the drawing while it lives, unless it is kept.
+class Attempt
 {
-    for (const AcDbObjectId id : ids) {
-        const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForWrite);
-        if (entity.openStatus() == Acad::eOk) entity->erase();
+public:
+    Attempt() { actrTransactionManager->startTransaction(); }
+    ~Attempt()
+    {
+        if (!m_isKept) actrTransactionManager->abortTransaction();
     }
-}
+    Attempt(const Attempt&) = delete;
+    Attempt& operator=(const Attempt&) = delete;
+
+    bool keep() { return m_isKept = actrTransactionManager->endTransaction() == Acad::eOk; }
+
+private:
+    bool m_isKept = false;
+};
 } // namespace
 
 CString DrawnGrid::areaText() const
@@ -268,24 +279,12 @@ CString DrawnGrid::areaText() const
     return text;
 }
 
-AcDbObjectIdArray DrawnGrid::all() const
-{
-    AcDbObjectIdArray ids = axes;
-    for (const AcDbObjectIdArray* part : {&bubbles, &labels, &dimensions})
-        ids.append(*part);
-    for (const AcDbObjectId id : {outline, area, frame, hatch}) {
-        if (!id.isNull()) ids.append(id);
-    }
-    return ids;
-}
-
 bool drawGrid(const GridOrder& order, DrawnGrid& drawn)
 {
     const GridUcs ucs(order.origin, order.rotation);
-    if (!ucs.isSet() || !makeGridStyles(order.paperUnit())) return false;
+    if (!ucs.isSet()) return false;
+    Attempt attempt;
+    if (!makeGridStyles(order.paperUnit())) return false;
     const LookByLayer look(order.paperUnit());
-    if (GridPainter(order, ucs, drawn).draw()) return true;
-    eraseAll(drawn.all());
-    drawn = DrawnGrid();
-    return false;
+    return GridPainter(order, ucs, drawn).draw() && attempt.keep();
 }

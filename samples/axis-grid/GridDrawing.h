@@ -15,12 +15,9 @@ struct DrawnGrid {
 
     /// The area as it is written: two decimals, six where it is less than a square metre.
     CString areaText() const;
-    /// Everything that is there, part by part.
-    AcDbObjectIdArray all() const;
 };
 
 /// Draws the grid into the current space: layers and styles, axes, bubbles and labels, the outline as a
 /// region with its area, its hatch, the dimensions. What is current in the drawing (layer, colour, style,
-/// coordinate system ...) is as it was afterwards. False, and no entity left in the drawing, when a step
-/// fails.
+/// coordinate system ...) is as it was afterwards. False, and the drawing as it was, when a step fails.
 bool drawGrid(const GridOrder& order, DrawnGrid& drawn);

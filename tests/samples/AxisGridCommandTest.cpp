@@ -115,6 +115,15 @@ TEST_F(AxisGridCommand, PutsTheAreaBelowABuildingThatHasNoRoomForIt)
         EXPECT_GE(bubbles[i].distanceTo(bubbles[i - 1]), 2.0 * 4.0 * 200.0) << "bubbles overlap";
 }
 
+TEST_F(AxisGridCommand, LeavesTheDrawingAsItWasWhenAStepFails)
+{
+    // At this scale the hatch is too dense, and axes, bubbles and area are there already.
+    run(L"_QMAXISGRID 0,0\n6000\n3000\n\n\n0.001\n\n\n");
+    EXPECT_NE(takeOutput().find(L"轴网绘制失败"), std::wstring::npos);
+    EXPECT_TRUE(countByClass().empty());
+    EXPECT_FALSE(hasLayer(L"轴网-轴线"));
+}
+
 TEST_F(AxisGridCommand, IsOneStepOfUndo)
 {
     run(L"LINE 0,0 40000,30000 \n_QMAXISGRID\n\n\n\n\n\n\n\n\n");
