@@ -70,8 +70,10 @@ TEST_F(AxisGridCommand, LooksByItsLayersWhateverIsCurrent)
     forEach([](AcDbEntity& entity) {
         EXPECT_TRUE(entity.color().isByLayer());
         EXPECT_EQ(entity.lineWeight(), AcDb::kLnWtByLayer);
-        EXPECT_EQ(CString(entity.layer()).Left(2), CString(L"轴网"));
         const AcDbObjectPointer<AcDbLayerTableRecord> layer(entity.layerId(), AcDb::kForRead);
+        CString name;
+        ASSERT_EQ(entity.layer(name), Acad::eOk);
+        EXPECT_EQ(name.Left(2), CString(L"轴网"));
         EXPECT_FALSE(layer->isFrozen() || layer->isLocked());
     });
     CString current;

@@ -148,8 +148,7 @@ TEST_P(AxisGridInUcs, HasTextsThatCanBeRead)
         const AcGeVector3d along =
             text ? text->direction()
                  : AcGeVector3d(AcGeVector3d::kXAxis).rotateBy(label->rotation(), label->normal());
-        EXPECT_TRUE(isReadable(along))
-            << CStringA(text ? text->contents() : label->textStringConst()).GetString();
+        EXPECT_TRUE(isReadable(along)) << "text " << read;
     };
     forEach([&](AcDbEntity& entity) {
         check(entity);
