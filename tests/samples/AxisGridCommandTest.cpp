@@ -145,6 +145,16 @@ TEST_F(AxisGridCommand, ProposesAGridOfTheDrawingsSize)
     EXPECT_NE(takeOutput().find(L"<4*2.64>"), std::wstring::npos);
 }
 
+TEST_F(AxisGridCommand, TakesEnterForAProposalTooSmallToBeWritten)
+{
+    run(L"INSUNITS 0\nLINE 0,0 0.0000001,0.00000005 \n");
+    takeOutput();
+    run(L"_QMAXISGRID\n\n\n\n\n\n\n\n\n");
+    const std::wstring output = takeOutput();
+    EXPECT_NE(output.find(L"<4*0>"), std::wstring::npos) << "six decimals";
+    EXPECT_EQ(output.find(L"距离须为大于 0 的数"), std::wstring::npos);
+}
+
 TEST_F(AxisGridCommand, IsRefusedOnASheet)
 {
     run(L"TILEMODE 0\n_QMAXISGRID\n");
