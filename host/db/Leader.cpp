@@ -1,5 +1,6 @@
 #include "acgi.h"
 #include "ClassRegistration.h"
+#include "dbdatabase.h"
 #include "dblead.h"
 #include "dbline.h"
 #include "dbsolid.h"
@@ -118,6 +119,8 @@ Acad::ErrorStatus AcDbLeader::removeLastVertex()
     if (status == Acad::eOk) mVertices.pop_back();
     return status;
 }
+
+void AcDbLeader::subSetDatabaseDefaults(AcDbDatabase* db) { mStyle = db->dimstyle(); }
 
 Acad::ErrorStatus AcDbLeader::setDimensionStyle(AcDbObjectId style)
 {

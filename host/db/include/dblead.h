@@ -95,6 +95,7 @@ protected:
     Acad::ErrorStatus subTransformBy(const AcGeMatrix3d& xform) override;
     Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
     bool subWorldDraw(AcGiWorldDraw* draw) override;
+    void subSetDatabaseDefaults(AcDbDatabase* db) override;
     Acad::ErrorStatus subExplode(AcDbVoidPtrArray& entitySet) const override;
     Acad::ErrorStatus subGetGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
                                        AcDbIntArray& geomIds) const override;

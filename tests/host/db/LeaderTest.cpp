@@ -30,6 +30,15 @@ TEST(Leader, VerticesKeepTheirRules)
     EXPECT_EQ(leader.annoType(), AcDbLeader::kNoAnno);
 }
 
+TEST(Leader, DefaultsOfADrawingAreItsStyle)
+{
+    AcDbDatabase drawing;
+    AcDbLeader leader;
+    leader.setDatabaseDefaults(&drawing);
+    EXPECT_EQ(leader.dimensionStyle(), drawing.dimstyle());
+    EXPECT_FALSE(leader.dimensionStyle().isNull());
+}
+
 TEST(Leader, DrawsItsPathAndArrow)
 {
     AcDbLeader leader;
