@@ -5,26 +5,14 @@
 #include "QmCADLib.h"
 
 #include "acedads.h"
-#include "dbobjptr.h"
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 #include <limits>
 
 /// Each test runs with its document locked, in the world's coordinates until it sets others.
-class EntityTest : public headless::EditorTest
+class EntityTest : public headless::DrawingTest
 {
 protected:
-    void SetUp() override
-    {
-        EditorTest::SetUp();
-        m_lock.lock(database());
-    }
-    void TearDown() override
-    {
-        m_lock.unlock();
-        EditorTest::TearDown();
-    }
-
     void setUcs(const AcGePoint3d& origin, const AcGeVector3d& x, const AcGeVector3d& y)
     {
         AcGeMatrix3d ucs;
@@ -34,32 +22,8 @@ protected:
     /// X to the world's Y, Y to its -X, the origin at (10, 20, 0).
     void turnUcs() { setUcs({10.0, 20.0, 0.0}, AcGeVector3d::kYAxis, -AcGeVector3d::kXAxis); }
 
-    AcDbObjectId addLayer(const wchar_t* name, bool locked = false)
-    {
-        const AcDbLayerTablePointer table(database(), AcDb::kForWrite);
-        auto* const layer = new AcDbLayerTableRecord;
-        layer->setName(name);
-        layer->setIsLocked(locked);
-        AcDbObjectId id;
-        table->add(id, layer);
-        layer->close();
-        return id;
-    }
-
-    /// How many entities of model space are not erased.
-    int entityCount() const
-    {
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(database()->modelSpaceId(), AcDb::kForRead);
-        int count = 0;
-        for (const AcDbObjectId& id : space->entityIds())
-            count += !id.isErased();
-        return count;
-    }
-
     template <class T>
     using Open = AcDbObjectPointer<T>;
-
-    ArxDbgDocLockWrite m_lock;
 };
 
 using CMakeEnt = CArxEntity::CMakeEnt;

@@ -79,7 +79,7 @@ TEST_F(MakeLine, EqualPointsMakeALineWithoutLength)
 
 TEST_F(MakeLine, UnlockedDocumentTakesNothing)
 {
-    m_lock.unlock();
+    unlock();
     AcDbObjectId id;
     EXPECT_EQ(CMakeEnt::MakeLine({0, 0, 0}, {1, 0, 0}, id), 0);
     EXPECT_TRUE(id.isNull());

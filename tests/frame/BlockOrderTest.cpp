@@ -4,8 +4,7 @@
 #include "dbblkref.h"
 #include "dbindex.h"
 #include "dbsortentstbl.h"
-#include "Drawing.h"
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 #include <memory>
 
@@ -32,9 +31,9 @@ protected:
         record->close();
         table->close();
         for (double y : {0.0, 1.0, 2.0})
-            m_lines.append(addTo(m_block, new AcDbLine({0, y, 0}, {1, y, 0})));
-        m_reference =
-            addTo(database()->currentSpaceId(), new AcDbBlockReference(AcGePoint3d::kOrigin, m_block));
+            m_lines.append(headless::addTo(m_block, new AcDbLine({0, y, 0}, {1, y, 0})));
+        m_reference = headless::addTo(database()->currentSpaceId(),
+                                      new AcDbBlockReference(AcGePoint3d::kOrigin, m_block));
     }
     void bringToTop(AcDbObjectId line)
     {

@@ -4,8 +4,7 @@
 #include "arxHeaders.h"
 #include "dbmtext.h"
 #include "dbtext.h"
-#include "Drawing.h"
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 namespace
 {
@@ -13,7 +12,7 @@ namespace
 class EntityText : public headless::EditorTest
 {
 protected:
-    AcDbObjectId add(AcDbEntity* entity) { return addTo(database()->currentSpaceId(), entity); }
+    AcDbObjectId add(AcDbEntity* entity) { return headless::addTo(database()->currentSpaceId(), entity); }
     struct Name {
         explicit Name(AcDbObjectId id) { acdbGetAdsName(name, id); }
         ads_name name = {};

@@ -3,8 +3,7 @@
 #include "acdbads.h"
 #include "arxHeaders.h"
 #include "dbcircle.h"
-#include "Drawing.h"
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 #include <memory>
 
@@ -33,7 +32,7 @@ protected:
             m_circle = add(new AcDbCircle({50, 50, 0}, AcGeVector3d::kZAxis, 5));
         });
     }
-    AcDbObjectId add(AcDbEntity* entity) { return addTo(database()->currentSpaceId(), entity); }
+    AcDbObjectId add(AcDbEntity* entity) { return headless::addTo(database()->currentSpaceId(), entity); }
     static int pickStyle()
     {
         int style = -1;

@@ -3,8 +3,7 @@
 #include "acedads.h"
 #include "arxHeaders.h"
 #include "dbview.h"
-#include "Drawing.h"
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 #include <cmath>
 #include <limits>
@@ -18,7 +17,7 @@ protected:
     AcDbObjectId addLine(const AcGePoint3d& from, const AcGePoint3d& to)
     {
         AcDbObjectId id;
-        asCommand([&] { id = addTo(database()->currentSpaceId(), new AcDbLine(from, to)); });
+        asCommand([&] { id = headless::addTo(database()->currentSpaceId(), new AcDbLine(from, to)); });
         return id;
     }
     static double real(const wchar_t* name)

@@ -7,7 +7,7 @@
 
 namespace
 {
-using HandleText = DrawingTest;
+using HandleText = headless::DrawingTest;
 
 TEST_F(HandleText, LeadsBackToItsObject)
 {

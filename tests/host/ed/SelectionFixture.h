@@ -3,7 +3,7 @@
 /// A drawing to select in: the document is locked, so that tests add to it as they like. The view is that of a new
 /// drawing: a plan, in which the pick box reaches 3 pixels of 1080 of the view's height from its middle.
 
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 #include "acdbads.h"
 #include "dbblkref.h"
@@ -14,32 +14,20 @@
 
 #include <memory>
 
-class SelectionTest : public headless::EditorTest
+class SelectionTest : public headless::DrawingTest
 {
 protected:
-    void SetUp() override
-    {
-        EditorTest::SetUp();
-        acDocManager->lockDocument(document(), AcAp::kWrite);
-    }
     void TearDown() override
     {
         for (const Set& set : mSets) acedSSFree(set.name);
-        acDocManager->unlockDocument(document());
-        EditorTest::TearDown();
+        DrawingTest::TearDown();
     }
 
     /// Adds an entity to a space, null for model space, on a layer.
     AcDbObjectId add(std::unique_ptr<AcDbEntity> entity, const wchar_t* layer = nullptr, AcDbObjectId space = {})
     {
         if (layer) entity->setLayer(needLayer(layer));
-        AcDbBlockTableRecord* block = nullptr;
-        AcDbObjectId id;
-        acdbOpenObject(block, space.isNull() ? database()->modelSpaceId() : space, AcDb::kForWrite);
-        EXPECT_EQ(block->appendAcDbEntity(id, entity.get()), Acad::eOk);
-        block->close();
-        entity.release()->close();
-        return id;
+        return headless::addTo(space.isNull() ? database()->modelSpaceId() : space, entity.release());
     }
     AcDbObjectId addLine(double x1, double y1, double x2, double y2, const wchar_t* layer = nullptr)
     {
@@ -52,17 +40,9 @@ protected:
 
     AcDbObjectId needLayer(const wchar_t* name)
     {
-        AcDbLayerTable* table = nullptr;
         AcDbObjectId id;
-        database()->getLayerTable(table, AcDb::kForWrite);
-        if (table->getAt(name, id) != Acad::eOk) {
-            auto* record = new AcDbLayerTableRecord;
-            record->setName(name);
-            table->add(id, record);
-            record->close();
-        }
-        table->close();
-        return id;
+        const bool isThere = AcDbLayerTablePointer(database(), AcDb::kForRead)->getAt(name, id) == Acad::eOk;
+        return isThere ? id : addLayer(name);
     }
     template <class Change>
     void changeLayer(const wchar_t* name, Change change)

@@ -8,7 +8,7 @@
 #include "dbents.h"
 #include "dbobjptr.h"
 #include "dbviewport.h"
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 #include <cmath>
 
@@ -17,11 +17,7 @@ inline constexpr double pi = 3.14159265358979323846;
 class ViewTest : public headless::EditorTest
 {
 protected:
-    /// The current document is locked for writing while it lives.
-    struct Lock {
-        Lock() { acDocManager->lockDocument(acDocManager->curDocument(), AcAp::kWrite); }
-        ~Lock() { acDocManager->unlockDocument(acDocManager->curDocument()); }
-    };
+    using Lock = headless::DocumentLock;
 
     static resbuf node(short code)
     {
@@ -115,13 +111,8 @@ protected:
 
     AcDbObjectId addLine(const AcGePoint3d& from, const AcGePoint3d& to)
     {
-        AcDbObjectId id;
         const Lock lock;
-        AcDbObjectPointer<AcDbBlockTableRecord> space(database()->currentSpaceId(), AcDb::kForWrite);
-        auto* line = new AcDbLine(from, to);
-        EXPECT_EQ(space->appendAcDbEntity(id, line), Acad::eOk);
-        line->close();
-        return id;
+        return headless::addTo(database()->currentSpaceId(), new AcDbLine(from, to));
     }
 };
 
