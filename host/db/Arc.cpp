@@ -61,10 +61,8 @@ double AcDbArc::totalAngle() const
 void AcDbArc::angleRange(double& start, double& end) const
 {
     start = mStartAngle;
-    end = mEndAngle;
-    if (end <= start) end += kTwoPi * std::ceil((start - end) / kTwoPi);
-    if (end <= start) end += kTwoPi;
-    if (end - start > kTwoPi) end = start + kTwoPi;
+    const double total = withinTurn(mEndAngle - mStartAngle);
+    end = start + (total > 0.0 ? total : kTwoPi);
 }
 
 bool AcDbArc::isClosed() const

@@ -1,8 +1,9 @@
 /// The groups of block references.
 
 #include "ClassRegistration.h"
-#include "DxfFields.h"
 #include "dbblkref.h"
+#include "DxfFields.h"
+#include "RecordClass.h"
 
 #include <algorithm>
 
@@ -71,3 +72,16 @@ const DxfClass AcDbMInsertBlock::dxf(nullptr, &referenceInRows,
                                          dxf::real<Fields::columnSpacing>(44),
                                          dxf::real<Fields::rowSpacing>(45),
                                      });
+
+namespace
+{
+// Some programs write rows and columns into the section of an ordinary reference.
+AcRxClass* classOfInsert(const RecordView& record)
+{
+    const bool isInRows =
+        record.hasSection("AcDbMInsertBlock") || record.integer(70, 1) > 1 || record.integer(71, 1) > 1;
+    return isInRows ? AcDbMInsertBlock::desc() : AcDbBlockReference::desc();
+}
+
+const RecordChoice inserts("INSERT", classOfInsert);
+} // namespace

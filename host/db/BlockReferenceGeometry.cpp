@@ -1,28 +1,43 @@
 /// What a block reference shows: the entities of its block, mapped.
 
-#include "PlanarCoords.h"
-#include "Stub.h"
 #include "acgi.h"
 #include "dbattdef.h"
 #include "dbattrib.h"
 #include "dbblkref.h"
 #include "dbblock.h"
 #include "gecurv3d.h"
+#include "MappedExtents.h"
+#include "PlanarCoords.h"
+#include "Stub.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace
 {
-/// References nest; a drawing that is damaged may nest a block in itself.
-constexpr int deepest = 64;
-thread_local int depth = 0;
+/// The blocks that are being shown, from the outermost. A damaged drawing may nest a block in itself: it is
+/// shown once.
+class Nesting
+{
+public:
+    explicit Nesting(AcDbObjectId block)
+        : mEnds(path.size() >= deepest || std::find(path.begin(), path.end(), block) != path.end())
+    {
+        path.push_back(block);
+    }
+    Nesting(const Nesting&) = delete;
+    Nesting& operator=(const Nesting&) = delete;
+    ~Nesting() { path.pop_back(); }
+    /// Whether the block is not to be shown here.
+    bool ends() const { return mEnds; }
 
-struct Nesting {
-    Nesting() { ++depth; }
-    ~Nesting() { --depth; }
-    bool isTooDeep() const { return depth > deepest; }
+private:
+    static constexpr std::size_t deepest = 64;
+    static thread_local std::vector<AcDbObjectId> path;
+    bool mEnds;
 };
+
+thread_local std::vector<AcDbObjectId> Nesting::path;
 
 const AcDbBlockTableRecord* blockOf(AcDbObjectId id) { return AcDbBlockTableRecord::cast(residentObject(id)); }
 
@@ -43,31 +58,6 @@ bool isShown(const AcDbEntity& entity)
 {
     const auto* definition = AcDbAttributeDefinition::cast(&entity);
     return !definition || definition->isConstant();
-}
-
-/// Boxes stay tight when each axis goes into an axis.
-bool keepsBoxes(const AcGeMatrix3d& map)
-{
-    for (int column = 0; column < 3; ++column) {
-        int used = 0;
-        for (int row = 0; row < 3; ++row) used += std::fabs(map.entry[row][column]) > 1e-12 ? 1 : 0;
-        if (used > 1) return false;
-    }
-    return true;
-}
-
-bool extentsOf(const AcDbEntity& entity, const AcGeMatrix3d& map, AcDbExtents& extents)
-{
-    if (!keepsBoxes(map)) {
-        AcDbEntity* mapped = nullptr;
-        if (entity.getTransformedCopy(map, mapped) == Acad::eOk) {
-            const std::unique_ptr<AcDbEntity> owned(mapped);
-            return owned->getGeomExtents(extents) == Acad::eOk;
-        }
-    }
-    if (entity.getGeomExtents(extents) != Acad::eOk) return false;
-    extents.transformBy(map);
-    return true;
 }
 } // namespace
 
@@ -166,33 +156,37 @@ Acad::ErrorStatus AcDbBlockReference::explodeToOwnerSpace() const
 
 Acad::ErrorStatus AcDbBlockReference::subGetGeomExtents(AcDbExtents& extents) const
 {
-    const Nesting nesting;
-    if (nesting.isTooDeep()) return Acad::eInvalidExtents;
-    AcDbExtents one;
+    return geomExtentsBestFit(extents);
+}
+
+Acad::ErrorStatus AcDbBlockReference::geomExtentsBestFit(AcDbExtents& extents,
+                                                         const AcGeMatrix3d& parentXform) const
+{
+    const Nesting nesting(mBlock);
+    if (nesting.ends()) return Acad::eInvalidExtents;
+    AcDbExtents all, one;
     for (const AcGeMatrix3d& map : instances()) {
+        const AcGeMatrix3d whole = parentXform * map;
         forEachEntity(mBlock, [&](const AcDbEntity& entity) {
-            if (isShown(entity) && extentsOf(entity, map, one)) extents.addExt(one);
+            if (isShown(entity) && mappedExtents(entity, whole, one)) all.addExt(one);
         });
     }
     if (mAttributes) {
         for (const AcDbObjectId id : mAttributes->ids) {
             const auto* attribute = id.isErased() ? nullptr : AcDbAttribute::cast(residentObject(id));
-            if (attribute && !attribute->isInvisible() && attribute->getGeomExtents(one) == Acad::eOk)
-                extents.addExt(one);
+            if (attribute && !attribute->isInvisible() && mappedExtents(*attribute, parentXform, one))
+                all.addExt(one);
         }
     }
+    if (all.isEmpty()) return Acad::eInvalidExtents;
+    extents = all;
     return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbBlockReference::geomExtentsBestFit(AcDbExtents& extents, const AcGeMatrix3d& parentXform) const
-{
-    return extentsOf(*this, parentXform, extents) ? Acad::eOk : Acad::eInvalidExtents;
 }
 
 bool AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw)
 {
-    const Nesting nesting;
-    if (nesting.isTooDeep()) return true;
+    const Nesting nesting(mBlock);
+    if (nesting.ends()) return true;
     for (const AcGeMatrix3d& map : instances()) {
         draw->geometry().pushModelTransform(map);
         forEachEntity(mBlock, [&](const AcDbEntity& entity) {
@@ -210,8 +204,8 @@ bool AcDbBlockReference::subWorldDraw(AcGiWorldDraw* draw)
 
 void AcDbBlockReference::intersectionCurves(Curves& curves, bool extended) const
 {
-    const Nesting nesting;
-    if (nesting.isTooDeep()) return;
+    const Nesting nesting(mBlock);
+    if (nesting.ends()) return;
     for (const AcGeMatrix3d& map : instances()) {
         forEachEntity(mBlock, [&](const AcDbEntity& entity) {
             AcDbEntity* mapped = nullptr;

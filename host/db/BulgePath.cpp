@@ -4,6 +4,7 @@
 #include "gelnsg3d.h"
 #include "genurb3d.h"
 #include "PlanarCoords.h"
+#include "WidePath.h"
 
 #include <algorithm>
 
@@ -11,6 +12,7 @@ void BulgePath::useOwn()
 {
     points = ownPoints.data();
     bulges = ownBulges.empty() ? nullptr : ownBulges.data();
+    widths = ownWidths.empty() ? nullptr : ownWidths.data();
     count = static_cast<int>(ownPoints.size());
 }
 
@@ -24,6 +26,12 @@ void BulgePath::append(const AcGePoint2d& point, double bulge)
 bool BulgePath::hasArcs() const
 {
     return bulges && std::any_of(bulges, bulges + count, [](double bulge) { return bulge != 0.0; });
+}
+
+bool BulgePath::hasWidths() const
+{
+    const auto isWide = [](const Widths& width) { return width.first != 0.0 || width.second != 0.0; };
+    return widths ? std::any_of(widths, widths + count, isWide) : constantWidth != 0.0;
 }
 
 AcGeMatrix3d BulgePath::toWorld() const
@@ -123,9 +131,9 @@ void addArcExtremes(const BulgeSegment& arc, const AcGeMatrix3d& world, AcDbExte
 }
 } // namespace
 
-void BulgePath::addExtents(AcDbExtents& extents) const
+void BulgePath::addExtents(AcDbExtents& extents, const AcGeMatrix3d& world) const
 {
-    const AcGeMatrix3d world = toWorld();
+    if (hasWidths()) addWideExtents(*this, world, extents);
     for (int i = 0; i < count; ++i)
         extents.addPoint(world * AcGePoint3d(points[i].x, points[i].y, 0.0));
     for (int i = 0; bulges && i < segments(); ++i) {

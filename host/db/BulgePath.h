@@ -8,18 +8,24 @@
 #include "gemat3d.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
-/// Points and bulges may be the path's own (`ownPoints`, `ownBulges`) or those of an entity that it looks at.
+/// Points and bulges may be the path's own (`ownPoints`, `ownBulges`, `ownWidths`) or those of an entity that
+/// it looks at.
 struct BulgePath {
+    using Widths = std::pair<double, double>; ///< at the start and at the end of a segment
     const AcGePoint2d* points = nullptr;
     const double* bulges = nullptr; ///< one a vertex; null: all straight
+    const Widths* widths = nullptr; ///< one a vertex, of the segment behind it; null: all constantWidth
+    double constantWidth = 0.0;
     int count = 0;
     bool isClosed = false;
     double elevation = 0.0;
     AcGeVector3d normal = AcGeVector3d::kZAxis;
     std::vector<AcGePoint2d> ownPoints;
     std::vector<double> ownBulges;
+    std::vector<Widths> ownWidths;
 
     BulgePath() = default;
     BulgePath(BulgePath&& other) = default;
@@ -38,6 +44,8 @@ struct BulgePath {
         return {points[index], points[index + 1 < count ? index + 1 : 0], bulgeAt(index)};
     }
     bool hasArcs() const;
+    Widths widthsAt(int index) const { return widths ? widths[index] : Widths(constantWidth, constantWidth); }
+    bool hasWidths() const;
 
     AcGeMatrix3d toWorld() const;
     AcGeMatrix3d fromWorld() const;
@@ -55,7 +63,8 @@ struct BulgePath {
     double closestParam(const AcGePoint2d& point, bool extended = false) const;
     /// The point at a parameter, which may lie beyond the ends.
     AcGePoint2d pointAt(double param) const;
-    void addExtents(AcDbExtents& extents) const;
+    /// Adds what the path reaches with its widths. `world` takes its plane anywhere, also askew.
+    void addExtents(AcDbExtents& extents, const AcGeMatrix3d& world) const;
 
     /// One segment as a free curve in world coordinates: a line segment or an arc; null for a point.
     std::unique_ptr<AcGeCurve3d> geSegment(int index, const AcGeMatrix3d& world) const;

@@ -8,6 +8,7 @@
 #include "DimVariables.h"
 #include "EntityAccess.h"
 #include "gecurv3d.h"
+#include "MappedExtents.h"
 #include "PlanarCoords.h"
 #include "Stub.h"
 #include "SymbolTableAccess.h"
@@ -172,9 +173,7 @@ Acad::ErrorStatus AcDbDimension::subGetGeomExtents(AcDbExtents& extents) const
 {
     DimensionBlock::forEachShown(*this, [&](const AcDbEntity& entity, const AcGeMatrix3d& map) {
         AcDbExtents one;
-        if (entity.getGeomExtents(one) != Acad::eOk) return;
-        one.transformBy(map);
-        extents.addExt(one);
+        if (mappedExtents(entity, map, one)) extents.addExt(one);
     });
     return extents.isEmpty() ? Acad::eInvalidExtents : Acad::eOk;
 }

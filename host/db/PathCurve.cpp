@@ -239,7 +239,7 @@ Acad::ErrorStatus DbPathCurve::subExplode(AcDbVoidPtrArray& entitySet) const
 Acad::ErrorStatus DbPathCurve::subGetGeomExtents(AcDbExtents& extents) const
 {
     const BulgePath at = path();
-    at.addExtents(extents);
+    at.addExtents(extents, at.toWorld());
     const AcGeVector3d thick = ocsToWorld(at.normal) * AcGeVector3d(0.0, 0.0, pathThickness());
     if (at.count > 0 && pathThickness() != 0.0) extents.expandBy(thick);
     return Acad::eOk;

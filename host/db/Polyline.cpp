@@ -240,6 +240,8 @@ BulgePath AcDbPolyline::path() const
     BulgePath path;
     path.points = mPoints.data();
     path.bulges = mBulges.empty() ? nullptr : mBulges.data();
+    path.widths = hasWidths() ? mRare->widths.data() : nullptr;
+    path.constantWidth = mConstantWidth;
     path.count = static_cast<int>(mPoints.size());
     path.isClosed = isClosed();
     path.elevation = mElevation;

@@ -186,6 +186,7 @@ BulgePath AcDb2dPolyline::path() const
     for (const AcDb2dVertex* vertex : shownVertices()) {
         path.ownPoints.emplace_back(vertex->mPosition.x, vertex->mPosition.y);
         path.ownBulges.push_back(vertex->mBulge);
+        path.ownWidths.emplace_back(vertex->mStartWidth, vertex->mEndWidth);
     }
     path.useOwn();
     path.isClosed = isClosed();

@@ -1,42 +1,12 @@
 #include "EntityBoxes.h"
 
-#include "db2dpl.h"
 #include "dbattrib.h"
 #include "dbblkref.h"
 #include "dbblock.h"
-#include "dbpl.h"
-#include "dbvertex.h"
 #include "Stub.h"
 
 namespace
 {
-double widestOf(const AcDbPolyline& polyline)
-{
-    double widest = 0.0, from = 0.0, to = 0.0;
-    for (unsigned i = 0; polyline.hasWidth() && i < polyline.numVerts(); ++i) {
-        if (polyline.getWidthsAt(i, from, to) == Acad::eOk) widest = std::max({widest, from, to});
-    }
-    return widest;
-}
-
-double widestOf(const AcDb2dPolyline& polyline)
-{
-    double widest = std::max(polyline.defaultStartWidth(), polyline.defaultEndWidth());
-    for (const AcDbObjectId id : const_cast<AcDb2dPolyline&>(polyline).subentities()->ids) {
-        const auto* vertex = AcDb2dVertex::cast(residentObject(id));
-        if (vertex) widest = std::max({widest, vertex->startWidth(), vertex->endWidth()});
-    }
-    return widest;
-}
-
-/// Extents are those of the line in the middle.
-double widestOf(const AcDbEntity& entity)
-{
-    const AcRxClass* const kind = entity.isA();
-    if (kind == AcDbPolyline::desc()) return widestOf(static_cast<const AcDbPolyline&>(entity));
-    return kind == AcDb2dPolyline::desc() ? widestOf(static_cast<const AcDb2dPolyline&>(entity)) : 0.0;
-}
-
 /// The range that one row of a matrix makes of a box.
 void mappedRange(const double (&row)[4], const AcGePoint3d& low, const AcGePoint3d& high, double& least, double& most)
 {
@@ -65,14 +35,7 @@ bool EntityBoxes::extentsOf(const AcDbEntity& entity, AcDbExtents& extents)
 {
     if (entity.isA() == AcDbBlockReference::desc())
         return extentsOf(static_cast<const AcDbBlockReference&>(entity), extents);
-    if (entity.getGeomExtents(extents) != Acad::eOk) return false;
-    const double half = widestOf(entity) / 2.0;
-    if (half > 0.0) {
-        const AcGeVector3d aside(half, half, half);
-        extents.addPoint(extents.minPoint() - aside);
-        extents.addPoint(extents.maxPoint() + aside);
-    }
-    return true;
+    return entity.getGeomExtents(extents) == Acad::eOk;
 }
 
 bool EntityBoxes::extentsOf(const AcDbBlockReference& reference, AcDbExtents& extents)

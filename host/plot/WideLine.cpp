@@ -1,5 +1,7 @@
 #include "WideLine.h"
 
+#include "WidePath.h"
+
 #include <algorithm>
 
 namespace plot
@@ -12,14 +14,11 @@ AcGeVector2d leftOf(const WidePiece& piece)
     return {-along.y, along.x};
 }
 
-/// From the corner between two pieces to its point at the left, for a half width of 1. Turns of more than about 140
-/// degrees are cut off square.
+/// From the end that two pieces share to the corner at the left, for a half width of 1.
 AcGeVector2d cornerOf(const WidePiece& before, const WidePiece& after, const AcGeVector2d& own)
 {
-    constexpr double sharpest = 0.25;
-    const AcGeVector2d one = leftOf(before), other = leftOf(after);
-    const double cosine = one.dotProduct(other);
-    return 1 + cosine > sharpest ? (one + other) / (1 + cosine) : own;
+    AcGeVector2d corner;
+    return miterOf(leftOf(before), leftOf(after), corner) ? corner : own;
 }
 
 bool meet(const WidePiece& before, const WidePiece& after)

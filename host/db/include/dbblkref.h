@@ -52,7 +52,8 @@ public:
 
     /// Explodes and adds the pieces to the block that holds the reference; the reference itself stays.
     virtual Acad::ErrorStatus explodeToOwnerSpace() const;
-    /// The extents without those of texts that nobody sees; here the same as getGeomExtents.
+    /// The extents after a further map, which may shear: those of a reference within a block that is shown
+    /// askew.
     virtual Acad::ErrorStatus geomExtentsBestFit(AcDbExtents& extents,
                                                  const AcGeMatrix3d& parentXform = AcGeMatrix3d::kIdentity) const;
 
