@@ -48,10 +48,11 @@ public:
     /// Adds points to the extents, which are not reset before. Returns 1.
     static int GetEntExtents(AcDbExtents& extents, AcGePoint3dArray points);
 
-    /// The extents of the contents of a block reference, entity by entity, blocks in it as well; entities without
-    /// extents (rays, construction lines, empty texts) are passed over. eInvalidExtents when none has any,
-    /// eNullObjectPointer for null, eNotThatKindOfClass for another entity, and the status of a block definition
-    /// that cannot be opened; `extents` stay as they were then.
+    /// The extents of the contents of a block reference, entity by entity, in all rows and columns, with
+    /// those of blocks in it and the attributes that are seen; entities without extents (rays, construction
+    /// lines, empty texts) are passed over, and so is a block within itself. eInvalidExtents when none has
+    /// any or its place is no number, eNullObjectPointer for null, eNotThatKindOfClass for another entity,
+    /// and the status of a block definition that cannot be opened; `extents` stay as they were then.
     static Acad::ErrorStatus getBlkRefExtByFilerError(AcDbEntity* reference, AcDbExtents& extents);
 
     /// Where a point lies against the segment from a to b, to 1e-4 in distance and angle; the angles are those in

@@ -1,69 +1,120 @@
 #include "CFamStuEnt.h"
 
+#include "dbattdef.h"
+#include "dbattrib.h"
 #include "dbblkref.h"
 #include "dbmain.h"
+#include "dbobjiter.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <vector>
 
 namespace
 {
-/// Gathers the extents of blocks within blocks. A block that holds itself, as damaged drawings have it, ends there.
+bool isFinite(const AcDbExtents& extents)
+{
+    const AcGePoint3d low = extents.minPoint(), high = extents.maxPoint();
+    const auto isRange = [](double least, double most) {
+        return std::isfinite(least) && std::isfinite(most) && least <= most;
+    };
+    return isRange(low.x, high.x) && isRange(low.y, high.y) && isRange(low.z, high.z);
+}
+
+/// The box of an entity that is mapped: exact where it can be mapped as such, else that around its mapped
+/// box.
+Acad::ErrorStatus measure(const AcDbEntity& entity, const AcGeMatrix3d& toWorld, AcDbExtents& extents)
+{
+    AcDbEntity* copy = nullptr;
+    if (entity.getTransformedCopy(toWorld, copy) == Acad::eOk) {
+        return std::unique_ptr<AcDbEntity>(copy)->getGeomExtents(extents);
+    }
+    const Acad::ErrorStatus status = entity.getGeomExtents(extents);
+    if (status == Acad::eOk) extents.transformBy(toWorld);
+    return status;
+}
+
+/// Widens the box of one copy of a block to that of all rows and columns.
+void addRowsAndColumns(const AcDbMInsertBlock& reference, const AcGeMatrix3d& toWorld, AcDbExtents& extents)
+{
+    const AcGeVector3d along =
+        toWorld * AcGeMatrix3d::planeToWorld(reference.normal()) * AcGeVector3d::kXAxis;
+    const AcGeVector3d across =
+        toWorld * AcGeMatrix3d::planeToWorld(reference.normal()) * AcGeVector3d::kYAxis;
+    const double cosine = std::cos(reference.rotation()), sine = std::sin(reference.rotation());
+    const AcGeVector3d x = along * cosine + across * sine, y = across * cosine - along * sine;
+    extents.expandBy(x * (reference.columnSpacing() * (reference.columns() - 1)));
+    extents.expandBy(y * (reference.rowSpacing() * (reference.rows() - 1)));
+}
+
+/// Measures blocks within blocks. A block that holds itself, as damaged drawings have it, ends there.
 class BlockContents
 {
 public:
-    Acad::ErrorStatus add(const AcDbBlockReference& reference, const AcGeMatrix3d& toWorld)
+    Acad::ErrorStatus measureReference(const AcDbBlockReference& reference, const AcGeMatrix3d& toWorld,
+                                       AcDbExtents& extents)
     {
         const AcDbObjectId id = reference.blockTableRecord();
         if (std::find(m_path.begin(), m_path.end(), id) != m_path.end()) return Acad::eSelfReference;
         const AcDbObjectPointer<AcDbBlockTableRecord> block(id, AcDb::kForRead);
         if (block.openStatus() != Acad::eOk) return block.openStatus();
-        AcDbBlockTableRecordIterator* opened = nullptr;
-        if (const Acad::ErrorStatus status = block->newIterator(opened); status != Acad::eOk) return status;
-        const std::unique_ptr<AcDbBlockTableRecordIterator> entities(opened);
+        AcDbExtents all;
         m_path.push_back(id);
-        for (; !entities->done(); entities->step()) addMember(*entities, toWorld * reference.blockTransform());
+        const Acad::ErrorStatus status =
+            addMembers(*block.object(), toWorld * reference.blockTransform(), all);
         m_path.pop_back();
+        if (status != Acad::eOk) return status;
+        const auto* const grid = AcDbMInsertBlock::cast(&reference);
+        if (grid && isFinite(all)) addRowsAndColumns(*grid, toWorld, all);
+        addAttributes(reference, toWorld, all);
+        if (!isFinite(all)) return Acad::eInvalidExtents;
+        extents = all;
         return Acad::eOk;
     }
 
-    const AcDbExtents& extents() const { return m_extents; }
-    bool isEmpty() const { return m_isEmpty; }
-
 private:
-    void addMember(const AcDbBlockTableRecordIterator& entities, const AcGeMatrix3d& toWorld)
+    Acad::ErrorStatus addMembers(const AcDbBlockTableRecord& block, const AcGeMatrix3d& toWorld,
+                                 AcDbExtents& extents)
     {
-        AcDbObjectId id;
-        if (entities.getEntityId(id) != Acad::eOk) return;
+        AcDbBlockTableRecordIterator* opened = nullptr;
+        if (const Acad::ErrorStatus status = block.newIterator(opened); status != Acad::eOk) return status;
+        const std::unique_ptr<AcDbBlockTableRecordIterator> members(opened);
+        for (; !members->done(); members->step()) {
+            AcDbObjectId id;
+            if (members->getEntityId(id) == Acad::eOk) addMember(id, toWorld, extents);
+        }
+        return Acad::eOk;
+    }
+
+    void addMember(AcDbObjectId id, const AcGeMatrix3d& toWorld, AcDbExtents& extents)
+    {
         const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
         if (entity.openStatus() != Acad::eOk) return;
+        // A definition is a pattern: the attributes of the reference are seen in its place.
+        const auto* const definition = AcDbAttributeDefinition::cast(entity.object());
+        if (definition && !definition->isConstant()) return;
         AcDbExtents own;
-        if (measure(*entity.object(), toWorld, own) == Acad::eOk) {
-            m_extents.addExt(own);
-            m_isEmpty = false;
-        }
-        else if (const auto* const nested = AcDbBlockReference::cast(entity.object())) {
-            add(*nested, toWorld);
-        }
+        const auto* const nested = AcDbBlockReference::cast(entity.object());
+        const Acad::ErrorStatus status =
+            nested ? measureReference(*nested, toWorld, own) : measure(*entity.object(), toWorld, own);
+        if (status == Acad::eOk && isFinite(own)) extents.addExt(own);
     }
 
-    /// Exact where the entity can be turned; else the box around its turned box.
-    static Acad::ErrorStatus measure(const AcDbEntity& entity, const AcGeMatrix3d& toWorld, AcDbExtents& extents)
+    static void addAttributes(const AcDbBlockReference& reference, const AcGeMatrix3d& toWorld,
+                              AcDbExtents& extents)
     {
-        AcDbEntity* copy = nullptr;
-        if (entity.getTransformedCopy(toWorld, copy) == Acad::eOk) {
-            return std::unique_ptr<AcDbEntity>(copy)->getGeomExtents(extents);
+        const std::unique_ptr<AcDbObjectIterator> attributes(reference.attributeIterator());
+        for (; attributes && !attributes->done(); attributes->step()) {
+            const AcDbObjectPointer<AcDbAttribute> attribute(attributes->objectId(), AcDb::kForRead);
+            AcDbExtents own;
+            if (attribute.openStatus() != Acad::eOk || attribute->isInvisible()) continue;
+            if (measure(*attribute.object(), toWorld, own) == Acad::eOk && isFinite(own)) extents.addExt(own);
         }
-        const Acad::ErrorStatus status = entity.getGeomExtents(extents);
-        if (status == Acad::eOk) extents.transformBy(toWorld);
-        return status;
     }
 
-    AcDbExtents m_extents;
-    bool m_isEmpty = true;
     std::vector<AcDbObjectId> m_path; ///< the blocks that are being measured, from the outermost
 };
 } // namespace
@@ -103,9 +154,5 @@ Acad::ErrorStatus CFamStuEnt::getBlkRefExtByFilerError(AcDbEntity* reference, Ac
     if (!reference) return Acad::eNullObjectPointer;
     const auto* const insert = AcDbBlockReference::cast(reference);
     if (!insert) return Acad::eNotThatKindOfClass;
-    BlockContents contents;
-    if (const Acad::ErrorStatus status = contents.add(*insert, AcGeMatrix3d::kIdentity); status != Acad::eOk) return status;
-    if (contents.isEmpty()) return Acad::eInvalidExtents;
-    extents = contents.extents();
-    return Acad::eOk;
+    return BlockContents().measureReference(*insert, AcGeMatrix3d::kIdentity, extents);
 }

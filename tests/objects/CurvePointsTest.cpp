@@ -2,6 +2,8 @@
 
 #include "DrawingTest.h"
 
+#include "acdbads.h"
+#include "acutads.h"
 #include "db2dpl.h"
 #include "db3dpl.h"
 #include "dbelipse.h"
@@ -11,10 +13,11 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace
 {
-using CurvePoints = DrawingTest;
+using CurvePoints = headless::DrawingTest;
 
 AcGePoint3dArray pointsOf(AcDbObjectId id, int closeFlag, int wantedResult = 1)
 {
@@ -75,6 +78,43 @@ TEST_F(CurvePoints, OldPolylineIsClosedWhateverTheFlag)
     EXPECT_EQ(points.length(), 3);
     EXPECT_EQ(CFamStuEnt::Get2dPolylinePoints(nullptr, points, 0), 0);
     EXPECT_EQ(points.length(), 3);
+}
+
+void make(resbuf* list)
+{
+    EXPECT_EQ(acdbEntMake(list), RTNORM);
+    acutRelRb(list);
+}
+
+/// An old-style polyline at the elevation 4, as fitting leaves it: one vertex of each flag at x = 0, 1, 2 ...
+AcDbObjectId fitted(short polylineFlags, const std::vector<short>& vertexFlags)
+{
+    const ads_point elevation = {0, 0, 4};
+    make(acutBuildList(RTDXF0, L"POLYLINE", 66, 1, 10, elevation, 70, polylineFlags, RTNONE));
+    double x = 0.0;
+    for (const short flags : vertexFlags) {
+        const ads_point at = {x++, 0, 4};
+        make(acutBuildList(RTDXF0, L"VERTEX", 10, at, 70, flags, RTNONE));
+    }
+    make(acutBuildList(RTDXF0, L"SEQEND", RTNONE));
+    ads_name name;
+    AcDbObjectId id;
+    EXPECT_EQ(acdbEntLast(name), RTNORM);
+    EXPECT_EQ(acdbGetObjectId(id, name), Acad::eOk);
+    return id;
+}
+
+// Flags: 16 a control point of a spline's frame, 8 a point that the spline added, 1 one that an arc fit
+// added.
+TEST_F(CurvePoints, FittedPolylinesGiveThePointsOfTheirCurve)
+{
+    const AcGePoint3dArray spline = pointsOf(fitted(4, {16, 8, 8, 16, 8, 16}), 0);
+    ASSERT_EQ(spline.length(), 3); // the frame is not on the curve
+    EXPECT_EQ(spline[0], AcGePoint3d(1, 0, 4));
+    EXPECT_EQ(spline[2], AcGePoint3d(4, 0, 4));
+    const AcGePoint3dArray arcs = pointsOf(fitted(2, {0, 1, 0}), 0);
+    ASSERT_EQ(arcs.length(), 3);
+    EXPECT_EQ(arcs[1], AcGePoint3d(1, 0, 4));
 }
 
 TEST_F(CurvePoints, SpatialPolylineGivesNone)

@@ -2,14 +2,19 @@
 
 #include "DrawingTest.h"
 
+#include "dbattdef.h"
+#include "dbattrib.h"
 #include "dbblkref.h"
 #include "dbents.h"
 #include "dbextent.h"
 #include "dbray.h"
+#include "dbxline.h"
+
+#include <cmath>
 
 namespace
 {
-using EntExtents = DrawingTest;
+using EntExtents = headless::DrawingTest;
 
 void expectBox(const AcDbExtents& extents, const AcGePoint3d& min, const AcGePoint3d& max)
 {
@@ -85,6 +90,67 @@ TEST_F(EntExtents, ContentsOfBlocksAreTurnedOneByOne)
     const AcDbObjectPointer<AcDbEntity> opened(reference, AcDb::kForRead);
     EXPECT_EQ(CFamStuEnt::getBlkRefExtByFilerError(opened.object(), extents), Acad::eOk);
     expectBox(extents, AcGePoint3d(12, 9, 0), AcGePoint3d(14, 11, 0));
+}
+
+/// The contents of a reference by the walk through its block.
+AcDbExtents contentsOf(AcDbObjectId reference, Acad::ErrorStatus wanted = Acad::eOk)
+{
+    AcDbExtents extents;
+    const AcDbObjectPointer<AcDbEntity> opened(reference, AcDb::kForRead);
+    EXPECT_EQ(CFamStuEnt::getBlkRefExtByFilerError(opened.object(), extents), wanted);
+    return extents;
+}
+
+// Three columns 10 apart and two rows 5 apart, turned by a right angle: columns go along Y, rows along -X.
+TEST_F(EntExtents, ContentsStandInEveryRowAndColumn)
+{
+    const AcDbObjectId dot = addBlock(L"dot");
+    add(new AcDbPoint(AcGePoint3d(1, 0, 0)), dot);
+    auto* const grid = new AcDbMInsertBlock(AcGePoint3d(100, 0, 0), dot, 3, 2, 10.0, 5.0);
+    grid->setRotation(std::acos(0.0));
+    const AcDbObjectId id = add(grid);
+    expectBox(contentsOf(id), {95, 1, 0}, {100, 21, 0});
+    AcDbExtents own;
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(own, id), Acad::eOk);
+    expectBox(own, {95, 1, 0}, {100, 21, 0});
+}
+
+TEST_F(EntExtents, AttributesAreSeenAndTheirDefinitionsNot)
+{
+    const AcDbObjectId block = addBlock(L"tag");
+    add(new AcDbPoint(AcGePoint3d::kOrigin), block);
+    add(new AcDbAttributeDefinition(AcGePoint3d(500, 0, 0), L"value", L"TAG", L"?"), block);
+    const AcDbObjectId id = add(new AcDbBlockReference(AcGePoint3d::kOrigin, block));
+    expectBox(contentsOf(id), {0, 0, 0}, {0, 0, 0});
+    const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForWrite);
+    auto* const attribute = new AcDbAttribute(AcGePoint3d(-10, 20, 0), L"here", L"TAG");
+    ASSERT_EQ(reference->appendAttribute(attribute), Acad::eOk);
+    AcDbExtents seen, all;
+    ASSERT_EQ(attribute->getGeomExtents(seen), Acad::eOk);
+    attribute->close();
+    EXPECT_EQ(CFamStuEnt::getBlkRefExtByFilerError(reference.object(), all), Acad::eOk);
+    seen.addPoint(AcGePoint3d::kOrigin);
+    expectBox(all, seen.minPoint(), seen.maxPoint());
+}
+
+TEST_F(EntExtents, BlocksWithinThemselvesAreCountedOnce)
+{
+    const AcDbObjectId block = addBlock(L"again");
+    add(new AcDbPoint(AcGePoint3d(1, 2, 3)), block);
+    for (int i = 0; i < 2; ++i)
+        add(new AcDbBlockReference(AcGePoint3d(5, 0, 0), block), block);
+    expectBox(contentsOf(add(new AcDbBlockReference(AcGePoint3d::kOrigin, block))), {1, 2, 3}, {1, 2, 3});
+}
+
+TEST_F(EntExtents, EndlessContentsHaveNone)
+{
+    const AcDbObjectId block = addBlock(L"endless");
+    for (AcDbEntity* entity : std::initializer_list<AcDbEntity*>{new AcDbRay, new AcDbXline})
+        add(entity, block);
+    const AcDbObjectId id = add(new AcDbBlockReference(AcGePoint3d::kOrigin, block));
+    contentsOf(id, Acad::eInvalidExtents);
+    AcDbExtents extents;
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(extents, id), Acad::eInvalidExtents);
 }
 
 TEST_F(EntExtents, EmptyBlocksAndOtherEntitiesHaveNoContents)

@@ -1,0 +1,195 @@
+/// What the members do with ids, texts and numbers that are none of theirs.
+
+#include "QmCADLib.h"
+
+#include "DrawingTest.h"
+
+#include "dbents.h"
+#include "dbpl.h"
+#include "dbsymutl.h"
+
+#include <limits>
+
+namespace
+{
+class BadInput : public headless::DrawingTest
+{
+protected:
+    struct Case {
+        const char* name;
+        AcDbObjectId id;
+        Acad::ErrorStatus status; ///< of opening it for read as an entity
+    };
+
+    AcDbObjectId erased()
+    {
+        const AcDbObjectId id = addLine({0, 0, 0}, {1, 1, 0});
+        erase(id);
+        return id;
+    }
+    std::vector<Case> cases()
+    {
+        return {{"null", AcDbObjectId(), Acad::eNullObjectId},
+                {"erased", erased(), Acad::eWasErased},
+                {"layer", database()->layerZero(), Acad::eNotThatKindOfClass}};
+    }
+    /// Every member that takes an id and a point array.
+    static int pointsOf(int member, AcDbObjectId id, AcGePoint3dArray& points)
+    {
+        return member == 0 ? CFamStuEnt::GetPolylinePoints(id, points, 1)
+                           : CFamStuEnt::GetCurvePoints(id, points, 1);
+    }
+};
+
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+TEST_F(BadInput, IdsThatAreNoEntityGiveTheirStatusAndNothingElse)
+{
+    for (const Case& bad : cases()) {
+        SCOPED_TRACE(bad.name);
+        AcGePoint3dArray points;
+        points.append(AcGePoint3d(1, 2, 3));
+        for (const int member : {0, 1})
+            EXPECT_EQ(pointsOf(member, bad.id, points), 0);
+        EXPECT_EQ(points.length(), 1);
+        AcDbExtents box({1, 1, 1}, {2, 2, 2});
+        EXPECT_EQ(CFamStuEnt::GetEntExtents(box, bad.id), bad.status);
+        EXPECT_EQ(box.minPoint(), AcGePoint3d(1, 1, 1));
+        AcDbObjectIdArray ids;
+        ids.append(bad.id);
+        EXPECT_EQ(CFamStuEnt::GetEntExtents(box, ids), bad.status); // a list forgets what was in the box
+        EXPECT_GT(box.minPoint().x, box.maxPoint().x);
+    }
+}
+
+// Each by its own: while it is open for write, it can be read by its pointer only.
+TEST_F(BadInput, EntitiesOpenForWriteAreNotRead)
+{
+    const AcDbObjectId id = addLine({0, 0, 0}, {1, 1, 0});
+    const AcDbObjectPointer<AcDbLine> writer(id, AcDb::kForWrite);
+    AcGePoint3dArray points;
+    EXPECT_EQ(CFamStuEnt::GetCurvePoints(id, points, 0), 0);
+    EXPECT_TRUE(points.isEmpty());
+    AcDbExtents box;
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(box, id), Acad::eWasOpenForWrite);
+    CString handle = L"before";
+    CFamStuPub::ObjectIdToHandleStr(id, handle);
+    EXPECT_TRUE(handle.IsEmpty());
+    EXPECT_EQ(CFamStuEnt::GetCurvePoints(writer.object(), points, 0), 1);
+    EXPECT_EQ(points.length(), 2);
+}
+
+TEST_F(BadInput, ReadingNeedsNoLock)
+{
+    const AcDbObjectId id = addLine({0, 0, 0}, {1, 2, 3});
+    unlock();
+    AcGePoint3dArray points;
+    EXPECT_EQ(CFamStuEnt::GetCurvePoints(id, points, 0), 1);
+    AcDbExtents box;
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(box, id), Acad::eOk);
+    EXPECT_EQ(box.maxPoint(), AcGePoint3d(1, 2, 3));
+    CString handle;
+    CFamStuPub::ObjectIdToHandleStr(id, handle);
+    EXPECT_FALSE(handle.IsEmpty());
+}
+
+// Handles are looked up in the working database alone; ids lead to their own.
+TEST_F(BadInput, ObjectsOfOtherDrawingsAreReadButNotFound)
+{
+    AcDbDatabase other;
+    const AcDbObjectId space = acdbSymUtil()->blockModelSpaceId(&other);
+    AcDbObjectId last;
+    for (int i = 0; i < 500; ++i)
+        last = headless::addTo(space, new AcDbLine({0, 0, 0}, {4, 5, 6}));
+    AcDbExtents box;
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(box, last), Acad::eOk);
+    EXPECT_EQ(box.maxPoint(), AcGePoint3d(4, 5, 6));
+    CString handle;
+    CFamStuPub::ObjectIdToHandleStr(last, handle);
+    AcDbObjectId found = last;
+    EXPECT_EQ(CFamStuPub::HandleStrToObjectId(handle, found), 0); // no object here has a handle as high
+    EXPECT_TRUE(found.isNull());
+}
+
+TEST_F(BadInput, NullObjectsGiveZero)
+{
+    AcGePoint3dArray points;
+    EXPECT_EQ(CFamStuEnt::GetPolylinePoints(static_cast<AcDbPolyline*>(nullptr), points, 1), 0);
+    EXPECT_EQ(CFamStuEnt::Get2dPolylinePoints(nullptr, points, 1), 0);
+    EXPECT_EQ(CFamStuEnt::GetCurvePoints(static_cast<AcDbEntity*>(nullptr), points, 1), 0);
+    EXPECT_TRUE(points.isEmpty());
+    AcDbPolyline empty;
+    empty.setClosed(true);
+    EXPECT_EQ(CFamStuEnt::GetPolylinePoints(&empty, points, 1), 1); // no vertex that could be repeated
+    EXPECT_EQ(CFamStuEnt::GetCurvePoints(&empty, points, 1), 0);
+    EXPECT_TRUE(points.isEmpty());
+}
+
+TEST_F(BadInput, TextsThatAreNoHandleFindNothing)
+{
+    addLine({0, 0, 0}, {1, 0, 0});
+    for (const wchar_t* text :
+         {L"", L" ", L"-1", L"g", L"\xFF11\xFF21", L"\x0661", L"{1F}", L"FFFFFFFFFFFFFFFFF"}) {
+        AcDbObjectId id = database()->layerZero();
+        EXPECT_EQ(CFamStuPub::HandleStrToObjectId(text, id), 0) << CStringA(text).GetString();
+        EXPECT_TRUE(id.isNull());
+    }
+}
+
+// 63 characters are kept: zeros in front of the digits count as well.
+TEST_F(BadInput, OnlyTheFirst63CharactersOfAHandleCount)
+{
+    const AcDbObjectId line = addLine({0, 0, 0}, {1, 0, 0});
+    CString digits;
+    CFamStuPub::ObjectIdToHandleStr(line, digits);
+    AcDbObjectId id, cut;
+    for (const int length : {20, 62, 63}) {
+        EXPECT_EQ(CFamStuPub::HandleStrToObjectId(CString(L'0', length - digits.GetLength()) + digits, id), 1)
+            << length;
+        EXPECT_EQ(id, line);
+    }
+    const int wanted = CFamStuPub::HandleStrToObjectId(digits.Left(digits.GetLength() - 1), cut);
+    EXPECT_EQ(CFamStuPub::HandleStrToObjectId(CString(L'0', 64 - digits.GetLength()) + digits, id), wanted);
+    EXPECT_EQ(id, cut);
+    EXPECT_NE(id, line);
+    for (const int length : {65, 1000}) {
+        EXPECT_EQ(CFamStuPub::HandleStrToObjectId(CString(L'0', length) + digits, id), 0);
+        EXPECT_TRUE(id.isNull());
+    }
+}
+
+TEST_F(BadInput, HandlesNeedAWorkingDatabase)
+{
+    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
+    AcDbDatabase* const before = services->workingDatabase();
+    services->setWorkingDatabase(nullptr);
+    AcDbObjectId id = before->layerZero();
+    EXPECT_EQ(CFamStuPub::HandleStrToObjectId(L"1", id), 0);
+    EXPECT_TRUE(id.isNull());
+    services->setWorkingDatabase(before);
+}
+
+TEST_F(BadInput, NumbersThatAreNoneLieNowhere)
+{
+    const AcGePoint3d a(0, 0, 0), b(10, 0, 0);
+    for (const double bad : {nan, infinity, -infinity}) {
+        for (const int extend : {0, 1}) {
+            EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, {bad, 0, 0}, extend), 0);
+            EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, {bad, bad, bad}, extend), 0);
+            EXPECT_EQ(CFamStuEnt::JudgePointOnLine({bad, 0, 0}, b, {5, 0, 0}, extend), 0);
+            EXPECT_EQ(CFamStuEnt::JudgePointOnLine({bad, bad, 0}, {bad, bad, 0}, {5, 1, 0}, extend), 0);
+        }
+    }
+}
+
+TEST_F(BadInput, PointsThatAreNoNumbersLeaveTheBox)
+{
+    AcDbExtents box({1, 1, 1}, {2, 2, 2});
+    AcGePoint3dArray points;
+    points.append(AcGePoint3d(nan, nan, nan));
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(box, points), 1);
+    EXPECT_EQ(box.minPoint(), AcGePoint3d(1, 1, 1));
+    EXPECT_EQ(box.maxPoint(), AcGePoint3d(2, 2, 2));
+}
+} // namespace
