@@ -139,13 +139,17 @@ Acad::ErrorStatus CFamStuEnt::GetEntExtents(AcDbExtents& extents, AcDbObjectId i
     AcDbExtents own;
     Acad::ErrorStatus status = entity->getGeomExtents(own);
     if (status != Acad::eOk && getBlkRefExtByFilerError(entity.object(), own) == Acad::eOk) status = Acad::eOk;
+    if (status == Acad::eOk && !isFinite(own)) status = Acad::eInvalidExtents;
     if (status == Acad::eOk) extents = own;
     return status;
 }
 
 int CFamStuEnt::GetEntExtents(AcDbExtents& extents, AcGePoint3dArray points)
 {
-    for (const AcGePoint3d& point : points) extents.addPoint(point);
+    for (const AcGePoint3d& point : points) {
+        if (std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z))
+            extents.addPoint(point);
+    }
     return 1;
 }
 

@@ -17,9 +17,9 @@ public:
     /// box, when it has none or when that gives false.
     static bool DllInit(HINSTANCE module);
 
-    /// The object of the working database with this handle: hexadecimal digits in either case, of which the first
-    /// 63 characters count. Returns 1; 0, and `id` null, when there is no such object. An erased object has its id
-    /// still.
+    /// The object of the working database with this handle: hexadecimal digits in either case up to the first
+    /// other character, of which the first 63 characters count and at most 16 after leading zeros. Returns 1;
+    /// 0, and `id` null, when there is no such object. An erased object has its id still.
     static int HandleStrToObjectId(CString text, AcDbObjectId& id);
     /// The hexadecimal digits of a handle as AutoCAD writes them: capitals, no leading zeros.
     static CString HandleToStr(AcDbHandle handle);

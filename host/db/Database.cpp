@@ -94,7 +94,13 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfN
                                                 std::uint32_t) const
 {
     StubTable& stubs = mState->stubs;
-    id = createIfNotFound ? (handle.isNull() ? stubs.add() : stubs.obtain(handle.value())) : stubs.find(handle.value());
+    if (createIfNotFound) {
+        id = handle.isNull() ? stubs.add() : stubs.obtain(handle.value());
+        return Acad::eOk;
+    }
+    // References of a file to what it does not hold have a stub as well.
+    AcDbStub* const stub = stubs.find(handle.value());
+    id = stub && stub->object ? stub : nullptr;
     return id.isNull() ? Acad::eUnknownHandle : Acad::eOk;
 }
 

@@ -2,20 +2,21 @@
 
 #include "dbentity.h"
 
-#include "EntityAccess.h"
 #include "acgi.h"
+#include "EntityAccess.h"
 #include "gecurv3d.h"
+#include "MappedExtents.h"
 
 namespace
 {
-bool isFinite(const AcGeMatrix3d& matrix)
+bool isUsable(const AcGeMatrix3d& matrix)
 {
     for (const auto& row : matrix.entry) {
         for (const double value : row) {
             if (!std::isfinite(value)) return false;
         }
     }
-    return true;
+    return !matrix.isSingular();
 }
 
 bool areAllInRange(const AcDbIntArray& indices, int count)
@@ -29,7 +30,7 @@ bool areAllInRange(const AcDbIntArray& indices, int count)
 
 Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& xform)
 {
-    if (!isFinite(xform) || xform.isSingular()) return Acad::eInvalidInput;
+    if (!isUsable(xform)) return Acad::eInvalidInput;
     const Acad::ErrorStatus status = beginChange();
     return status == Acad::eOk ? subTransformBy(xform) : status;
 }
@@ -37,7 +38,7 @@ Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& xform)
 Acad::ErrorStatus AcDbEntity::getTransformedCopy(const AcGeMatrix3d& xform, AcDbEntity*& copy) const
 {
     copy = nullptr;
-    if (!isFinite(xform) || xform.isSingular()) return Acad::eInvalidInput;
+    if (!isUsable(xform)) return Acad::eInvalidInput;
     return subGetTransformedCopy(xform, copy);
 }
 
@@ -66,7 +67,7 @@ Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents& extents) const
     AcDbExtents found;
     const Acad::ErrorStatus status = subGetGeomExtents(found);
     if (status != Acad::eOk) return status;
-    if (found.isEmpty()) return Acad::eInvalidExtents;
+    if (!isBox(found)) return Acad::eInvalidExtents;
     extents = found;
     return Acad::eOk;
 }

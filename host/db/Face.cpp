@@ -1,10 +1,11 @@
 #include "dbface.h"
 
+#include "acgi.h"
 #include "ClassRegistration.h"
 #include "DxfFields.h"
-#include "acgi.h"
 #include "gecurv3d.h"
 #include "gelnsg3d.h"
+#include "PlanarCoords.h"
 
 ACDB_DXF_CLASS(AcDbFace, AcDbEntity, 3DFACE)
 
@@ -106,7 +107,10 @@ Acad::ErrorStatus AcDbFace::subTransformBy(const AcGeMatrix3d& xform)
 
 Acad::ErrorStatus AcDbFace::subGetGeomExtents(AcDbExtents& extents) const
 {
-    for (int i = 0; i < 4; ++i) extents.addPoint(corner(i));
+    for (int i = 0; i < 4; ++i) {
+        if (!isFinite(corner(i))) return Acad::eInvalidExtents;
+        extents.addPoint(corner(i));
+    }
     return Acad::eOk;
 }
 

@@ -161,6 +161,7 @@ Acad::ErrorStatus AcDbLine::subTransformBy(const AcGeMatrix3d& xform)
 
 Acad::ErrorStatus AcDbLine::subGetGeomExtents(AcDbExtents& extents) const
 {
+    if (!isFinite(mStart) || !isFinite(mEnd)) return Acad::eInvalidExtents;
     extents.addPoint(mStart);
     extents.addPoint(mEnd);
     if (mThickness != 0.0) extents.expandBy(mThickness * mNormal);

@@ -146,13 +146,19 @@ bool addBox(const AcDbEntity& entity, const AcGeMatrix3d& map, AcDbExtents& exte
 }
 } // namespace
 
+bool isBox(const AcDbExtents& extents)
+{
+    const AcGePoint3d low = extents.minPoint(), high = extents.maxPoint();
+    return isFinite(low) && isFinite(high) && low.x <= high.x && low.y <= high.y && low.z <= high.z;
+}
+
 bool mappedExtents(const AcDbEntity& entity, const AcGeMatrix3d& map, AcDbExtents& extents)
 {
     AcDbExtents found;
     const bool isFound = keepsBoxes(map) ? addBox(entity, map, found)
                                          : addInPlace(entity, map, found) || addCopy(entity, map, found) ||
                                                addBox(entity, map, found);
-    if (!isFound || found.isEmpty()) return false;
+    if (!isFound || !isBox(found)) return false;
     extents = found;
     return true;
 }

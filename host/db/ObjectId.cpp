@@ -10,15 +10,14 @@ const AcDbObjectId AcDbObjectId::kNull;
 
 AcDbHandle::AcDbHandle(const ACHAR* hexText)
 {
-    int digits = 0;
     for (; hexText && std::iswxdigit(static_cast<std::wint_t>(*hexText)); ++hexText) {
         if (*hexText > L'f') break;
         const int digit = *hexText <= L'9' ? *hexText - L'0' : (*hexText | 0x20) - L'a' + 10;
-        mValue = mValue << 4 | static_cast<std::uint64_t>(digit);
-        if (++digits > 16) {
+        if (mValue >> 60) { // zeros in front are no digits too many
             mValue = 0;
             return;
         }
+        mValue = mValue << 4 | static_cast<std::uint64_t>(digit);
     }
 }
 

@@ -249,8 +249,10 @@ Acad::ErrorStatus AcDb3dPolyline::subExplode(AcDbVoidPtrArray& entitySet) const
 
 Acad::ErrorStatus AcDb3dPolyline::subGetGeomExtents(AcDbExtents& extents) const
 {
-    for (const AcGePoint3d& point : points())
+    for (const AcGePoint3d& point : points()) {
+        if (!isFinite(point)) return Acad::eInvalidExtents;
         extents.addPoint(point);
+    }
     return Acad::eOk;
 }
 

@@ -111,7 +111,10 @@ Acad::ErrorStatus AcDbFilledQuad::subTransformBy(const AcGeMatrix3d& xform)
 Acad::ErrorStatus AcDbFilledQuad::subGetGeomExtents(AcDbExtents& extents) const
 {
     const AcGeMatrix3d world = ocsToWorld(mNormal);
-    for (int i = 0; i < 4; ++i) extents.addPoint(world * corner(i));
+    for (int i = 0; i < 4; ++i) {
+        if (!isFinite(corner(i))) return Acad::eInvalidExtents;
+        extents.addPoint(world * corner(i));
+    }
     if (mThickness != 0.0) extents.expandBy(mThickness * mNormal);
     return Acad::eOk;
 }

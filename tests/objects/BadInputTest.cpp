@@ -12,56 +12,10 @@
 
 namespace
 {
-class BadInput : public headless::DrawingTest
-{
-protected:
-    struct Case {
-        const char* name;
-        AcDbObjectId id;
-        Acad::ErrorStatus status; ///< of opening it for read as an entity
-    };
-
-    AcDbObjectId erased()
-    {
-        const AcDbObjectId id = addLine({0, 0, 0}, {1, 1, 0});
-        erase(id);
-        return id;
-    }
-    std::vector<Case> cases()
-    {
-        return {{"null", AcDbObjectId(), Acad::eNullObjectId},
-                {"erased", erased(), Acad::eWasErased},
-                {"layer", database()->layerZero(), Acad::eNotThatKindOfClass}};
-    }
-    /// Every member that takes an id and a point array.
-    static int pointsOf(int member, AcDbObjectId id, AcGePoint3dArray& points)
-    {
-        return member == 0 ? CFamStuEnt::GetPolylinePoints(id, points, 1)
-                           : CFamStuEnt::GetCurvePoints(id, points, 1);
-    }
-};
+using BadInput = headless::DrawingTest;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
-
-TEST_F(BadInput, IdsThatAreNoEntityGiveTheirStatusAndNothingElse)
-{
-    for (const Case& bad : cases()) {
-        SCOPED_TRACE(bad.name);
-        AcGePoint3dArray points;
-        points.append(AcGePoint3d(1, 2, 3));
-        for (const int member : {0, 1})
-            EXPECT_EQ(pointsOf(member, bad.id, points), 0);
-        EXPECT_EQ(points.length(), 1);
-        AcDbExtents box({1, 1, 1}, {2, 2, 2});
-        EXPECT_EQ(CFamStuEnt::GetEntExtents(box, bad.id), bad.status);
-        EXPECT_EQ(box.minPoint(), AcGePoint3d(1, 1, 1));
-        AcDbObjectIdArray ids;
-        ids.append(bad.id);
-        EXPECT_EQ(CFamStuEnt::GetEntExtents(box, ids), bad.status); // a list forgets what was in the box
-        EXPECT_GT(box.minPoint().x, box.maxPoint().x);
-    }
-}
 
 // Each by its own: while it is open for write, it can be read by its pointer only.
 TEST_F(BadInput, EntitiesOpenForWriteAreNotRead)
@@ -72,7 +26,10 @@ TEST_F(BadInput, EntitiesOpenForWriteAreNotRead)
     EXPECT_EQ(CFamStuEnt::GetCurvePoints(id, points, 0), 0);
     EXPECT_TRUE(points.isEmpty());
     AcDbExtents box;
+    AcDbObjectIdArray ids;
+    ids.append(id);
     EXPECT_EQ(CFamStuEnt::GetEntExtents(box, id), Acad::eWasOpenForWrite);
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(box, ids), Acad::eWasOpenForWrite);
     CString handle = L"before";
     CFamStuPub::ObjectIdToHandleStr(id, handle);
     EXPECT_TRUE(handle.IsEmpty());
@@ -170,26 +127,79 @@ TEST_F(BadInput, HandlesNeedAWorkingDatabase)
     services->setWorkingDatabase(before);
 }
 
+TEST_F(BadInput, HandlesEndAtTheFirstOtherCharacter)
+{
+    const AcDbObjectId line = addLine({0, 0, 0}, {1, 0, 0});
+    CString digits;
+    CFamStuPub::ObjectIdToHandleStr(line, digits);
+    for (const wchar_t* tail : {L"Z", L" 2", L"\t", L"-"}) {
+        AcDbObjectId id;
+        EXPECT_EQ(CFamStuPub::HandleStrToObjectId(digits + tail, id), 1);
+        EXPECT_EQ(id, line);
+    }
+    EXPECT_EQ(CFamStuPub::HandleToStr(AcDbHandle()), CString(L"0"));
+}
+
+TEST_F(BadInput, ErasedObjectsAreFoundByTheirHandleAndPlacesWithoutObjectAreNot)
+{
+    const AcDbObjectId line = addLine({0, 0, 0}, {1, 0, 0});
+    CString digits;
+    CFamStuPub::ObjectIdToHandleStr(line, digits);
+    erase(line);
+    AcDbObjectId id;
+    EXPECT_EQ(CFamStuPub::HandleStrToObjectId(digits, id), 1);
+    EXPECT_EQ(id, line);
+    AcDbObjectId reserved; // as a reference to an object that a file does not hold leaves it
+    ASSERT_EQ(database()->getAcDbObjectId(reserved, true, AcDbHandle(std::uint64_t(0xABCDE))), Acad::eOk);
+    EXPECT_EQ(CFamStuPub::HandleStrToObjectId(L"ABCDE", id), 0);
+    EXPECT_TRUE(id.isNull());
+}
+
+TEST_F(BadInput, PointsAreCopiedWhateverTheyHold)
+{
+    ads_point point = {};
+    CFamStuPub::pt3dToadsPt({infinity, nan, -infinity}, point);
+    EXPECT_EQ(point[X], infinity);
+    EXPECT_TRUE(std::isnan(point[Y]));
+    AcGePoint3dArray points;
+    points.append(AcGePoint3d(nan, -infinity, 0));
+    const AcGePoint2dArray flat = CFamStuPub::pt3dTopt2d(points);
+    ASSERT_EQ(flat.length(), 1);
+    EXPECT_TRUE(std::isnan(flat[0].x));
+    EXPECT_EQ(flat[0].y, -infinity);
+}
+
+// One coordinate of one of the three points at a time, and all of them.
 TEST_F(BadInput, NumbersThatAreNoneLieNowhere)
 {
-    const AcGePoint3d a(0, 0, 0), b(10, 0, 0);
+    const AcGePoint3d good[] = {{0, 0, 0}, {10, 0, 0}, {5, 0, 0}};
+    ASSERT_EQ(CFamStuEnt::JudgePointOnLine(good[0], good[1], good[2], 1), 3);
     for (const double bad : {nan, infinity, -infinity}) {
-        for (const int extend : {0, 1}) {
-            EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, {bad, 0, 0}, extend), 0);
-            EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, {bad, bad, bad}, extend), 0);
-            EXPECT_EQ(CFamStuEnt::JudgePointOnLine({bad, 0, 0}, b, {5, 0, 0}, extend), 0);
-            EXPECT_EQ(CFamStuEnt::JudgePointOnLine({bad, bad, 0}, {bad, bad, 0}, {5, 1, 0}, extend), 0);
+        for (int i = 0; i < 9; ++i) {
+            AcGePoint3d points[] = {good[0], good[1], good[2]};
+            points[i / 3][static_cast<unsigned>(i % 3)] = bad;
+            for (const int extend : {0, 1})
+                EXPECT_EQ(CFamStuEnt::JudgePointOnLine(points[0], points[1], points[2], extend), 0) << i;
         }
+        const AcGePoint3d all(bad, bad, bad);
+        EXPECT_EQ(CFamStuEnt::JudgePointOnLine(all, all, all, 1), 0);
     }
 }
 
 TEST_F(BadInput, PointsThatAreNoNumbersLeaveTheBox)
 {
-    AcDbExtents box({1, 1, 1}, {2, 2, 2});
     AcGePoint3dArray points;
-    points.append(AcGePoint3d(nan, nan, nan));
+    for (const double bad : {nan, infinity, -infinity}) {
+        points.append(AcGePoint3d(bad, 9, 9));
+        points.append(AcGePoint3d(9, 9, bad));
+    }
+    AcDbExtents box;
     EXPECT_EQ(CFamStuEnt::GetEntExtents(box, points), 1);
-    EXPECT_EQ(box.minPoint(), AcGePoint3d(1, 1, 1));
-    EXPECT_EQ(box.maxPoint(), AcGePoint3d(2, 2, 2));
+    EXPECT_TRUE(box.isEmpty());
+    points.append(AcGePoint3d(1, 2, 3));
+    points.append(AcGePoint3d(1, 2, 3));
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(box, points), 1);
+    EXPECT_EQ(box.minPoint(), AcGePoint3d(1, 2, 3));
+    EXPECT_EQ(box.maxPoint(), AcGePoint3d(1, 2, 3));
 }
 } // namespace

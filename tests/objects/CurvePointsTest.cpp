@@ -117,6 +117,52 @@ TEST_F(CurvePoints, FittedPolylinesGiveThePointsOfTheirCurve)
     EXPECT_EQ(arcs[1], AcGePoint3d(1, 0, 4));
 }
 
+// The second vertex is held for writing: what lies before it stays.
+TEST_F(CurvePoints, VerticesThatAreHeldOrErasedAreNotRead)
+{
+    AcGePoint3dArray corners;
+    for (const double x : {0.0, 1.0, 2.0})
+        corners.append(AcGePoint3d(x, 0, 0));
+    const AcDbObjectId id = add(new AcDb2dPolyline(AcDb::k2dSimplePoly, corners, 0, Adesk::kFalse));
+    const AcDbObjectPointer<AcDb2dPolyline> polyline(id, AcDb::kForRead);
+    std::unique_ptr<AcDbObjectIterator> at(polyline->vertexIterator());
+    at->step();
+    AcGePoint3dArray points;
+    {
+        const AcDbObjectPointer<AcDb2dVertex> held(at->objectId(), AcDb::kForWrite);
+        EXPECT_EQ(CFamStuEnt::Get2dPolylinePoints(polyline.object(), points, 0), 0);
+        EXPECT_EQ(points.length(), 1);
+    }
+    erase(at->objectId());
+    points.removeAll();
+    EXPECT_EQ(CFamStuEnt::Get2dPolylinePoints(polyline.object(), points, 0), 1);
+    ASSERT_EQ(points.length(), 2);
+    EXPECT_EQ(points[1], AcGePoint3d(2, 0, 0));
+}
+
+TEST_F(CurvePoints, PolylinesOutsideDrawingsGiveTheirVertices)
+{
+    AcGePoint3dArray corners;
+    for (const double x : {0.0, 1.0, 1.0})
+        corners.append(AcGePoint3d(x, 0, 0));
+    AcDb2dPolyline polyline(AcDb::k2dSimplePoly, corners, 7, Adesk::kTrue);
+    AcGePoint3dArray points;
+    EXPECT_EQ(CFamStuEnt::Get2dPolylinePoints(&polyline, points, 1), 1);
+    ASSERT_EQ(points.length(), 4); // equal ones are kept, the first follows again
+    EXPECT_EQ(points[2], AcGePoint3d(1, 0, 7));
+    EXPECT_EQ(points[3], AcGePoint3d(0, 0, 7));
+}
+
+TEST_F(CurvePoints, CountWhatWasThereBeforeForSplines)
+{
+    AcGePoint3dArray points;
+    for (const int wanted : {0, 0, 1}) { // more than one point makes the result 1
+        AcDbSpline none;
+        EXPECT_EQ(CFamStuEnt::GetCurvePoints(&none, points, 0), wanted) << points.length();
+        points.append(AcGePoint3d::kOrigin);
+    }
+}
+
 TEST_F(CurvePoints, SpatialPolylineGivesNone)
 {
     AcGePoint3dArray corners;
@@ -192,9 +238,17 @@ TEST(PointOnLine, HeightCountsForTheEndsOnly)
     EXPECT_NE(CFamStuEnt::JudgePointOnLine(a, b, AcGePoint3d(0, 0, 100), 0), 1);
 }
 
-TEST(PointOnLine, NumbersThatAreNoneLieNowhere)
+// Where a direction has no length in plan there is no angle: neither between nor beyond.
+TEST(PointOnLine, DirectionsWithoutLengthInPlanLieNowhere)
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(CFamStuEnt::JudgePointOnLine(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0), AcGePoint3d(nan, 0, 0), 1), 0);
+    const AcGePoint3d a(0, 0, 0), b(10, 0, 0);
+    for (const int extend : {0, 1}) {
+        EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, a, {5, 0, 0}, extend), 0);
+        EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, {0, 0, 9}, {5, 0, 0}, extend), 0);
+        EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, {0, 0, 3}, extend), 0);
+        EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, {10, 0, 3}, extend), 0);
+        EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, {5, 0, 3}, extend), 3); // heights elsewhere do not count
+    }
+    EXPECT_EQ(CFamStuEnt::JudgePointOnLine(a, b, {-1e-4, 0, 0}, 1), 5); // no longer within the tolerance of a
 }
 } // namespace
