@@ -20,19 +20,9 @@ using ed::ViewportKind;
 /// What a view record shows in a viewport of the present size.
 DisplayView viewFrom(const AcDbViewTableRecord& record, const Viewport& viewport)
 {
-    DisplayView view = ed::viewOf(viewport);
-    view.target = record.target();
-    view.direction = record.viewDirection();
-    view.twist = record.viewTwist();
-    view.center = record.centerPoint();
+    DisplayView view = ed::viewOf(record);
     view.height = std::max(record.height(), record.width() / aspectOf(viewport));
-    view.lensLength = record.lensLength();
-    view.frontClip = record.frontClipDistance();
-    view.backClip = record.backClipDistance();
-    view.isPerspective = record.perspectiveEnabled();
-    view.isFrontClipped = record.frontClipEnabled();
-    view.isBackClipped = record.backClipEnabled();
-    view.isFrontClipAtEye = record.frontClipAtEye();
+    view.followsUcs = ed::viewOf(viewport).followsUcs;
     return view;
 }
 

@@ -15,15 +15,7 @@ using ed::Viewport;
 
 DisplayView read(const AcDbViewportTableRecord& tile)
 {
-    DisplayView view{tile.target(), tile.viewDirection(), tile.viewTwist(), tile.centerPoint(),
-                     tile.height()};
-    view.lensLength = tile.lensLength();
-    view.frontClip = tile.frontClipDistance();
-    view.backClip = tile.backClipDistance();
-    view.isPerspective = tile.perspectiveEnabled();
-    view.isFrontClipped = tile.frontClipEnabled();
-    view.isBackClipped = tile.backClipEnabled();
-    view.isFrontClipAtEye = tile.frontClipAtEye();
+    DisplayView view = ed::viewOf(tile);
     view.followsUcs = tile.ucsFollowMode();
     return view;
 }
@@ -128,6 +120,20 @@ DisplayView viewOf(const Viewport& viewport)
     if (const auto* tile = AcDbViewportTableRecord::cast(keeper)) return read(*tile);
     if (const auto* window = AcDbViewport::cast(keeper)) return read(*window);
     return viewOfSheet();
+}
+
+DisplayView viewOf(const AcDbAbstractViewTableRecord& record)
+{
+    DisplayView view{record.target(), record.viewDirection(), record.viewTwist(), record.centerPoint(),
+                     record.height()};
+    view.lensLength = record.lensLength();
+    view.frontClip = record.frontClipDistance();
+    view.backClip = record.backClipDistance();
+    view.isPerspective = record.perspectiveEnabled();
+    view.isFrontClipped = record.frontClipEnabled();
+    view.isBackClipped = record.backClipEnabled();
+    view.isFrontClipAtEye = record.frontClipAtEye();
+    return view;
 }
 
 Acad::ErrorStatus setView(const Viewport& viewport, const DisplayView& view)

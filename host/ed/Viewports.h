@@ -39,6 +39,8 @@ Acad::ErrorStatus activate(const Viewport& viewport);
 Viewport windowToEnter();
 
 DisplayView viewOf(const Viewport& viewport);
+/// What a record keeps of a view. Whether the view follows the UCS is a matter of the viewport.
+DisplayView viewOf(const AcDbAbstractViewTableRecord& record);
 /// eInvalidInput for numbers that no view can have (a height that is not above 0, not finite), otherwise the
 /// statuses of opening the object; nothing is changed then. A sheet without a viewport gets one.
 Acad::ErrorStatus setView(const Viewport& viewport, const DisplayView& view);

@@ -1,6 +1,7 @@
 #include "acedgraphics.h"
 
 #include "acdbads.h"
+#include "AdsMatrix.h"
 #include "CurrentUcs.h"
 #include "dbobjptr.h"
 #include "DatabaseHooks.h"
@@ -23,16 +24,6 @@ bool isColor(int color)
 AcGePoint3d pointOf(const ads_point point)
 {
     return {point[X], point[Y], point[Z]};
-}
-
-AcGeMatrix3d matrixOf(const ads_matrix matrix)
-{
-    AcGeMatrix3d made;
-    for (unsigned row = 0; row < 4; ++row) {
-        for (unsigned column = 0; column < 4; ++column)
-            made.entry[row][column] = matrix[row][column];
-    }
-    return made;
 }
 
 /// Reads a list of acedGrVecs; false when it is none.
@@ -90,7 +81,7 @@ int acedGrDraw(const ads_point from, const ads_point to, int color, int highligh
 int acedGrVecs(const resbuf* vectors, const ads_matrix matrix)
 {
     std::vector<ed::ScreenLine> lines;
-    const AcGeMatrix3d map = matrix ? ed::ucsToWorld() * matrixOf(matrix) : ed::ucsToWorld();
+    const AcGeMatrix3d map = matrix ? ed::ucsToWorld() * ed::matrixOf(matrix) : ed::ucsToWorld();
     if (!vectors || !readVectors(vectors, map, lines)) return RTERROR;
     std::vector<ed::ScreenLine>& shown = ed::screen().lines;
     shown.insert(shown.end(), lines.begin(), lines.end());

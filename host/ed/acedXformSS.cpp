@@ -1,25 +1,13 @@
 #include "acedselect.h"
-#include "SelectionState.h"
+#include "AdsMatrix.h"
 #include "dbobjptr.h"
-
-namespace
-{
-AcGeMatrix3d matrixOf(const ads_matrix from)
-{
-    AcGeMatrix3d matrix;
-    for (int row = 0; row < 4; ++row) {
-        for (int column = 0; column < 4; ++column)
-            matrix.entry[row][column] = from[row][column];
-    }
-    return matrix;
-}
-} // namespace
+#include "SelectionState.h"
 
 int acedXformSS(const ads_name ss, ads_matrix matrix)
 {
     const ed::SelectionSet* const set = ss && matrix ? ed::selectionSet(ss) : nullptr;
     if (!set) return RTERROR;
-    const AcGeMatrix3d map = matrixOf(matrix);
+    const AcGeMatrix3d map = ed::matrixOf(matrix);
     bool isDone = true;
     for (const AcDbObjectId id : set->ids()) {
         if (id.isErased()) continue;
