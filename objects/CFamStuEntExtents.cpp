@@ -9,7 +9,10 @@
 #include "dbsymtb.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -50,7 +53,9 @@ void addRowsAndColumns(const AcDbMInsertBlock& reference, const AcGeMatrix3d& to
     extents.expandBy(y * (reference.rowSpacing() * (reference.rows() - 1)));
 }
 
-/// Measures blocks within blocks. A block that holds itself, as damaged drawings have it, ends there.
+/// Measures blocks within blocks. A block that holds itself, as damaged drawings have it, ends there; one
+/// that is met again, turned and scaled alike, is measured once: blocks that hold each other twice would take
+/// for ever otherwise.
 class BlockContents
 {
 public:
@@ -62,10 +67,8 @@ public:
         const AcDbObjectPointer<AcDbBlockTableRecord> block(id, AcDb::kForRead);
         if (block.openStatus() != Acad::eOk) return block.openStatus();
         AcDbExtents all;
-        m_path.push_back(id);
         const Acad::ErrorStatus status =
-            addMembers(*block.object(), toWorld * reference.blockTransform(), all);
-        m_path.pop_back();
+            measureBlock(*block.object(), toWorld * reference.blockTransform(), all);
         if (status != Acad::eOk) return status;
         const auto* const grid = AcDbMInsertBlock::cast(&reference);
         if (grid && isFinite(all)) addRowsAndColumns(*grid, toWorld, all);
@@ -76,6 +79,34 @@ public:
     }
 
 private:
+    /// A block, and the bits of what a map does besides moving.
+    using Key = std::pair<AcDbObjectId, std::array<std::uint64_t, 9>>;
+
+    static Key keyOf(AcDbObjectId block, const AcGeMatrix3d& map)
+    {
+        Key key{block, {}};
+        for (std::size_t i = 0; i < key.second.size(); ++i)
+            std::memcpy(&key.second[i], &map.entry[i / 3][i % 3], sizeof(double));
+        return key;
+    }
+
+    Acad::ErrorStatus measureBlock(const AcDbBlockTableRecord& block, const AcGeMatrix3d& toWorld,
+                                   AcDbExtents& extents)
+    {
+        AcGeMatrix3d turned = toWorld;
+        turned.setTranslation(AcGeVector3d::kIdentity);
+        const auto [known, isNew] = m_known.try_emplace(keyOf(block.objectId(), toWorld));
+        if (isNew) {
+            m_path.push_back(block.objectId());
+            const Acad::ErrorStatus status = addMembers(block, turned, known->second);
+            m_path.pop_back();
+            if (status != Acad::eOk) return status;
+        }
+        extents = known->second;
+        if (isFinite(extents)) extents.transformBy(AcGeMatrix3d::translation(toWorld.translation()));
+        return Acad::eOk;
+    }
+
     Acad::ErrorStatus addMembers(const AcDbBlockTableRecord& block, const AcGeMatrix3d& toWorld,
                                  AcDbExtents& extents)
     {
@@ -116,6 +147,7 @@ private:
     }
 
     std::vector<AcDbObjectId> m_path; ///< the blocks that are being measured, from the outermost
+    std::map<Key, AcDbExtents> m_known; ///< without their places
 };
 } // namespace
 

@@ -11,7 +11,10 @@
 #include "Stub.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstring>
+#include <map>
 
 namespace
 {
@@ -27,17 +30,51 @@ public:
     }
     Nesting(const Nesting&) = delete;
     Nesting& operator=(const Nesting&) = delete;
-    ~Nesting() { path.pop_back(); }
+    ~Nesting()
+    {
+        path.pop_back();
+        if (path.empty()) boxes.clear();
+    }
     /// Whether the block is not to be shown here.
     bool ends() const { return mEnds; }
 
+    /// The box of a block's entities, of which an outer one may be made of the same block thousands of times.
+    struct Box {
+        bool isThere;
+        AcDbExtents extents;
+        AcGeVector3d place; ///< where the block's origin was
+    };
+    /// What was measured before of a block that is turned, scaled and sheared alike, as long as an outer one
+    /// is being measured; null for the first time and for the outermost.
+    static const Box* find(AcDbObjectId block, const AcGeMatrix3d& map)
+    {
+        const auto at = boxes.find(keyOf(block, map));
+        return at == boxes.end() ? nullptr : &at->second;
+    }
+    static void keep(AcDbObjectId block, const AcGeMatrix3d& map, const Box& box)
+    {
+        if (path.size() > 1) boxes.emplace(keyOf(block, map), box);
+    }
+
 private:
+    /// The bits of the numbers: damaged drawings have some that no order holds for.
+    using Key = std::pair<AcDbStub*, std::array<std::uint64_t, 9>>;
+    static Key keyOf(AcDbObjectId block, const AcGeMatrix3d& map)
+    {
+        Key key{block, {}};
+        for (std::size_t i = 0; i < 9; ++i)
+            std::memcpy(&key.second[i], &map.entry[i / 3][i % 3], sizeof(double));
+        return key;
+    }
+
+    static thread_local std::map<Key, Box> boxes;
     static constexpr std::size_t deepest = 64;
     static thread_local std::vector<AcDbObjectId> path;
     bool mEnds;
 };
 
 thread_local std::vector<AcDbObjectId> Nesting::path;
+thread_local std::map<Nesting::Key, Nesting::Box> Nesting::boxes;
 
 const AcDbBlockTableRecord* blockOf(AcDbObjectId id) { return AcDbBlockTableRecord::cast(residentObject(id)); }
 
@@ -58,6 +95,29 @@ bool isShown(const AcDbEntity& entity)
 {
     const auto* definition = AcDbAttributeDefinition::cast(&entity);
     return !definition || definition->isConstant();
+}
+
+Nesting::Box boxOf(AcDbObjectId block, const AcGeMatrix3d& map)
+{
+    Nesting::Box box{false, {}, map.translation()};
+    AcDbExtents one;
+    forEachEntity(block, [&](const AcDbEntity& entity) {
+        if (!isShown(entity) || !mappedExtents(entity, map, one)) return;
+        box.extents.addExt(one);
+        box.isThere = true;
+    });
+    Nesting::keep(block, map, box);
+    return box;
+}
+
+/// Adds what the entities of a block reach under a map.
+void addContents(AcDbObjectId block, const AcGeMatrix3d& map, AcDbExtents& extents)
+{
+    const Nesting::Box* const known = Nesting::find(block, map);
+    Nesting::Box box = known ? *known : boxOf(block, map);
+    if (!box.isThere) return;
+    if (known) box.extents.transformBy(AcGeMatrix3d::translation(map.translation() - box.place));
+    extents.addExt(box.extents);
 }
 } // namespace
 
@@ -166,10 +226,7 @@ Acad::ErrorStatus AcDbBlockReference::geomExtentsBestFit(AcDbExtents& extents,
     if (nesting.ends()) return Acad::eInvalidExtents;
     AcDbExtents all, one;
     for (const AcGeMatrix3d& map : instances()) {
-        const AcGeMatrix3d whole = parentXform * map;
-        forEachEntity(mBlock, [&](const AcDbEntity& entity) {
-            if (isShown(entity) && mappedExtents(entity, whole, one)) all.addExt(one);
-        });
+        addContents(mBlock, parentXform * map, all);
     }
     if (mAttributes) {
         for (const AcDbObjectId id : mAttributes->ids) {

@@ -192,7 +192,7 @@ TEST_F(MakersOfTexts, UnlockedDocumentTakesNothing)
     ASSERT_EQ(CMakeEnt::MakeNoNameGroup(listOf({m_line}), anonymous), 1);
     Calls calls = all();
     calls.push_back({"ExplodNoNameGroup", [](auto&, auto&) { return CMakeEnt::ExplodNoNameGroup(L""); }});
-    m_lock.unlock();
+    unlock();
     expectRefused(calls);
     EXPECT_FALSE(anonymous.isErased());
 }

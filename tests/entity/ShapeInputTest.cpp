@@ -264,7 +264,7 @@ TEST_F(ShapeInputTest, GoodNumbersMakeOneThingEach)
 
 TEST_F(ShapeInputTest, DocumentThatIsNotLockedTakesNothing)
 {
-    m_lock.unlock();
+    unlock();
     for (const Maker& maker : makers()) {
         SCOPED_TRACE(maker.name);
         Results out;
@@ -273,7 +273,6 @@ TEST_F(ShapeInputTest, DocumentThatIsNotLockedTakesNothing)
         EXPECT_EQ(result, out.loose || maker.isCommand) << "else only what is not added can be made";
         EXPECT_EQ(entityCount(), before + maker.isCommand);
     }
-    m_lock.lock(database());
 }
 
 TEST_F(ShapeInputTest, SpaceThatSomebodyReadsTakesNothing)

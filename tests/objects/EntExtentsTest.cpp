@@ -142,6 +142,28 @@ TEST_F(EntExtents, BlocksWithinThemselvesAreCountedOnce)
     expectBox(contentsOf(add(new AcDbBlockReference(AcGePoint3d::kOrigin, block))), {1, 2, 3}, {1, 2, 3});
 }
 
+// Two to the power of 40 points, in a row from (0, 1, 2) on: each level holds the one below twice, itself and
+// beside it.
+TEST_F(EntExtents, BlocksThatDoubleOnEveryLevelAreMeasured)
+{
+    AcDbObjectId block = addBlock(L"level");
+    add(new AcDbPoint(AcGePoint3d(0, 1, 2)), block);
+    double width = 1.0;
+    for (int level = 1; level <= 40; ++level, width *= 2.0) {
+        CString name;
+        name.Format(L"level%d", level);
+        const AcDbObjectId outer = addBlock(name);
+        for (const double x : {0.0, width})
+            add(new AcDbBlockReference(AcGePoint3d(x, 0, 0), block), outer);
+        block = outer;
+    }
+    const AcDbObjectId id = add(new AcDbBlockReference(AcGePoint3d::kOrigin, block));
+    AcDbExtents own;
+    EXPECT_EQ(CFamStuEnt::GetEntExtents(own, id), Acad::eOk);
+    for (const AcDbExtents& box : {own, contentsOf(id)})
+        expectBox(box, {0, 1, 2}, {width - 1.0, 1, 2});
+}
+
 TEST_F(EntExtents, EndlessContentsHaveNone)
 {
     const AcDbObjectId block = addBlock(L"endless");
