@@ -109,9 +109,10 @@ public:
     /// A filled triangle in the plane of the points, at any heights; points in line make one without area.
     static int MakeSolid(const AcGePoint3d& p1, const AcGePoint3d& p2, const AcGePoint3d& p3,
                          AcDbObjectId& id);
-    /// Fills the inside of a closed planar curve of the drawing with triangles and appends their ids. Arcs
-    /// count as chords no further from them than a thousandth of the figure's size. 0 for what is no such
-    /// curve and for one that crosses or touches itself.
+    /// Fills the inside of a closed planar curve, of any block or drawing, with triangles where its
+    /// coordinates lie in the world, and appends their ids. Arcs count as chords no further from them than a
+    /// thousandth of the figure's size. 0 for what is no such curve and for one that crosses or touches
+    /// itself.
     static int MakeSolid(AcDbObjectId id, AcCmColor color, AcDbObjectIdArray& ids);
 
     // Texts. Heights are those of capital letters; rotations are radians from the user's X axis. What a text
@@ -167,9 +168,10 @@ public:
     /// The same over one entity, in a colour.
     static int MakeHatch(AcDbObjectId boundary, CGTStringW pattern, double scale, double angle,
                          AcCmColor color, AcDbObjectId& id);
-    /// Makes the outlines of a hatch anew where its loops lie, as entities with the current properties, and
-    /// appends their ids. `asRegions` 0: a closed polyline for each loop of lines and arcs, and for other
-    /// loops the curve of each edge; else one region for each loop. 0 for what is no hatch or has no loops.
+    /// Makes the outlines of a hatch, of any block or drawing, anew where its coordinates lie in the world,
+    /// as entities with the current properties, and appends their ids. `asRegions` 0: a closed polyline for
+    /// each loop of lines and arcs, and for other loops the curve of each edge; else one region for each
+    /// loop. 0 for what is no hatch or has no loops.
     static int MakeHatchBoundary(AcDbObjectId hatch, AcDbObjectIdArray& ids, int asRegions = 0);
     /// A new region, which is not added: the caller owns it, and it lies in the world where the points are in
     /// the user coordinate system. They are the corners of a polygon, the last may repeat the first. Null

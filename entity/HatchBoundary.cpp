@@ -110,7 +110,7 @@ public:
         if (!m_seen.insert(id).second) return true;
         const AcDbEntityPointer entity(id, AcDb::kForRead);
         if (!isOpen(entity, L"CArxEntity::CMakeEnt::MakeHatch") || entity->blockId() != m_space) return false;
-        m_plane.add(*entity.object());
+        if (!isText(id)) m_plane.add(*entity.object());
         AcGePoint3d start, end;
         const Ends ends = endsOf(*entity.object(), start, end);
         if (ends == Ends::apart) m_chains.add(id, start, end);

@@ -111,6 +111,7 @@ public:
         std::vector<int> signs;
         for (std::size_t i = 0; i < mLoops.size(); ++i)
             signs.push_back(signOf(i));
+        if (std::none_of(mLoops.begin(), mLoops.end(), isTextFrame)) return signs;
         const std::vector<int> alone = signs;
         for (std::size_t i = 0; i < mLoops.size(); ++i)
             if (depthOf(i,

@@ -163,7 +163,7 @@ TEST_F(MakeBoundaryBySet, BadSetsAndPointsAddNothing)
     const auto set = listOf({rectangle(0, 0, 10, 10)});
     AcDbObjectIdArray ids;
     AcDbObjectId id;
-    const AcGePoint3d points[] = {{50, 50, 0}, {kNan, 0, 0}, {0, 0, kInf}};
+    const AcGePoint3d points[] = {{50, 50, 0}, {10, 5, 0}, {kNan, 0, 0}, {-kInf, 0, 0}, {0, 0, kInf}};
     for (const AcGePoint3d& pt : points)
         for (const int asRegions : {0, 1}) {
             EXPECT_EQ(

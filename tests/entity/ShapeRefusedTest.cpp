@@ -219,12 +219,15 @@ TEST_F(ShapeRefusedTest, EntitiesOfOtherPlacesAreNotHatched)
         record->close();
     }
     addTo(block, inBlock);
+    AcDbObjectIdArray filled;
     for (const auto& [name, id] : {std::pair(" of another drawing", foreign),
                                    std::pair(" of a sheet", onSheet), std::pair(" of a block", inBlock)}) {
         std::vector<Refused> hatches = areasOf(id);
-        hatches.pop_back(); // a curve may be anywhere: only its shape counts
+        hatches.pop_back();
         expectRefused(hatches, name);
+        EXPECT_EQ(CMakeEnt::MakeSolid(id, AcCmColor(), filled), 1) << "only its shape counts";
     }
+    EXPECT_GT(filled.length(), 3);
 }
 
 TEST_F(ShapeRefusedTest, CurvesWithoutInsideAreNotFilled)

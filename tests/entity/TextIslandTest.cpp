@@ -75,7 +75,7 @@ TEST_F(TextIslandTest, FramesOutsideOfWhatIsFilledStayEmpty)
 {
     AcDbObjectId around, beside, within, made;
     ASSERT_EQ(CMakeEnt::MakeCircle({30, 22, 0}, 20.0, around), 1); // an island with the text in it
-    ASSERT_EQ(CMakeEnt::MakeText({200, 20, 0}, L"BESIDE", beside, 5.0), 1);
+    ASSERT_EQ(CMakeEnt::MakeText({200, 20, 5}, L"BESIDE", beside, 5.0), 1);
     ASSERT_EQ(CMakeEnt::MakeCircle({61, 38, 0}, 0.01, within), 1); // in the frame of the paragraph
     AcDbObjectIdArray ids;
     for (const AcDbObjectId& id : {beside, within, m_text, around, m_frame, m_paragraph})
