@@ -6,6 +6,7 @@
 #include "dbsymtb.h"
 #include "NewEntity.h"
 #include "OpenReport.h"
+#include "Transaction.h"
 
 #include <memory>
 
@@ -13,6 +14,8 @@ namespace entity
 {
 namespace
 {
+constexpr const wchar_t* member = L"CArxEntity::CMakeEnt::MakeBoundary";
+
 /// The entities of the current space that are younger than a moment.
 class YoungerEntities
 {
@@ -40,7 +43,7 @@ private:
     {
         AcDbBlockTableRecordIterator* entities = nullptr;
         const AcDbObjectPointer<AcDbBlockTableRecord> space(m_space, AcDb::kForRead);
-        if (isOpen(space, L"CArxEntity::CMakeEnt::MakeBoundary")) space->newIterator(entities, fromFirst);
+        if (isOpen(space, member)) space->newIterator(entities, fromFirst);
         return std::unique_ptr<AcDbBlockTableRecordIterator>(entities);
     }
 
@@ -58,10 +61,13 @@ AcDbObjectIdArray boundaryBySet(const AcGePoint3d& pt, const ads_name candidates
     const YoungerEntities made(database->currentSpaceId());
     const ads_point seed = {pt.x, pt.y, pt.z};
     // Advanced options: the set, islands, the kind of outline; Enter ends them, and one more the command.
-    acedCommandS(RTSTR, L"_.-BOUNDARY", RTSTR, L"_Advanced", RTSTR, L"_Boundary", RTSTR, L"_New", RTPICKS,
-                 candidates, RTSTR, L"", RTSTR, L"_Island", RTSTR, islands ? L"_Yes" : L"_No", RTSTR,
-                 L"_Object", RTSTR, asRegions ? L"_Region" : L"_Polyline", RTSTR, L"", RT3DPOINT, seed, RTSTR,
-                 L"", RTNONE);
-    return made.ids();
+    const int result = acedCommandS(
+        RTSTR, L"_.-BOUNDARY", RTSTR, L"_Advanced", RTSTR, L"_Boundary", RTSTR, L"_New", RTPICKS, candidates,
+        RTSTR, L"", RTSTR, L"_Island", RTSTR, islands ? L"_Yes" : L"_No", RTSTR, L"_Object", RTSTR,
+        asRegions ? L"_Region" : L"_Polyline", RTSTR, L"", RT3DPOINT, seed, RTSTR, L"", RTNONE);
+    const AcDbObjectIdArray ids = made.ids();
+    if (result == RTNORM) return ids;
+    eraseAll(ids, member);
+    return {};
 }
 } // namespace entity

@@ -4,7 +4,6 @@
 
 #include "acedads.h"
 #include "BoundaryBySet.h"
-#include "dbapserv.h"
 #include "dbcurve.h"
 #include "dbobjptr.h"
 #include "NewEntity.h"
@@ -76,21 +75,12 @@ Regions copiesOf(const AcDbObjectIdArray& ids)
     return copies;
 }
 
-bool eraseAll(const AcDbObjectIdArray& ids)
-{
-    entity::Transaction changes(*acdbHostApplicationServices()->workingDatabase());
-    for (const AcDbObjectId& id : ids) {
-        AcDbEntity* const entity = changes.open(id, member);
-        if (!entity || entity->erase() != Acad::eOk) return false;
-    }
-    return changes.keep();
-}
-
 /// Puts the area of regions of the drawing in their place; what is no region is erased all the same.
 int mergeInDrawing(const AcDbObjectIdArray& ids, AcDbObjectId& merged)
 {
     Regions copies = copiesOf(ids);
-    return eraseAll(ids) ? entity::addInWorld(entity::areaByTurns(std::move(copies)), merged) : 0;
+    return entity::eraseAll(ids, member) ? entity::addInWorld(entity::areaByTurns(std::move(copies)), merged)
+                                         : 0;
 }
 } // namespace
 

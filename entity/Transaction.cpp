@@ -28,4 +28,15 @@ bool Transaction::keep()
     m_isActive = m_manager.endTransaction() != Acad::eOk;
     return !m_isActive;
 }
+
+bool eraseAll(const AcDbObjectIdArray& ids, const wchar_t* member)
+{
+    if (ids.isEmpty()) return true;
+    Transaction changes(*ids.first().database());
+    for (const AcDbObjectId& id : ids) {
+        AcDbEntity* const entity = changes.open(id, member);
+        if (!entity || entity->erase() != Acad::eOk) return false;
+    }
+    return changes.keep();
+}
 } // namespace entity

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dbentity.h"
+#include "dbidar.h"
 #include "dbtrans.h"
 
 namespace entity
@@ -25,4 +26,8 @@ private:
     AcDbTransactionManager& m_manager;
     bool m_isActive = true;
 };
+
+/// Erases entities of one drawing together, on locked layers too. False, and all of them stay, when one
+/// cannot be opened, which is reported under the name of a member.
+bool eraseAll(const AcDbObjectIdArray& ids, const wchar_t* member);
 } // namespace entity
