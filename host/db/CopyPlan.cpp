@@ -1,11 +1,14 @@
 /// What is copied: an object with what it owns, and what it cannot be without.
 
 #include "BlockAccess.h"
+#include "CloneFilers.h"
 #include "CopySession.h"
 #include "dbblkref.h"
 #include "dblayout.h"
 #include "DbObjectAccess.h"
 #include "DictionaryAccess.h"
+#include "DxfKept.h"
+#include "ObjectFiling.h"
 #include "SymbolTableAccess.h"
 
 namespace
@@ -130,14 +133,29 @@ Acad::ErrorStatus CopySession::plan()
     return mStatus;
 }
 
+std::vector<CopyReference> CopySession::writeOriginal(Planned& one)
+{
+    ReferenceSink sink(*one.original, mFrom);
+    if (filing::isOfModule(*one.original)) {
+        NotingFiler filer(mFrom, mTo);
+        dxfWriteAttached(*one.original, sink);
+        one.original->dwgOutFields(&filer);
+        if (filer.filerStatus() != Acad::eOk) fail(filer.filerStatus());
+        one.filed = filer.take();
+        sink.references.insert(sink.references.end(), filer.references.begin(), filer.references.end());
+    } else {
+        dxfWriteRecord(*one.original, sink);
+    }
+    one.groups = std::move(sink.groups);
+    return std::move(sink.references);
+}
+
 void CopySession::expand(std::size_t index)
 {
     AcDbObject& original = *mPlanned[index].original;
-    ReferenceSink sink(original, mFrom);
-    dxfWriteRecord(original, sink);
-    mPlanned[index].groups = std::move(sink.groups);
+    const std::vector<CopyReference> references = writeOriginal(mPlanned[index]);
     addParts(original, mPlanned[index].copy);
-    for (const CopyReference& reference : sink.references)
+    for (const CopyReference& reference : references)
         follow(reference, index);
     const auto* layout = AcDbLayout::cast(&original);
     auto* space = layout ? AcDbBlockTableRecord::cast(residentObject(layout->getBlockTableRecordId())) : nullptr;

@@ -1,6 +1,7 @@
 #include "CopySession.h"
 
 #include "BlockAccess.h"
+#include "CloneFilers.h"
 #include "dbdatabase.h"
 #include "dblayout.h"
 #include "dbproxy.h"
@@ -8,11 +9,14 @@
 #include "dbsortentstbl.h"
 #include "DictionaryAccess.h"
 #include "LayoutAccess.h"
+#include "ObjectFiling.h"
 #include "ObjectNotices.h"
 #include "SymbolTableAccess.h"
+#include "UndoRecording.h"
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace
 {
@@ -25,7 +29,9 @@ std::unique_ptr<AcDbObject> makeLike(const AcDbObject& original)
 
 void eraseStub(AcDbObjectId id)
 {
-    if (AcDbStub* stub = id) stub->erased = true;
+    if (id.isNull()) return;
+    undo::willErase(id);
+    static_cast<AcDbStub*>(id)->erased = true;
 }
 
 /// What is left of a dictionary or extension dictionary whose place another one takes.
@@ -90,8 +96,10 @@ void CopySession::carryOut()
 {
     copyClasses();
     eraseReplaced();
+    mMap.mRunning = this;
     for (Planned& one : mPlanned)
-        read(one);
+        make(one);
+    mMap.mRunning = nullptr;
     for (const Planned& one : mPlanned)
         finish(one);
     close();
@@ -103,12 +111,38 @@ void CopySession::eraseReplaced()
         mOpened[id]->erase();
 }
 
+/// Objects of modules are asked, since their class may do more than the filing says.
+void CopySession::make(Planned& one)
+{
+    if (one.place == Place::replaced || !filing::isOfModule(*one.original)) return read(one);
+    AcDbIdPair pair(one.original->objectId(), AcDbObjectId(), false);
+    mMap.compute(pair);
+    AcDbObject* const owner = residentObject(one.owner);
+    AcDbObject* copy = nullptr;
+    mAsked = &one;
+    if (&mFrom == &mTo) {
+        one.original->subDeepClone(owner, copy, mMap, pair.isPrimary());
+    } else {
+        one.original->subWblockClone(owner, copy, mMap, pair.isPrimary());
+    }
+    mAsked = nullptr;
+    if (!residentObject(one.copy)) mMap.del(one.original->objectId());
+}
+
+Acad::ErrorStatus CopySession::makeCopy(const AcDbObject& original, AcDbObject*& copy, AcDbIdMapping& map)
+{
+    copy = nullptr;
+    Planned* const asked = map.mRunning ? std::exchange(map.mRunning->mAsked, nullptr) : nullptr;
+    if (!asked || asked->original != &original) return Acad::eInvalidContext;
+    map.mRunning->read(*asked);
+    copy = residentObject(asked->copy);
+    return Acad::eOk;
+}
+
 void CopySession::read(Planned& one)
 {
     std::unique_ptr<AcDbObject> copy = makeLike(*one.original);
-    CopySource source(one.groups, *one.original, mFrom, mTo, *this);
-    dxfRead(*copy, source);
-    one.groups = PackedGroups();
+    readContents(one, *copy);
     if (auto* layout = AcDbLayout::cast(copy.get())) layout->setLayoutName(one.name);
     auto* record = AcDbSymbolTableRecord::cast(copy.get());
     if (record) SymbolTableAccess::setName(*record, one.name);
@@ -116,6 +150,19 @@ void CopySession::read(Planned& one)
     AcDbObject* made = copy.release();
     DbObjectAccess::makeResident(*made, *static_cast<AcDbStub*>(one.copy), one.owner);
     settle(one, made);
+}
+
+void CopySession::readContents(Planned& one, AcDbObject& copy)
+{
+    CopySource source(one.groups, *one.original, mFrom, mTo, *this);
+    if (filing::isOfModule(copy)) {
+        dxfReadSections(copy, source);
+        TranslatingFiler filer(std::move(one.filed), mFrom, mTo, *this);
+        copy.dwgInFields(&filer);
+    } else {
+        dxfRead(copy, source);
+    }
+    one.groups = PackedGroups();
 }
 
 /// Lists a copy where it goes.
@@ -147,7 +194,7 @@ void CopySession::takeState(AcDbObject& existing, AcDbObject& fresh)
         eraseStub(BlockAccess::begin(*block));
         eraseStub(BlockAccess::end(*block));
     } else {
-        DbObjectAccess::assignState(existing, fresh);
+        filing::assign(existing, fresh);
     }
     DbObjectExtras& to = DbObjectAccess::needExtras(existing);
     DbObjectExtras& from = DbObjectAccess::needExtras(fresh);
@@ -158,6 +205,7 @@ void CopySession::takeState(AcDbObject& existing, AcDbObject& fresh)
 
 void CopySession::finish(const Planned& one)
 {
+    if (!residentObject(one.copy)) return; // its class made none
     AcDbObject& copy = *residentObject(one.copy);
     if (auto* entity = AcDbEntity::cast(&copy)) finishEntity(*entity, static_cast<AcDbEntity&>(*one.original));
     if (auto* block = AcDbBlockTableRecord::cast(&copy)) finishBlock(*block, one);

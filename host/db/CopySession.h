@@ -57,6 +57,8 @@ public:
     Acad::ErrorStatus plan();
     /// Makes the copies; plan() comes before it.
     void carryOut();
+    /// The copy that a class is asked for. eInvalidContext when it is not this object's turn.
+    static Acad::ErrorStatus makeCopy(const AcDbObject& original, AcDbObject*& copy, AcDbIdMapping& map);
     /// Takes what was noted out of the map again.
     void giveUp();
 
@@ -73,6 +75,7 @@ protected:
         CString name;      ///< of records and entries
         PackedGroups groups;
         Place place;
+        std::string filed = {}; ///< by an object of a module's class; its groups hold what is attached to it
         bool isEmptied = false; ///< a dictionary that is there for the sake of one entry
     };
 
@@ -98,6 +101,7 @@ protected:
 private:
     // CopyPlan.cpp
     void expand(std::size_t index);
+    std::vector<CopyReference> writeOriginal(Planned& one);
     void addParts(AcDbObject& original, AcDbObjectId copy);
     void addPart(AcDbObjectId part, AcDbObjectId owner, Place place = Place::owned);
     void follow(const CopyReference& reference, std::size_t from);
@@ -121,7 +125,9 @@ private:
 
     // CopySession.cpp
     void eraseReplaced();
+    void make(Planned& one);
     void read(Planned& one);
+    void readContents(Planned& one, AcDbObject& copy);
     void settle(const Planned& one, AcDbObject* read);
     void takeState(AcDbObject& existing, AcDbObject& fresh);
     void finish(const Planned& one);
@@ -135,6 +141,7 @@ private:
     std::size_t mFirstPair;
     AcDb::DuplicateRecordCloning mDuplicates;
     std::size_t mExpanded = 0;
+    Planned* mAsked = nullptr; ///< what a class is asked to copy
     std::map<std::pair<AcDbObjectId, CString>, AcDbObjectId> mGiven; ///< what new names will stand for, in lower case
     std::map<std::pair<AcDbObjectId, CString>, int> mNextNumbers;   ///< by the form of the name
     std::unordered_map<AcDbObjectId, CString> mNames;              ///< of what is new

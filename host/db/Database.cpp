@@ -8,6 +8,7 @@
 #include "DbObjectAccess.h"
 #include "DefaultDrawing.h"
 #include "DefaultLayouts.h"
+#include "DrawingEvents.h"
 #include "NamedObjects.h"
 #include "ObjectNotices.h"
 #include "dbblock.h"
@@ -61,13 +62,16 @@ AcDbDatabase::AcDbDatabase(bool buildDefaultDrawing, bool) : mState(std::make_un
     addTables(*this, *mState);
     addFirstRecords(*this, *mState);
     mState->namedObjects = addNamedObjects(*this);
-    if (!buildDefaultDrawing) return;
-    addDefaultContents(*this);
-    addMissingLayouts(*this);
+    if (buildDefaultDrawing) {
+        addDefaultContents(*this);
+        addMissingLayouts(*this);
+    }
+    events::tell([&](AcRxEventReactor& reactor) { reactor.databaseConstructed(this); });
 }
 
 AcDbDatabase::~AcDbDatabase()
 {
+    events::tell([&](AcRxEventReactor& reactor) { reactor.databaseToBeDestroyed(this); });
     notices::goodbye(*this);
 }
 

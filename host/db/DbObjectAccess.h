@@ -45,6 +45,31 @@ struct DbObjectAccess {
         AcDbObject& mObject;
     };
 
+    /// The object takes contents without being opened: the gate of its setters is open and silent while this lives.
+    class Filling
+    {
+    public:
+        explicit Filling(AcDbObject& object)
+            : mObject(object), mOpenForWrite(object.mOpenForWrite), mModified(object.mModified),
+              mModifiedGraphics(object.mModifiedGraphics), mIsStateKept(object.mIsStateKept)
+        {
+            object.mOpenForWrite = object.mModified = object.mIsStateKept = true;
+        }
+        ~Filling()
+        {
+            mObject.mOpenForWrite = mOpenForWrite;
+            mObject.mModified = mModified;
+            mObject.mModifiedGraphics = mModifiedGraphics;
+            mObject.mIsStateKept = mIsStateKept;
+        }
+        Filling(const Filling&) = delete;
+        Filling& operator=(const Filling&) = delete;
+
+    private:
+        AcDbObject& mObject;
+        bool mOpenForWrite, mModified, mModifiedGraphics, mIsStateKept;
+    };
+
     // Transactions.
 
     static void enterTransaction(AcDbObject& object) { object.mInTransaction = true; }

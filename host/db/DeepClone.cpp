@@ -106,6 +106,16 @@ struct OneCopy {
     }
 };
 
+Acad::ErrorStatus AcDbObject::subDeepClone(AcDbObject*, AcDbObject*& copy, AcDbIdMapping& map, bool) const
+{
+    return CopySession::makeCopy(*this, copy, map);
+}
+
+Acad::ErrorStatus AcDbObject::subWblockClone(AcRxObject*, AcDbObject*& copy, AcDbIdMapping& map, bool) const
+{
+    return CopySession::makeCopy(*this, copy, map);
+}
+
 Acad::ErrorStatus AcDbObject::deepClone(AcDbObject* owner, AcDbObject*& copy, AcDbIdMapping& map, bool) const
 {
     copy = nullptr;

@@ -154,10 +154,23 @@ Acad::ErrorStatus AcDbDictionary::adopt(AcDbObject& object, AcDbObjectId& id)
     return status;
 }
 
-Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id)
+namespace
+{
+/// Entries that are asked for as "*" get a free name of the form "*A1": groups without a name are added so.
+CString nameFor(const AcDbDictionary& dictionary, const CString& asked)
+{
+    CString name = asked;
+    for (int number = 1; asked == L"*" && (name == asked || dictionary.has(name)); ++number)
+        name.Format(L"*A%d", number);
+    return name;
+}
+} // namespace
+
+Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* asked, AcDbObject* object, AcDbObjectId& id)
 {
     id.setNull();
-    if (!name || !*name) return Acad::eInvalidKey;
+    if (!asked || !*asked) return Acad::eInvalidKey;
+    const CString name = nameFor(*this, asked);
     if (!object) return Acad::eNullObjectPointer;
     if (!database()) return Acad::eNotInDatabase;
     if (object->database() && object->database() != database()) return Acad::eWrongDatabase;

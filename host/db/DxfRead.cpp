@@ -275,6 +275,13 @@ void dxfWriteBody(const AcDbObject& object, DxfSink& sink) { writeBody(object, o
 
 void dxfWriteRecord(const AcDbObject& object, DxfSink& sink) { dxfWriteRecord(object, object.ownerId(), sink); }
 
+void dxfWriteAttached(const AcDbObject& object, DxfSink& sink)
+{
+    dxfWriteFrame(object, sink);
+    writeKeptGroups(object, nullptr, sink);
+    if (const DbObjectExtras* extras = DbObjectAccess::extras(object)) writeXData(*extras, sink);
+}
+
 void dxfWriteRecord(const AcDbObject& object, AcDbObjectId namedOwner, DxfSink& sink)
 {
     sink.text(0, object.dxfRecordName());

@@ -18,6 +18,8 @@ Kind referenceKindOf(int code)
     if ((code >= 340 && code < 350) || (code >= 390 && code < 400)) return hardPointer;
     return softPointer;
 }
+
+bool isReference(int code) { return (code >= 330 && code < 370) || (code >= 390 && code < 400); }
 } // namespace
 
 void FilerSink::begin(int code, int kind)
@@ -58,6 +60,10 @@ void FilerSink::binary(int code, std::string_view value)
 
 void FilerSink::rawHandle(int code, std::uint64_t value)
 {
+    AcDbDatabase* const database = mFiler.database();
+    const bool isLookedUp = database && value && isReference(code);
+    AcDbStub* const stub = isLookedUp ? DatabaseAccess::of(*database).stubs.find(value) : nullptr;
+    if (stub) return handle(code, stub);
     begin(code, handleNumber);
     mFiler.writeUInt64(value);
 }

@@ -25,7 +25,7 @@ void tellErased(AcDbStub& stub, bool wasErased)
 } // namespace
 
 ObjectEdit::ObjectEdit(const AcDbObject& object)
-    : mStub(object.objectId()), mCopy(filing::copyOf(object)), mOwner(object.ownerId()),
+    : mStub(object.objectId()), mCopy(filing::copyOf(object, AcDb::kUndoFiler)), mOwner(object.ownerId()),
       mIsErased(object.isErased())
 {
     if (!mCopy) {
@@ -41,7 +41,7 @@ void ObjectEdit::put(AcDbObject& object)
     if (mIsPropertiesOnly) {
         EntityAccess::takeProperties(static_cast<AcDbEntity&>(object), static_cast<AcDbEntity&>(*mCopy));
     } else if (mCopy) {
-        filing::assign(object, *mCopy);
+        filing::assign(object, *mCopy, AcDb::kUndoFiler);
     }
     AttachedData* attached = DbObjectAccess::extras(object);
     if (!attached && mAttached) attached = &DbObjectAccess::needExtras(object);

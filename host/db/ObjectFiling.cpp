@@ -4,6 +4,7 @@
 #include "DbObjectAccess.h"
 #include "DxfFields.h"
 #include "DxfFiler.h"
+#include "EntityAccess.h"
 #include "FilerGroups.h"
 
 Acad::ErrorStatus AcDbObject::dwgOutFields(AcDbDwgFiler* filer) const
@@ -48,29 +49,42 @@ namespace filing
 {
 namespace
 {
-void passOn(const AcDbObject& from, AcDbObject& to)
+void passOn(const AcDbObject& from, AcDbObject& to, AcDb::FilerType type)
 {
-    CopyFiler filer(from.database());
+    CopyFiler filer(from.database() ? from.database() : to.database(), type);
     from.dwgOutFields(&filer);
     filer.seek(0, AcDb::kSeekFromStart);
+    const DbObjectAccess::Filling filling(to);
     to.dwgInFields(&filer);
+}
+/// As a new object is: what is read next leaves out what it has then.
+void reset(AcDbObject& object)
+{
+    const std::unique_ptr<AcDbObject> fresh(static_cast<AcDbObject*>(object.isA()->create()));
+    if (!fresh) return;
+    DbObjectAccess::assignState(object, *fresh);
+    if (auto* entity = AcDbEntity::cast(&object))
+        EntityAccess::takeProperties(*entity, static_cast<const AcDbEntity&>(*fresh));
 }
 } // namespace
 
-std::unique_ptr<AcDbObject> copyOf(const AcDbObject& object)
+bool isOfModule(const AcDbObject& object) { return !object.isA()->isBuiltIn(); }
+
+std::unique_ptr<AcDbObject> copyOf(const AcDbObject& object, AcDb::FilerType type)
 {
-    if (object.isA()->isBuiltIn()) return std::unique_ptr<AcDbObject>(DbObjectAccess::newCopy(object));
+    if (!isOfModule(object)) return std::unique_ptr<AcDbObject>(DbObjectAccess::newCopy(object));
     std::unique_ptr<AcDbObject> copy(static_cast<AcDbObject*>(object.isA()->create()));
-    if (copy) passOn(object, *copy);
+    if (copy) passOn(object, *copy, type);
     return copy;
 }
 
-void assign(AcDbObject& to, const AcDbObject& from)
+void assign(AcDbObject& to, const AcDbObject& from, AcDb::FilerType type)
 {
-    if (to.isA()->isBuiltIn()) {
-        DbObjectAccess::assignState(to, from);
+    if (isOfModule(to)) {
+        reset(to);
+        passOn(from, to, type);
     } else {
-        passOn(from, to);
+        DbObjectAccess::assignState(to, from);
     }
 }
 } // namespace filing

@@ -51,7 +51,9 @@ public:
     /// `allowCPConversion` and `password` have no meaning for DXF files.
     Acad::ErrorStatus readDwgFile(const ACHAR* fileName, OpenMode mode = kForReadAndAllShare,
                                   bool allowCPConversion = false, const wchar_t* password = nullptr);
-    /// The same; what was repaired is written into a text file, a line each.
+    /// Ends the reading of the file, which readDwgFile has done whole already. eOk.
+    Acad::ErrorStatus closeInput(bool /*closeFile*/ = true) { return Acad::eOk; }
+    /// As readDwgFile; what was repaired is written into a text file, a line each.
     Acad::ErrorStatus dxfIn(const ACHAR* fileName, const ACHAR* logFileName = nullptr);
     /// Writes the drawing as an ASCII DXF file of a version from R2000 on (eInvalidDwgVersion before). The new file is
     /// there whole, or the old one is what it was: eFileAccessErr, eFileNotFound (its folder), eOutOfDisk,

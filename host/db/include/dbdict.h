@@ -75,9 +75,10 @@ public:
 
     /// Puts an object under a name, in place of an object of that name, which is erased. A new object becomes one of
     /// the drawing, owned by the dictionary, and stays open for write; one of the drawing must be open for write, and
-    /// its owner becomes the dictionary. The dictionary becomes a persistent reactor of the object. eInvalidKey for an
-    /// empty name, eNullObjectPointer, eWrongDatabase, eNotInDatabase for a dictionary that is in no drawing,
-    /// eNotOpenForWrite; the status of the old object when it cannot be erased. Nothing is changed then.
+    /// its owner becomes the dictionary. The dictionary becomes a persistent reactor of the object. The name "*" asks for
+    /// a free one of the form "*A1". eInvalidKey for an empty name, eNullObjectPointer, eWrongDatabase, eNotInDatabase
+    /// for a dictionary that is in no drawing, eNotOpenForWrite; the status of the old object when it cannot be erased.
+    /// Nothing is changed then.
     Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
     /// Takes an entry out; its object is not erased and still names the dictionary as its owner. eKeyNotFound.
     Acad::ErrorStatus remove(const ACHAR* name);

@@ -97,6 +97,7 @@ private:
     AcDbDatabase* mOrigin = nullptr;
     AcDb::DeepCloneType mContext = AcDb::kDcCopy;
     AcDb::DuplicateRecordCloning mDuplicates = AcDb::kDrcNotApplicable;
+    CopySession* mRunning = nullptr;       ///< that makes copies now
     std::unique_ptr<CopySession> mPending; ///< what was planned and waits for its translation
 };
 

@@ -154,6 +154,16 @@ public:
     /// AcDbDatabase::wblockCloneObjects. `copy` is null when the other drawing's own object of the name is taken.
     Acad::ErrorStatus wblockClone(AcRxObject* owner, AcDbObject*& copy, AcDbIdMapping& map, bool isPrimary = true) const;
 
+    // The copy of this object while some are copied, within a drawing and between two. A module's class overrides them to
+    // do more than its filing says: it calls its base's, and finds the copy open for write, with its references exchanged;
+    // copies of other objects may not be there yet. An override that makes none leaves the object out. `isPrimary` is
+    // true for what the caller named. The base's have no copy for callers outside of a copying: eInvalidContext.
+
+    virtual Acad::ErrorStatus subDeepClone(AcDbObject* owner, AcDbObject*& copy, AcDbIdMapping& map,
+                                           bool isPrimary = true) const;
+    virtual Acad::ErrorStatus subWblockClone(AcRxObject* owner, AcDbObject*& copy, AcDbIdMapping& map,
+                                             bool isPrimary = true) const;
+
     // Notifications to the object itself; overrides call the base.
 
     /// Told of each open and close; what they return is not looked at.

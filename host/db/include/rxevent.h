@@ -17,6 +17,10 @@ class AcGePoint3d;
 class AcRxEventReactor : public AcRxObject
 {
 public:
+    /// A drawing has been made; it is about to go.
+    virtual void databaseConstructed(AcDbDatabase*) {}
+    virtual void databaseToBeDestroyed(AcDbDatabase*) {}
+
     // Every copying of objects, also by the functions below.
 
     virtual void beginDeepClone(AcDbDatabase* /*to*/, AcDbIdMapping&) {}

@@ -66,6 +66,14 @@ TEST_F(Dictionary, FindsNamesWithoutCaseAndKeepsThemAsGiven)
     EXPECT_EQ(mDictionary->getAt(nullptr, found), Acad::eKeyNotFound);
 }
 
+TEST_F(Dictionary, EntriesWithoutANameGetTheFirstFreeOne)
+{
+    put(L"*a2");
+    const AcDbObjectId first = put(L"*"), third = put(L"*");
+    EXPECT_EQ(names(AcDb::kDictCollated), L"*a2 *A1 *A3 ");
+    EXPECT_FALSE(first.isErased() || third.isErased());
+}
+
 TEST_F(Dictionary, OwnsWhatIsPutIntoIt)
 {
     const AcDbObjectId id = put(L"A");
