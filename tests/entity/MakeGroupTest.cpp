@@ -60,16 +60,8 @@ TEST_F(MakeGroup, OnlyAnonymousGroupsAreDissolved)
 TEST_F(MakeGroup, EntitiesInsideOfBlocksCannotBeGrouped)
 {
     AcDbObjectIdArray ids = twoLines();
-    const AcDbBlockTablePointer table(database(), AcDb::kForWrite);
-    auto* const block = new AcDbBlockTableRecord;
-    block->setName(L"DOOR");
-    AcDbObjectId blockId, inside, group;
-    ASSERT_EQ(table->add(blockId, block), Acad::eOk);
-    auto* const line = new AcDbLine({0, 0, 0}, {1, 1, 0});
-    ASSERT_EQ(block->appendAcDbEntity(inside, line), Acad::eOk);
-    line->close();
-    block->close();
-    ids.append(inside);
+    AcDbObjectId group;
+    ids.append(add(new AcDbLine({0, 0, 0}, {1, 1, 0}), addBlock(L"DOOR")));
     EXPECT_EQ(CMakeEnt::MakeNoNameGroup(ids, group), 0);
     EXPECT_EQ(CMakeEnt::MakeGroup(L"PAIR", ids, group), 0);
     EXPECT_TRUE(group.isNull());

@@ -120,17 +120,8 @@ TEST_F(CopyText, DataGoesAlongAndGroupsDoNot)
 
 TEST_F(CopyText, CopyLiesInTheBlockOfItsOriginal)
 {
-    AcDbObjectId block, source, copy;
-    {
-        const AcDbBlockTablePointer table(database(), AcDb::kForWrite);
-        auto* const record = new AcDbBlockTableRecord;
-        record->setName(L"LABEL");
-        ASSERT_EQ(table->add(block, record), Acad::eOk);
-        auto* const text = new AcDbText({1, 2, 0}, L"one");
-        ASSERT_EQ(record->appendAcDbEntity(source, text), Acad::eOk);
-        text->close();
-        record->close();
-    }
+    AcDbObjectId copy;
+    const AcDbObjectId block = addBlock(L"LABEL"), source = add(new AcDbText({1, 2, 0}, L"one"), block);
     ASSERT_EQ(CMakeEnt::CopyText(source, L"two", copy), 1);
     EXPECT_EQ(Open<AcDbText>(copy)->ownerId(), block);
     EXPECT_EQ(entityCount(), 0);

@@ -201,24 +201,11 @@ TEST_F(ShapeRefusedTest, IdsOfNothingAndOfOtherClassesAreRefused)
 TEST_F(ShapeRefusedTest, EntitiesOfOtherPlacesAreNotHatched)
 {
     AcDbDatabase other;
-    AcDbObjectId foreign, inBlock, onSheet;
-    const auto addTo = [](AcDbObjectId block, AcDbObjectId& id) {
-        const Open<AcDbBlockTableRecord> record(block, AcDb::kForWrite);
-        auto* const circle = new AcDbCircle({1, 2, 3}, AcGeVector3d::kZAxis, 3.0);
-        ASSERT_EQ(record->appendAcDbEntity(id, circle), Acad::eOk);
-        circle->close();
+    const auto circleIn = [](AcDbObjectId block) {
+        return add(new AcDbCircle({1, 2, 3}, AcGeVector3d::kZAxis, 3.0), block);
     };
-    addTo(other.modelSpaceId(), foreign);
-    addTo(acdbSymUtil()->blockPaperSpaceId(database()), onSheet);
-    AcDbObjectId block;
-    {
-        const AcDbBlockTablePointer table(database(), AcDb::kForWrite);
-        auto* const record = new AcDbBlockTableRecord;
-        record->setName(L"PART");
-        ASSERT_EQ(table->add(block, record), Acad::eOk);
-        record->close();
-    }
-    addTo(block, inBlock);
+    const AcDbObjectId foreign = circleIn(other.modelSpaceId()), inBlock = circleIn(addBlock(L"PART"));
+    const AcDbObjectId onSheet = circleIn(acdbSymUtil()->blockPaperSpaceId(database()));
     AcDbObjectIdArray filled;
     for (const auto& [name, id] : {std::pair(" of another drawing", foreign),
                                    std::pair(" of a sheet", onSheet), std::pair(" of a block", inBlock)}) {

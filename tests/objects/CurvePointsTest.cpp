@@ -30,7 +30,8 @@ AcDbPolyline* square(bool closed)
 {
     auto* const polyline = new AcDbPolyline;
     const double corners[][2] = {{0, 0}, {4, 0}, {4, 3}, {0, 3}};
-    for (unsigned i = 0; i < 4; ++i) polyline->addVertexAt(i, AcGePoint2d(corners[i][0], corners[i][1]), i == 1 ? 1.0 : 0.0);
+    for (unsigned i = 0; i < 4; ++i)
+        polyline->addVertexAt(i, AcGePoint2d(corners[i][0], corners[i][1]), i == 1 ? 1.0 : 0.0);
     polyline->setClosed(closed);
     return polyline;
 }
@@ -69,7 +70,8 @@ TEST_F(CurvePoints, PolylineVerticesAreInTheWorld)
 TEST_F(CurvePoints, OldPolylineIsClosedWhateverTheFlag)
 {
     AcGePoint3dArray corners;
-    for (const AcGePoint3d& point : {AcGePoint3d(0, 0, 0), AcGePoint3d(2, 0, 0), AcGePoint3d(2, 2, 0)}) corners.append(point);
+    for (const AcGePoint3d& point : {AcGePoint3d(0, 0, 0), AcGePoint3d(2, 0, 0), AcGePoint3d(2, 2, 0)})
+        corners.append(point);
     const AcDbObjectId flat = add(new AcDb2dPolyline(AcDb::k2dSimplePoly, corners, 0.0, true));
     EXPECT_EQ(pointsOf(flat, 0).length(), 4);
     const AcDbObjectPointer<AcDb2dPolyline> polyline(flat, AcDb::kForRead);
@@ -193,10 +195,13 @@ TEST_F(CurvePoints, OtherCurvesGiveTheirEndsOrControlPoints)
     EXPECT_TRUE(circle[0].isEqualTo(AcGePoint3d(5, 0, 0)));
 
     AcGePoint3dArray control;
-    for (const AcGePoint3d& point : {AcGePoint3d(0, 0, 0), AcGePoint3d(1, 2, 0), AcGePoint3d(3, 2, 0), AcGePoint3d(4, 0, 0)}) control.append(point);
+    for (const AcGePoint3d& point :
+         {AcGePoint3d(0, 0, 0), AcGePoint3d(1, 2, 0), AcGePoint3d(3, 2, 0), AcGePoint3d(4, 0, 0)})
+        control.append(point);
     AcGeDoubleArray knots;
     for (const double knot : {0, 0, 0, 0, 1, 1, 1, 1}) knots.append(knot);
-    const AcGePoint3dArray spline = pointsOf(add(new AcDbSpline(3, false, false, false, control, knots, AcGeDoubleArray())), 0);
+    const AcGePoint3dArray spline =
+        pointsOf(add(new AcDbSpline(3, false, false, false, control, knots, AcGeDoubleArray())), 0);
     ASSERT_EQ(spline.length(), 4);
     EXPECT_EQ(spline[2], control[2]);
 }

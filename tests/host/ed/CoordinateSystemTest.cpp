@@ -27,13 +27,8 @@ protected:
 
     AcDbObjectId addCircle(const AcGeVector3d& normal)
     {
-        AcDbObjectId id;
         const Lock lock;
-        AcDbObjectPointer<AcDbBlockTableRecord> space(database()->currentSpaceId(), AcDb::kForWrite);
-        auto* circle = new AcDbCircle({1.0, 2.0, 3.0}, normal, 5.0);
-        EXPECT_EQ(space->appendAcDbEntity(id, circle), Acad::eOk);
-        circle->close();
-        return id;
+        return headless::addTo(database()->currentSpaceId(), new AcDbCircle({1.0, 2.0, 3.0}, normal, 5.0));
     }
 
     static int transBy(const resbuf& from, const resbuf& to, const AcGePoint3d& point, ads_point result)

@@ -1,4 +1,4 @@
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 #include "CommandLine.h"
 #include "CurrentUcs.h"
@@ -51,14 +51,8 @@ protected:
     }
     void add(AcDbEntity* entity)
     {
-        const AcAp::DocLockMode mode = AcAp::kWrite;
-        acDocManager->lockDocument(document(), mode);
-        AcDbBlockTableRecord* space = nullptr;
-        ASSERT_EQ(acdbOpenObject(space, database()->currentSpaceId(), AcDb::kForWrite), Acad::eOk);
-        EXPECT_EQ(space->appendAcDbEntity(entity), Acad::eOk);
-        entity->close();
-        space->close();
-        acDocManager->unlockDocument(document());
+        const headless::DocumentLock lock;
+        headless::addTo(database()->currentSpaceId(), entity);
     }
 };
 

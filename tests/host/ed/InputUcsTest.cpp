@@ -1,4 +1,4 @@
-#include "EditorFixture.h"
+#include "DrawingTest.h"
 
 #include "acedviews.h"
 #include "dbjig.h"
@@ -48,12 +48,8 @@ TEST_F(InputInTurnedUcs, PointsComeInTheUcs)
 TEST_F(InputInTurnedUcs, ObjectsAreSnappedWhereTheyAreSeen)
 {
     asCommand([this] {
-        AcDbBlockTableRecord* space = nullptr;
-        ASSERT_EQ(acdbOpenObject(space, database()->currentSpaceId(), AcDb::kForWrite), Acad::eOk);
-        auto* line = new AcDbLine({100, 10, 0}, {40, 10, 0}); // from (10,0) to (10,60) of the UCS
-        EXPECT_EQ(space->appendAcDbEntity(line), Acad::eOk);
-        line->close();
-        space->close();
+        // From (10,0) to (10,60) of the UCS.
+        headless::addTo(database()->currentSpaceId(), new AcDbLine({100, 10, 0}, {40, 10, 0}));
     });
     EXPECT_TRUE(pointFor(L"mid 10.2,10").isEqualTo({10, 30, 0}));
     const ads_point pick = {10, 59.5, 0};
