@@ -12,7 +12,10 @@ ACDB_DXF_CLASS(AcDbMInsertBlock, AcDbBlockReference, INSERT)
 
 struct BlockReferenceFields {
     static AcDbBlockReference& of(AcDbObject& object) { return static_cast<AcDbBlockReference&>(object); }
-    static const AcDbBlockReference& of(const AcDbObject& object) { return static_cast<const AcDbBlockReference&>(object); }
+    static const AcDbBlockReference& of(const AcDbObject& object)
+    {
+        return static_cast<const AcDbBlockReference&>(object);
+    }
 
     /// Attributes that follow: the reader sees them come.
     static void skip(AcDbObject&, const DxfField&, DxfSource& source) { source.take(); }
