@@ -64,7 +64,8 @@ private:
         }
     }
 
-    /// What has the handle of `named`, or had it, and names the object as its owner; null when there is nothing.
+    /// What has the handle of `named`, or had it, and names the object as its owner; null when there is
+    /// nothing.
     const Stubs* ownedBy(const AcDbObject& owner, AcDbStub* named) const
     {
         AcDbStub* const own = owner.objectId();
@@ -101,7 +102,8 @@ private:
     void takeOver(const AcDbDictionary& dictionary, const AcDbStub& entry) const
     {
         const auto lost = mLost.find(dictionary.objectId());
-        if (lost == mLost.end() || !entry.object || entry.object->ownerId() != AcDbObjectId(lost->second)) return;
+        if (lost == mLost.end() || !entry.object || entry.object->ownerId() != AcDbObjectId(lost->second))
+            return;
         if (canBeEntry(*entry.object)) DbObjectAccess::setOwner(*entry.object, dictionary.objectId());
     }
 
@@ -113,7 +115,7 @@ private:
     }
 
     ReadContext& mContext;
-    std::map<Owned, Stubs> mOwned; ///< what has a handle or had it, in the order of the file
+    std::map<Owned, Stubs> mOwned;                  ///< what has a handle or had it, in the order of the file
     std::unordered_map<AcDbStub*, AcDbStub*> mLost; ///< who kept it, by what lost it
     std::unordered_map<AcDbStub*, AcDbStub*> mLayouts, mBlocks; ///< the first that lost it, by who kept it
 };

@@ -6,7 +6,8 @@
 
 namespace ed
 {
-/// Numbers out of a range, marked in any order and taken in theirs: a bit for each, and one for each 64 of those.
+/// Numbers out of a range, marked in any order and taken in theirs: a bit for each, and one for each 64 of
+/// those.
 class MarkedRanks
 {
 public:
@@ -37,7 +38,8 @@ private:
     template <class Take>
     static void forEachBit(std::uint64_t& bits, Take take)
     {
-        for (; bits; bits &= bits - 1) take(static_cast<std::size_t>(__builtin_ctzll(bits)));
+        for (; bits; bits &= bits - 1)
+            take(static_cast<std::size_t>(__builtin_ctzll(bits)));
     }
 
     std::vector<std::uint64_t> mBits, mWords;

@@ -24,29 +24,41 @@ Indexes& indexes()
     return *all;
 }
 
-const AcDbBlockTableRecord* blockOf(AcDbObjectId id) { return AcDbBlockTableRecord::cast(residentObject(id)); }
+const AcDbBlockTableRecord* blockOf(AcDbObjectId id)
+{
+    return AcDbBlockTableRecord::cast(residentObject(id));
+}
 
 /// The entity in a block that a vertex or an attribute is part of, or the entity itself.
 const AcDbEntity* wholeOf(const AcDbEntity& entity)
 {
     const AcDbEntity* whole = &entity;
-    while (const auto* owner = AcDbEntity::cast(residentObject(whole->ownerId()))) whole = owner;
+    while (const auto* owner = AcDbEntity::cast(residentObject(whole->ownerId())))
+        whole = owner;
     return whole;
 }
 
 /// What changes no place of any entity.
 bool isPlaceless(const AcDbObject& object)
 {
-    static const AcRxClass* const kinds[] = {
-        AcDbLayerTableRecord::desc(), AcDbViewportTableRecord::desc(), AcDbViewTableRecord::desc(),
-        AcDbUCSTableRecord::desc(),   AcDbRegAppTableRecord::desc(),   AcDbSymbolTable::desc(),
-        AcDbDictionary::desc(),       AcDbXrecord::desc(),             AcDbLayout::desc(),
-        AcDbGroup::desc()};
+    static const AcRxClass* const kinds[] = {AcDbLayerTableRecord::desc(),
+                                             AcDbViewportTableRecord::desc(),
+                                             AcDbViewTableRecord::desc(),
+                                             AcDbUCSTableRecord::desc(),
+                                             AcDbRegAppTableRecord::desc(),
+                                             AcDbSymbolTable::desc(),
+                                             AcDbDictionary::desc(),
+                                             AcDbXrecord::desc(),
+                                             AcDbLayout::desc(),
+                                             AcDbGroup::desc()};
     return std::any_of(std::begin(kinds), std::end(kinds),
                        [&](const AcRxClass* kind) { return object.isKindOf(kind); });
 }
 
-kernel::Box2 flat(const ed::PlaneBox& box) { return {box.min.x, box.min.y, box.max.x, box.max.y}; }
+kernel::Box2 flat(const ed::PlaneBox& box)
+{
+    return {box.min.x, box.min.y, box.max.x, box.max.y};
+}
 } // namespace
 
 namespace ed
@@ -127,14 +139,19 @@ void SpaceIndex::build()
 }
 
 /// How many entities were added since.
-std::size_t SpaceIndex::newest() const { return blockOf(mSpace)->entityIds().size() - mListed; }
+std::size_t SpaceIndex::newest() const
+{
+    return blockOf(mSpace)->entityIds().size() - mListed;
+}
 
 const std::vector<const AcDbEntity*>& SpaceIndex::near(const PlaneBox& box)
 {
     mNear.clear();
     const std::vector<AcDbObjectId>& listed = blockOf(mSpace)->entityIds();
-    for (std::size_t i = listed.size(); i-- > mListed;) take(listed[i]);
-    for (const std::uint32_t rank : mBeside) mMarked.mark(rank);
+    for (std::size_t i = listed.size(); i-- > mListed;)
+        take(listed[i]);
+    for (const std::uint32_t rank : mBeside)
+        mMarked.mark(rank);
     mTree->eachIn(flat(box), [&](int i) { mMarked.mark(mBoxed[static_cast<std::size_t>(i)]); });
     mMarked.takeAll([&](std::size_t rank) { take(mIds[rank]); });
     return mNear;
@@ -154,7 +171,7 @@ void SpaceIndex::objectAppended(const AcDbDatabase*, const AcDbObject* object)
 void SpaceIndex::noteChange(const AcDbObject& object)
 {
     if (!mTree) {
-        if (!isPlaceless(object) && !object.isKindOf(AcDbEntity::desc())) mWasAsked = false;
+        if (!object.isKindOf(AcDbEntity::desc()) && !isPlaceless(object)) mWasAsked = false;
     } else if (const auto* entity = AcDbEntity::cast(&object)) {
         noteEntity(*wholeOf(*entity));
     } else if (object.objectId() != mSpace && !mNewBlocks.count(object.objectId()) && !isPlaceless(object)) {
@@ -171,11 +188,13 @@ void SpaceIndex::noteEntity(const AcDbEntity& entity)
     }
 }
 
-/// Finds the ranks of what has changed. False when something has none: it was not there when the tree was made.
+/// Finds the ranks of what has changed. False when something has none: it was not there when the tree was
+/// made.
 bool SpaceIndex::placeChanged()
 {
     const std::vector<AcDbObjectId>& listed = blockOf(mSpace)->entityIds();
-    for (std::size_t i = mListed; !mUnplaced.empty() && i < listed.size(); ++i) mUnplaced.erase(listed[i]);
+    for (std::size_t i = mListed; !mUnplaced.empty() && i < listed.size(); ++i)
+        mUnplaced.erase(listed[i]);
     for (std::size_t rank = 0; !mUnplaced.empty() && rank < mIds.size(); ++rank) {
         if (mUnplaced.erase(mIds[rank])) mBeside.push_back(static_cast<std::uint32_t>(rank));
     }

@@ -34,9 +34,15 @@ bool Contact::refine(const Stretch& first, const Stretch& second, Meeting& meeti
     return true;
 }
 
-bool Contact::isTangential(double s, double t) const { return sine(s, t) <= kTangentSine; }
+bool Contact::isTangential(double s, double t) const
+{
+    return sine(s, t) <= kTangentSine;
+}
 
-double Contact::gap(double s, double t) const { return pointAt(mFirst, s).distanceTo(pointAt(mSecond, t)); }
+double Contact::gap(double s, double t) const
+{
+    return pointAt(mFirst, s).distanceTo(pointAt(mSecond, t));
+}
 
 double Contact::sine(double s, double t) const
 {
@@ -60,7 +66,8 @@ void Contact::step(const Stretch& first, const Stretch& second, double& s, doubl
         if (!(det > 1e-24 * ss * tt)) return;
         const double s1 = std::clamp(s + (fs * tt - ft * st) / det, first.lo, first.hi);
         const double t1 = std::clamp(t + (fs * st - ft * ss) / det, second.lo, second.hi);
-        const bool still = std::fabs(s1 - s) <= 1e-16 * std::fabs(s) && std::fabs(t1 - t) <= 1e-16 * std::fabs(t);
+        const bool still =
+            std::fabs(s1 - s) <= 1e-16 * std::fabs(s) && std::fabs(t1 - t) <= 1e-16 * std::fabs(t);
         s = s1;
         t = t1;
         if (still) return;
@@ -79,8 +86,8 @@ void Contact::approach(const Stretch& first, const Stretch& second, double& s, d
     }
 }
 
-/// Goes to where the foot condition (A - B) . v = 0 holds and the directions u and v are parallel, by Newton's method;
-/// the turn between them is projected on its own change. False where that leads nowhere.
+/// Goes to where the foot condition (A - B) . v = 0 holds and the directions u and v are parallel, by
+/// Newton's method; the turn between them is projected on its own change. False where that leads nowhere.
 bool Contact::parallelNear(double& s, double& t) const
 {
     for (int i = 0; i < kSteps; ++i) {
@@ -90,22 +97,24 @@ bool Contact::parallelNear(double& s, double& t) const
         const double pp = p[1].length(), qq = q[1].length();
         if (!(pp > 0 && qq > 0)) return false;
         const AcGeVector3d u = p[1] / pp, v = q[1] / qq, r = p[0] - q[0];
-        const AcGeVector3d du = (p[2] - u * u.dotProduct(p[2])) / pp, dv = (q[2] - v * v.dotProduct(q[2])) / qq;
+        const AcGeVector3d du = (p[2] - u * u.dotProduct(p[2])) / pp,
+                           dv = (q[2] - v * v.dotProduct(q[2])) / qq;
         const AcGeVector3d ts = du.crossProduct(v), tt = u.crossProduct(dv);
         const AcGeVector3d axis = ts.lengthSqrd() > tt.lengthSqrd() ? ts : tt;
         double ds = 0, dt = 0;
-        if (!solve(r.dotProduct(v), p[1].dotProduct(v), -qq + r.dotProduct(dv), u.crossProduct(v).dotProduct(axis),
-                   ts.dotProduct(axis), tt.dotProduct(axis), ds, dt))
+        if (!solve(r.dotProduct(v), p[1].dotProduct(v), -qq + r.dotProduct(dv),
+                   u.crossProduct(v).dotProduct(axis), ts.dotProduct(axis), tt.dotProduct(axis), ds, dt))
             return false;
         s = mFirst.clamped(s + ds);
         t = mSecond.clamped(t + dt);
-        if (std::fabs(ds) <= 1e-15 * (1 + std::fabs(s)) && std::fabs(dt) <= 1e-15 * (1 + std::fabs(t))) return true;
+        if (std::fabs(ds) <= 1e-15 * (1 + std::fabs(s)) && std::fabs(dt) <= 1e-15 * (1 + std::fabs(t)))
+            return true;
     }
     return true;
 }
 
-/// Moves a contact to the middle of a touch. False, and nothing changed, when the curves are apart there: then they
-/// cross at a small angle.
+/// Moves a contact to the middle of a touch. False, and nothing changed, when the curves are apart there:
+/// then they cross at a small angle.
 bool Contact::sharpen(double& s, double& t) const
 {
     double a = s, b = t;

@@ -15,11 +15,14 @@ class Contact
 {
 public:
     /// Both forms must be finite, and outlive this.
-    Contact(const CurveForm& first, const CurveForm& second, double tol) : mFirst(first), mSecond(second), mTol(tol) {}
+    Contact(const CurveForm& first, const CurveForm& second, double tol)
+        : mFirst(first), mSecond(second), mTol(tol)
+    {
+    }
 
-    /// Moves a meeting from the parameters s and t that it has, which lie within the bounds, to where the curves are
-    /// closest within those. A touch moves to its middle, where the directions are parallel, bounds or not. False when
-    /// the curves are further apart than the tolerance there.
+    /// Moves a meeting from the parameters s and t that it has, which lie within the bounds, to where the
+    /// curves are closest within those. A touch moves to its middle, where the directions are parallel,
+    /// bounds or not. False when the curves are further apart than the tolerance there.
     bool refine(const Stretch& first, const Stretch& second, Meeting& meeting) const;
 
     /// Whether the directions of the curves are parallel there, within a millionth.

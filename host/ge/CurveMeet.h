@@ -62,16 +62,16 @@ double roundingOf(const CurveForm& form);
 
 /// Where the curves are within `tol` of each other, or within their rounding where that is wider. A contact
 /// that stays within tol over a stretch (near a tangency) is one meeting. Lines and circles by closed forms,
-/// without allocation, ellipses of one plane by the zeros of a polynomial; splines and all others by bounds on
-/// halved spans, so that no meeting is missed. Both are refined by Newton's method.
+/// without allocation, ellipses of one plane by the zeros of a polynomial; splines and all others by bounds
+/// on halved spans, so that no meeting is missed. Both are refined by Newton's method.
 Meetings meet(const CurveForm& first, const CurveForm& second, double tol);
 
 /// The closed forms, for two bare lines and circles; and the search, for bounded forms that are no chains.
 Meetings meetLines(const CurveForm& first, const CurveForm& second, double tol);
 Meetings meetLineCircle(const CurveForm& line, const CurveForm& circle, double tol);
 Meetings meetCircles(const CurveForm& first, const CurveForm& second, double tol);
-/// Two conics, or a conic and a line, of one plane, by the zeros of one polynomial. False for others, for such as are
-/// too thin, and for those that run along each other: they have to be searched.
+/// Two conics, or a conic and a line, of one plane, by the zeros of one polynomial. False for others, for
+/// such as are too thin, and for those that run along each other: they have to be searched.
 bool meetConics(const CurveForm& first, const CurveForm& second, double tol, Meetings& found);
 Meetings searchMeetings(const CurveForm& first, const CurveForm& second, double tol);
 

@@ -42,19 +42,20 @@ AcGeVector3d unitNormalOf(const CurveForm& conic)
     return conic.u.crossProduct(conic.v).normal();
 }
 
-/// Where one curve, the rider, passes over a conic, the track: the height of its points over that is a polynomial of
-/// the rider's parameter (for a line) or of its sine and cosine (for a conic).
+/// Where one curve, the rider, passes over a conic, the track: the height of its points over that is a
+/// polynomial of the rider's parameter (for a line) or of its sine and cosine (for a conic).
 class ConicMeet
 {
 public:
     ConicMeet(const CurveForm& first, const CurveForm& second, double tol, bool ridesFirst)
-        : mFirst(first), mSecond(second), mRider(ridesFirst ? first : second), mTrack(ridesFirst ? second : first),
-          mTol(tol), mRidesFirst(ridesFirst), mContact(first, second, tol), mRadii(radiiOf(mTrack))
+        : mFirst(first), mSecond(second), mRider(ridesFirst ? first : second),
+          mTrack(ridesFirst ? second : first), mTol(tol), mRidesFirst(ridesFirst),
+          mContact(first, second, tol), mRadii(radiiOf(mTrack))
     {
     }
 
-    /// False for curves that are not in one plane or too thin for numbers of this precision, and for such as come so
-    /// near to each other all along that they may be one curve.
+    /// False for curves that are not in one plane or too thin for numbers of this precision, and for such as
+    /// come so near to each other all along that they may be one curve.
     bool run(Meetings& found)
     {
         const bool canRun = mRider.kind == FormKind::kLine ? rideLine() : rideConic();
@@ -100,9 +101,11 @@ private:
         const AcGeVector3d normal = unitNormalOf(mTrack), tilt = normal.crossProduct(unitNormalOf(mRider));
         if (!(tilt.length() * rider.most + std::fabs(between.dotProduct(normal)) <= mTol)) return false;
         if (!(std::max(mTol, kThinnest * reach) <= std::min(mRadii.least, rider.least))) return false;
-        const Seen o = seenFrom(mTrack, between), u = seenFrom(mTrack, mRider.u), v = seenFrom(mTrack, mRider.v);
+        const Seen o = seenFrom(mTrack, between), u = seenFrom(mTrack, mRider.u),
+                   v = seenFrom(mTrack, mRider.v);
         const double uu = u.dot(u), vv = v.dot(v);
-        const Harmonics height{o.dot(o) - 1 + (uu + vv) / 2, 2 * o.dot(u), 2 * o.dot(v), (uu - vv) / 2, u.dot(v)};
+        const Harmonics height{o.dot(o) - 1 + (uu + vv) / 2, 2 * o.dot(u), 2 * o.dot(v), (uu - vv) / 2,
+                               u.dot(v)};
         const double near = heightOf(mTol, mRadii);
         if (!(height.size() > 1000 * near)) return false;
         const HarmonicRoots roots = rootsOf(height, near);
@@ -144,7 +147,8 @@ private:
 
     bool mayBeOn(const CurveForm& form, const AcGePoint3d& p) const
     {
-        return form.kind == FormKind::kLine || std::fabs(heightOver(form, p)) <= heightOf(mTol, radiiOf(form));
+        return form.kind == FormKind::kLine ||
+               std::fabs(heightOver(form, p)) <= heightOf(mTol, radiiOf(form));
     }
 
     /// Ends that lie on the other curve count even where the crossing itself is past the end.

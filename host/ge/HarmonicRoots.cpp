@@ -32,7 +32,8 @@ struct Places {
     void add(double x) { at[count++] = x; }
 };
 
-/// The zero between two places with values of different signs: Newton's method, with halving where it leads out.
+/// The zero between two places with values of different signs: Newton's method, with halving where it leads
+/// out.
 double zeroBetween(const Polynomial& p, const Polynomial& slope, double lo, double hi, double atLo)
 {
     double x = lo + (hi - lo) / 2;
@@ -48,14 +49,16 @@ double zeroBetween(const Polynomial& p, const Polynomial& slope, double lo, doub
     return x;
 }
 
-/// The zeros of a polynomial between `bounds`, among which its slope keeps its sign, with the outer bounds kept.
+/// The zeros of a polynomial between `bounds`, among which its slope keeps its sign, with the outer bounds
+/// kept.
 Places zerosBetween(const Polynomial& p, const Polynomial& slope, const Places& bounds)
 {
     Places zeros;
     zeros.add(bounds.at[0]);
     for (std::size_t i = 0; i + 1 < bounds.count; ++i) {
         const double lo = bounds.at[i], hi = bounds.at[i + 1], atLo = valueOf(p, lo), atHi = valueOf(p, hi);
-        if (atLo != 0 && atHi != 0 && (atLo < 0) != (atHi < 0)) zeros.add(zeroBetween(p, slope, lo, hi, atLo));
+        if (atLo != 0 && atHi != 0 && (atLo < 0) != (atHi < 0))
+            zeros.add(zeroBetween(p, slope, lo, hi, atLo));
     }
     zeros.add(bounds.at[bounds.count - 1]);
     return zeros;

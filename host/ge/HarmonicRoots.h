@@ -20,8 +20,8 @@ struct HarmonicRoots {
     int count = 0;
 };
 
-/// The zeros, and where the sum comes as near to 0 as `near` (at least its rounding) without reaching it. In halves of
-/// the circle the sum is a polynomial of degree 4 in the tangent of half the angle, divided by a positive one; the
-/// zeros of each derivative bound those of the one before.
+/// The zeros, and where the sum comes as near to 0 as `near` (at least its rounding) without reaching it. In
+/// halves of the circle the sum is a polynomial of degree 4 in the tangent of half the angle, divided by a
+/// positive one; the zeros of each derivative bound those of the one before.
 HarmonicRoots rootsOf(const Harmonics& sum, double near);
 } // namespace gecore

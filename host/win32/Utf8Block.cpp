@@ -60,8 +60,8 @@ Roles readRoles(const unsigned char* at)
 }
 #endif
 
-/// What the upper half of a first byte says: which of its bits count, and how far the three bytes from it on, six bits
-/// each, hold too many.
+/// What the upper half of a first byte says: which of its bits count, and how far the three bytes from it on,
+/// six bits each, hold too many.
 struct Shape {
     std::uint8_t mask, excess;
 };

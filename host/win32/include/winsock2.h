@@ -1,7 +1,7 @@
 #pragma once
 
-/// Sockets, as far as names of hosts go: hostent, in_addr and inet_ntoa are those of the system's own library, which
-/// have the shape that Winsock gives them.
+/// Sockets, as far as names of hosts go: hostent, in_addr and inet_ntoa are those of the system's own
+/// library, which have the shape that Winsock gives them.
 
 #include "windef.h"
 
@@ -30,8 +30,8 @@ int WINAPI WSAStartup(WORD version, LPWSADATA data);
 int WINAPI WSACleanup();
 
 /// The host of a name or of an address in dotted form; null when it cannot be resolved. Null and the empty
-/// name are this machine's. As in Windows, "localhost" in any case is 127.0.0.1 whatever list of hosts the machine has.
-/// The result holds until the next call.
+/// name are this machine's. As in Windows, "localhost" in any case is 127.0.0.1 whatever list of hosts the
+/// machine has. The result holds until the next call.
 hostent* WINAPI QmGetHostByName(const char* name);
 #define gethostbyname QmGetHostByName
 

@@ -1,8 +1,6 @@
-#include "AsciiWriter.h"
-#include "DrawingFile.h"
-#include "DrawingWriter.h"
 #include "acutads.h"
 #include "adsdef.h"
+#include "AsciiWriter.h"
 #include "dbdatabase.h"
 #include "dbdict.h"
 #include "dblayer.h"
@@ -10,6 +8,8 @@
 #include "dbobjptr.h"
 #include "dbregapp.h"
 #include "dbxrecrd.h"
+#include "DrawingFile.h"
+#include "DrawingWriter.h"
 #include "Stub.h"
 
 #include <gtest/gtest.h>
@@ -25,8 +25,8 @@ std::string section(const char* name, const std::string& records)
 
 std::string table(const char* name, const std::string& handle, const std::string& records)
 {
-    return std::string("0\nTABLE\n2\n") + name + "\n5\n" + handle + "\n100\nAcDbSymbolTable\n70\n1\n" + records +
-           "0\nENDTAB\n";
+    return std::string("0\nTABLE\n2\n") + name + "\n5\n" + handle + "\n100\nAcDbSymbolTable\n70\n1\n" +
+           records + "0\nENDTAB\n";
 }
 
 std::string application(const std::string& handle, const char* name)
@@ -58,7 +58,8 @@ std::string dictionary(const std::string& handle, const std::string& owner,
                        const std::vector<std::pair<std::string, std::string>>& entries)
 {
     std::string text = "0\nDICTIONARY\n5\n" + handle + "\n330\n" + owner + "\n100\nAcDbDictionary\n281\n1\n";
-    for (const auto& [name, entry] : entries) text += "3\n" + name + "\n350\n" + entry + "\n";
+    for (const auto& [name, entry] : entries)
+        text += "3\n" + name + "\n350\n" + entry + "\n";
     return text;
 }
 
@@ -69,7 +70,8 @@ std::string note(const std::string& handle, const std::string& owner, const char
 
 std::string drawing(const std::string& tables, const std::string& entities, const std::string& objects = "")
 {
-    return section("HEADER", "9\n$ACADVER\n1\nAC1032\n") + section("TABLES", tables) + section("ENTITIES", entities) +
+    return section("HEADER", "9\n$ACADVER\n1\nAC1032\n") + section("TABLES", tables) +
+           section("ENTITIES", entities) +
            section("OBJECTS", objects.empty() ? dictionary("C", "0", {}) : objects) + "0\nEOF\n";
 }
 
@@ -82,12 +84,15 @@ std::string saved(AcDbDatabase& database)
     return sink.bytes();
 }
 
-/// The line number in a file, counted from 1, of the group 0 that starts the n-th record of a name, counted from 0.
+/// The line number in a file, counted from 1, of the group 0 that starts the n-th record of a name, counted
+/// from 0.
 std::size_t lineOf(const std::string& file, const std::string& name, int n)
 {
     std::size_t at = file.find("0\n" + name + "\n");
-    for (; n > 0; --n) at = file.find("0\n" + name + "\n", at + 1);
-    return 1 + static_cast<std::size_t>(std::count(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
+    for (; n > 0; --n)
+        at = file.find("0\n" + name + "\n", at + 1);
+    return 1 + static_cast<std::size_t>(
+                   std::count(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(at), '\n'));
 }
 
 /// A damaged drawing, opened, and once more as it was saved.
@@ -188,8 +193,8 @@ TEST_F(DoubleHandles, EntityLosesTheHandleOfAnApplication)
 
 TEST_F(DoubleHandles, TableLosesTheHandleOfItsRecord)
 {
-    open(drawing(table("APPID", "20", application("20", "ONE")), line("21", "0", 1, tagged("ONE", "mine"))), "TABLE",
-         0);
+    open(drawing(table("APPID", "20", application("20", "ONE")), line("21", "0", 1, tagged("ONE", "mine"))),
+         "TABLE", 0);
     EXPECT_EQ(lines(), (Lines{"0: 1: mine"}));
 }
 
@@ -223,8 +228,8 @@ TEST_F(DoubleHandles, SecondEntityGetsANewHandle)
 
 TEST_F(DoubleHandles, DictionaryIsFoundThoughATableHasItsHandle)
 {
-    const std::string objects =
-        dictionary("C", "0", {{"MINE", "20"}}) + dictionary("20", "C", {{"A", "30"}}) + note("30", "20", "kept");
+    const std::string objects = dictionary("C", "0", {{"MINE", "20"}}) +
+                                dictionary("20", "C", {{"A", "30"}}) + note("30", "20", "kept");
     open(drawing(table("LAYER", "20", layer("21", "Walls", 1)), "", objects), "DICTIONARY", 1);
     EXPECT_EQ(noteAt({L"MINE", L"A"}), L"kept");
 }

@@ -1,5 +1,5 @@
-/// Picks and windows in spaces so large that their entities are kept in an index: what is found must be what a look at
-/// every entity finds, whatever has changed since the index was made.
+/// Picks and windows in spaces so large that their entities are kept in an index: what is found must be what
+/// a look at every entity finds, whatever has changed since the index was made.
 
 #include "SelectionFixture.h"
 
@@ -17,7 +17,8 @@ protected:
     void SetUp() override
     {
         SelectionTest::SetUp();
-        for (int i = 0; i < kSide * kSide; ++i) mLines.push_back(addLine(x(i), y(i), x(i) + 4, y(i)));
+        for (int i = 0; i < kSide * kSide; ++i)
+            mLines.push_back(addLine(x(i), y(i), x(i) + 4, y(i)));
     }
 
     static double x(int i) { return i % kSide * 10.0; }
@@ -36,7 +37,10 @@ protected:
         const Ids ids = get(nullptr, point);
         return ids.empty() ? AcDbObjectId() : ids.front();
     }
-    Ids crossing(double x1, double y1, double x2, double y2) { return getWindow(L"C", {x1, y1, 0}, {x2, y2, 0}); }
+    Ids crossing(double x1, double y1, double x2, double y2)
+    {
+        return getWindow(L"C", {x1, y1, 0}, {x2, y2, 0});
+    }
 
     template <class Change>
     void change(AcDbObjectId id, Change make)
@@ -56,7 +60,8 @@ protected:
         AcDbObjectPointer<AcDbBlockTableRecord> space(database()->modelSpaceId(), AcDb::kForWrite);
         space->createExtensionDictionary();
         AcDbObjectId id;
-        AcDbObjectPointer<AcDbDictionary>(space->extensionDictionary(), AcDb::kForWrite)->setAt(name, object, id);
+        AcDbObjectPointer<AcDbDictionary>(space->extensionDictionary(), AcDb::kForWrite)
+            ->setAt(name, object, id);
         return id;
     }
 
@@ -153,24 +158,30 @@ TEST_F(LargeSpaceTest, DrawOrderThatChangesDecides)
     order.create();
     const AcDbObjectId id = addToModelSpace(L"ACAD_SORTENTS", order);
     EXPECT_EQ(order->moveToBottom(ids), Acad::eOk);
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(pickAt(x(3) + 2, y(3)), mLines[3]) << i;
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(pickAt(x(3) + 2, y(3)), mLines[3]) << i;
     // Still open, the table changes once more.
     EXPECT_EQ(order->moveToTop(ids), Acad::eOk);
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(pickAt(x(3) + 2, y(3)), over) << i;
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(pickAt(x(3) + 2, y(3)), over) << i;
     order.close();
     makeIndex();
     {
         AcDbObjectPointer<AcDbSortentsTable> again(id, AcDb::kForWrite);
         EXPECT_EQ(again->moveToBottom(ids), Acad::eOk);
     }
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(pickAt(x(3) + 2, y(3)), mLines[3]) << i;
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(pickAt(x(3) + 2, y(3)), mLines[3]) << i;
 }
 
 TEST_F(LargeSpaceTest, ManyChangesAreAllSeen)
 {
     makeIndex();
     // More than the index looks at besides.
-    for (std::size_t i = 0; i < 2000; ++i) move(mLines[i], 0, 1000);
+    for (std::size_t i = 0; i < 2000; ++i)
+        move(mLines[i], 0, 1000);
     for (std::size_t i = 0; i < 3000; i += 100)
-        EXPECT_EQ(pickAt(x(static_cast<int>(i)) + 2, y(static_cast<int>(i)) + (i < 2000 ? 1000 : 0)), mLines[i]) << i;
+        EXPECT_EQ(pickAt(x(static_cast<int>(i)) + 2, y(static_cast<int>(i)) + (i < 2000 ? 1000 : 0)),
+                  mLines[i])
+            << i;
 }

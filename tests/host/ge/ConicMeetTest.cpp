@@ -1,5 +1,5 @@
-/// Where ellipses, circles and lines of one plane meet, against points of known figures and against walks along the
-/// curves that watch the sides change.
+/// Where ellipses, circles and lines of one plane meet, against points of known figures and against walks
+/// along the curves that watch the sides change.
 
 #include "RandomCurves.h"
 
@@ -21,26 +21,33 @@ struct Placing {
     double scale, turn;
     AcGeVector2d shift;
 
-    AcGePoint2d of(const AcGePoint2d& p) const { return AcGePoint2d() + p.asVector().rotateBy(turn) * scale + shift; }
+    AcGePoint2d of(const AcGePoint2d& p) const
+    {
+        return AcGePoint2d() + p.asVector().rotateBy(turn) * scale + shift;
+    }
     AcGeEllipArc2d of(double x, double y, double a, double b) const
     {
         return ellipse(of({x, y}), a * scale, b * scale, turn);
     }
 };
 
-const Placing placings[] = {{1, 0, {0, 0}}, {1, 0.7, {3, -2}}, {250, 2.1, {4e4, -7e4}}, {0.02, 1, {0.3, 0.1}}};
+const Placing placings[] = {
+    {1, 0, {0, 0}}, {1, 0.7, {3, -2}}, {250, 2.1, {4e4, -7e4}}, {0.02, 1, {0.3, 0.1}}};
 
 /// The meetings in any order; `touches` says what all of them are.
-void expectMeetings(const AcGeCurve2d& a, const AcGeCurve2d& b, const Points& expected, bool touches, double tol)
+void expectMeetings(const AcGeCurve2d& a, const AcGeCurve2d& b, const Points& expected, bool touches,
+                    double tol)
 {
     const AcGeCurveCurveInt2d found(a, b);
     ASSERT_EQ(found.numIntPoints(), static_cast<int>(expected.size()));
     for (const AcGePoint2d& p : expected) {
         double nearest = HUGE_VAL;
-        for (int i = 0; i < found.numIntPoints(); ++i) nearest = std::min(nearest, found.intPoint(i).distanceTo(p));
+        for (int i = 0; i < found.numIntPoints(); ++i)
+            nearest = std::min(nearest, found.intPoint(i).distanceTo(p));
         EXPECT_LE(nearest, tol);
     }
-    for (int i = 0; i < found.numIntPoints(); ++i) EXPECT_EQ(found.isTangential(i), touches) << i;
+    for (int i = 0; i < found.numIntPoints(); ++i)
+        EXPECT_EQ(found.isTangential(i), touches) << i;
 }
 
 /// Figures around an ellipse of radii 5 and 3 at the origin.
@@ -56,7 +63,9 @@ struct Figure {
 double sideOf(const AcGeEllipArc2d& e, const AcGePoint2d& p)
 {
     const AcGeVector2d to = p - e.center();
-    return std::hypot(to.dotProduct(e.majorAxis()) / e.majorRadius(), to.dotProduct(e.minorAxis()) / e.minorRadius()) - 1;
+    return std::hypot(to.dotProduct(e.majorAxis()) / e.majorRadius(),
+                      to.dotProduct(e.minorAxis()) / e.minorRadius()) -
+           1;
 }
 
 bool isOnArc(const AcGeEllipArc2d& e, const AcGePoint2d& p)
@@ -76,7 +85,8 @@ Points crossingsOf(const AcGeCurve2d& walked, double from, double to, const AcGe
     AcGePoint2d before = walked.evalPoint(from);
     for (int i = 1; i <= steps; ++i) {
         const AcGePoint2d at = walked.evalPoint(from + (to - from) * i / steps);
-        if ((sideOf(other, before) < 0) != (sideOf(other, at) < 0) && isOnArc(other, at)) crossings.push_back(at);
+        if ((sideOf(other, before) < 0) != (sideOf(other, at) < 0) && isOnArc(other, at))
+            crossings.push_back(at);
         before = at;
     }
     return crossings;
@@ -89,7 +99,8 @@ void expectAll(const AcGeCurve2d& walked, const AcGeEllipArc2d& other, const Poi
     EXPECT_GE(found.numIntPoints(), static_cast<int>(crossings.size()));
     for (const AcGePoint2d& p : crossings) {
         int near = 0;
-        for (int i = 0; i < found.numIntPoints(); ++i) near += found.intPoint(i).distanceTo(p) <= step;
+        for (int i = 0; i < found.numIntPoints(); ++i)
+            near += found.intPoint(i).distanceTo(p) <= step;
         EXPECT_GE(near, 1) << p.x << ' ' << p.y;
     }
     for (int i = 0; i < found.numIntPoints(); ++i) {
@@ -97,7 +108,8 @@ void expectAll(const AcGeCurve2d& walked, const AcGeEllipArc2d& other, const Poi
         found.getIntParams(i, s, t);
         EXPECT_LE(walked.evalPoint(s).distanceTo(other.evalPoint(t)), 1e-9);
         EXPECT_LE(std::fabs(sideOf(other, found.intPoint(i))) * other.minorRadius(), 1e-9);
-        for (int k = 0; k < i; ++k) EXPECT_GT(found.intPoint(i).distanceTo(found.intPoint(k)), 1e-8);
+        for (int k = 0; k < i; ++k)
+            EXPECT_GT(found.intPoint(i).distanceTo(found.intPoint(k)), 1e-8);
     }
 }
 } // namespace
@@ -125,8 +137,10 @@ TEST(ConicMeetings, OfKnownFiguresAreTheirs)
                 const double u = std::sqrt((16 - 9) / (1 - 9.0 / 25)), v = std::sqrt(16 - u * u);
                 figure.meetings = {{u, v}, {-u, v}, {u, -v}, {-u, -v}};
             }
-            for (AcGePoint2d& p : figure.meetings) p = place.of(p);
-            const AcGeEllipArc2d base = place.of(0, 0, 5, 3), other = place.of(figure.x, figure.y, figure.a, figure.b);
+            for (AcGePoint2d& p : figure.meetings)
+                p = place.of(p);
+            const AcGeEllipArc2d base = place.of(0, 0, 5, 3),
+                                 other = place.of(figure.x, figure.y, figure.a, figure.b);
             expectMeetings(base, other, figure.meetings, figure.touches, figure.tol * place.scale);
             expectMeetings(other, base, figure.meetings, figure.touches, figure.tol * place.scale);
         }
@@ -143,8 +157,8 @@ TEST(ConicMeetings, OfLinesAndAnEllipseAreThoseOfItsEquation)
         expectMeetings(line(1.8), base, {place.of({4, 1.8}), place.of({-4, 1.8})}, false, 1e-8 * place.scale);
         expectMeetings(base, line(3), {place.of({0, 3})}, true, 1e-4 * place.scale);
         expectMeetings(line(3.001), base, {}, false, 0);
-        const AcGeLineSeg2d half(place.of({0, 0}), place.of({9, 0})), inside(place.of({0, 0}), place.of({4.9, 0})),
-            reaching(place.of({1, 0}), place.of({5, 0}));
+        const AcGeLineSeg2d half(place.of({0, 0}), place.of({9, 0})),
+            inside(place.of({0, 0}), place.of({4.9, 0})), reaching(place.of({1, 0}), place.of({5, 0}));
         expectMeetings(half, base, {place.of({5, 0})}, false, 1e-9 * place.scale);
         expectMeetings(inside, base, {}, false, 0);
         expectMeetings(reaching, base, {place.of({5, 0})}, false, 1e-9 * place.scale);

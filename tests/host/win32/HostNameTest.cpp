@@ -34,7 +34,8 @@ TEST(HostByName, LocalhostNeedsNoListOfHosts)
 {
     const NoFiles none;
     addrinfo* found = nullptr;
-    ASSERT_NE(getaddrinfo("localhost", nullptr, nullptr, &found), 0) << "the system finds it without its files";
+    ASSERT_NE(getaddrinfo("localhost", nullptr, nullptr, &found), 0)
+        << "the system finds it without its files";
     EXPECT_EQ(addressOf("localhost"), "127.0.0.1");
     EXPECT_EQ(addressOf("LocalHost"), "127.0.0.1");
     EXPECT_EQ(addressOf("localhost.example"), "none");
