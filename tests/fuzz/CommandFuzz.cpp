@@ -1,133 +1,31 @@
 // fuzz_commands LINES SEED: types random lines at the command prompt, each as a script of its own. Exit
-// status 1 when one leaves an object open, a lock, waiting keys or result buffers; that of the crash when one
-// crashes.
+// status 1 when one leaves an object open, a lock, waiting keys or result buffers, or when undo and redo do
+// not give a drawing back as it was; that of the crash when one crashes.
 
-#include "accmd.h"
-#include "CommandLine.h"
+#include "CommandLines.h"
 #include "CommandRunner.h"
 #include "Documents.h"
 #include "LiveCounts.h"
 #include "ProgramEnd.h"
 #include "Script.h"
+#include "UndoneLine.h"
+
+#include "CommandLine.h"
+#include "dbents.h"
+#include "dbmain.h"
+#include "dbobjptr.h"
+#include "dbpl.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <random>
+#include <fstream>
 #include <unistd.h>
 
 namespace
 {
 namespace fs = std::filesystem;
-using Random = std::mt19937;
-
-std::vector<std::string> commandNames()
-{
-    std::vector<std::string> names;
-    const std::unique_ptr<AcEdCommandIterator> walk(acedRegCmds->iterator());
-    for (; !walk->done(); walk->next()) {
-        const std::wstring name = walk->command()->globalName();
-        if (name == L"DELAY" || name == L"PLOT") continue; // slow, and PLOT is among the pieces
-        names.emplace_back(name.begin(), name.end());
-    }
-    return names;
-}
-
-const std::string& anyOf(Random& random, const std::vector<std::string>& all)
-{
-    return all[random() % all.size()];
-}
-
-std::string noise(Random& random)
-{
-    std::string text;
-    for (auto count = 1 + random() % 12; count > 0; --count) {
-        const auto c = static_cast<char>(random());
-        // No other folder, no end of the line.
-        if (c != '/' && c != '\\' && c != '\n' && c != ':') text += c;
-    }
-    return text;
-}
-
-std::string number(Random& random)
-{
-    static const std::vector<std::string> odd = {"0",   "-1",          "1e308", "-1e-308", "nan",
-                                                 "inf", "99999999999", ".",     "1'6\""};
-    return random() % 2 ? anyOf(random, odd) : std::to_string(static_cast<int>(random() % 2000) - 1000);
-}
-
-/// What commands ask for, and what none of them takes.
-const std::vector<std::string> words = {"?",
-                                        "Y",
-                                        "N",
-                                        "ALL",
-                                        "L",
-                                        "P",
-                                        "W",
-                                        "C",
-                                        "E",
-                                        "S",
-                                        "M",
-                                        "*",
-                                        "\"",
-                                        "\"a b",
-                                        "(",
-                                        ")",
-                                        "(setq a",
-                                        "(command",
-                                        "!a",
-                                        "'ZOOM",
-                                        "@",
-                                        "@1<45",
-                                        "<90",
-                                        ".xy",
-                                        "^C",
-                                        "\x1b",
-                                        ",",
-                                        "end",
-                                        "a.dxf",
-                                        "x.scr",
-                                        "LTSCALE",
-                                        "OSMODE",
-                                        "0",
-                                        "Layer1",
-                                        "red",
-                                        "_",
-                                        ".",
-                                        "-",
-                                        "'",
-                                        "(getvar \"OSMODE\")",
-                                        "(/ 1 0)",
-                                        "(car",
-                                        "\xE5\x9B\xBE",
-                                        "(command \"_.LINE\" \"0,0\" \"1,1\" \"\")",
-                                        "\t",
-                                        ""};
-
-std::string piece(Random& random, const std::vector<std::string>& commands)
-{
-    switch (random() % 8) {
-    case 0:
-        return noise(random);
-    case 1:
-        return number(random) + "," + number(random) + (random() % 2 ? "," + number(random) : "");
-    case 2:
-        return number(random);
-    case 3:
-    case 4:
-        return (random() % 4 ? "" : anyOf(random, {"_", ".", "'", "-", "_."})) + anyOf(random, commands);
-    default:
-        return random() % 300 ? anyOf(random, words) : "PLOT Model a.svg ";
-    }
-}
-
-std::string randomLine(Random& random, const std::vector<std::string>& commands)
-{
-    std::string line;
-    for (auto count = 1 + random() % 9; count > 0; --count)
-        line += piece(random, commands) + (random() % 9 ? " " : "");
-    return line;
-}
+using fuzz::Random;
 
 void type(const std::string& line)
 {
@@ -150,24 +48,96 @@ const char* leftBehind()
     return nullptr;
 }
 
-/// Lines open drawings; few of them are enough.
+void add(AcDbBlockTableRecord& block, std::initializer_list<AcDbEntity*> entities)
+{
+    for (AcDbEntity* entity : entities) {
+        block.appendAcDbEntity(entity);
+        entity->close();
+    }
+}
+
+AcDbObjectId addDoor(AcDbDatabase& drawing)
+{
+    AcDbObjectPointer<AcDbBlockTableRecord> block;
+    block.create();
+    block->setName(L"Door");
+    AcDbObjectId id;
+    AcDbBlockTablePointer(&drawing, AcDb::kForWrite)->add(id, block.object());
+    add(*block, {new AcDbLine({0, 0, 0}, {1, 0, 0}), new AcDbArc({0, 0, 0}, 1, 0, 1.5),
+                 new AcDbAttributeDefinition({0, 1, 0}, L"wood", L"KIND", L"Kind")});
+    return id;
+}
+
+AcDbPolyline* newOutline()
+{
+    auto* outline = new AcDbPolyline;
+    for (unsigned i = 0; i < 4; ++i)
+        outline->addVertexAt(i, {i % 3 ? 10.0 : 0.0, i / 2 * 8.0}, i == 2 ? 0.5 : 0.0);
+    outline->setClosed(true);
+    return outline;
+}
+
+/// A drawing with something to change in it.
+void newDrawing()
+{
+    acDocManager->appContextNewDocument(nullptr);
+    AcApDocument* document = acDocManager->curDocument();
+    acDocManager->lockDocument(document);
+    AcDbDatabase& drawing = *document->database();
+    const AcDbObjectId door = addDoor(drawing);
+    add(*AcDbObjectPointer<AcDbBlockTableRecord>(drawing.modelSpaceId(), AcDb::kForWrite),
+        {newOutline(), new AcDbBlockReference({3, 0, 0}, door), new AcDbText({1, 1, 0}, L"room")});
+    acDocManager->unlockDocument(document);
+}
+
+/// Whether copies have filled the drawing.
+bool isLarge(const AcApDocument& document)
+{
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(document.database()->currentSpaceId());
+    return space.openStatus() == Acad::eOk && space->entityIds().size() > 1000;
+}
+
+/// Lines open drawings and fill them; few of them are enough.
 void keepFew()
 {
-    if (acDocManager->documentCount() > 8) documents::closeAll();
-    if (acDocManager->documentCount() == 0) acDocManager->appContextNewDocument(nullptr);
+    const AcApDocument* current = acDocManager->curDocument();
+    if (acDocManager->documentCount() > 8 || (current && isLarge(*current))) documents::closeAll();
+    if (acDocManager->documentCount() == 0) newDrawing();
+}
+
+bool tell(int number, const char* fault, const std::string& line)
+{
+    std::printf("line %d: %s: %s\n", number, fault, line.c_str());
+    return false;
+}
+
+/// True when a line did no harm; tells of it otherwise.
+bool passes(int number, const std::string& line, bool isUndone)
+{
+    if (!isUndone) {
+        type(line);
+        const char* left = leftBehind();
+        return !left || tell(number, left, line);
+    }
+    fuzz::UndoneLine undone;
+    type(line);
+    const char* left = leftBehind();
+    if (left) return tell(number, left, line);
+    const std::string fault = undone.fault();
+    return fault.empty() || tell(number, fault.c_str(), line);
 }
 
 int typeAll(int count, Random& random)
 {
-    const std::vector<std::string> commands = commandNames();
+    const std::vector<std::string> commands = fuzz::commandNames();
+    const char* const last = std::getenv("FUZZ_LAST"); // the file for a line that crashes
     for (int i = 0; i < count; ++i) {
         keepFew();
-        const std::string line = randomLine(random, commands);
-        type(line);
-        if (const char* left = leftBehind()) {
-            std::printf("line %d: %s: %s\n", i, left, line.c_str());
-            return 1;
-        }
+        const std::string line = fuzz::randomLine(random, commands);
+        if (last) std::ofstream(last, std::ios::binary) << line;
+        // The mark is gone, or another one, when the line undoes steps itself.
+        const bool isUndone = random() % 4 == 0 && line.find("UNDO") == std::string::npos;
+        if (!passes(i, line, isUndone)) return 1;
     }
     documents::closeAll();
     return 0;
