@@ -20,6 +20,25 @@
 
 namespace
 {
+/// Which objects are the marks of a block: no part of the state of its record.
+class MarksEdit final : public UndoEdit
+{
+public:
+    explicit MarksEdit(AcDbBlockTableRecord& block)
+        : mBlock(block), mBegin(BlockAccess::begin(block)), mEnd(BlockAccess::end(block))
+    {
+    }
+    void exchange(AcDbDatabase&) override
+    {
+        std::swap(BlockAccess::begin(mBlock), mBegin);
+        std::swap(BlockAccess::end(mBlock), mEnd);
+    }
+
+private:
+    AcDbBlockTableRecord& mBlock;
+    AcDbObjectId mBegin, mEnd;
+};
+
 std::unique_ptr<AcDbObject> makeLike(const AcDbObject& original)
 {
     if (AcDbProxyEntity::cast(&original)) return std::make_unique<AcDbProxyEntity>(original.dxfRecordName());
@@ -29,9 +48,10 @@ std::unique_ptr<AcDbObject> makeLike(const AcDbObject& original)
 
 void eraseStub(AcDbObjectId id)
 {
-    if (id.isNull()) return;
+    AcDbStub* stub = id;
+    if (!stub || stub->erased) return;
     undo::willErase(id);
-    static_cast<AcDbStub*>(id)->erased = true;
+    stub->erased = true;
 }
 
 /// What is left of a dictionary or extension dictionary whose place another one takes.
@@ -191,6 +211,7 @@ void CopySession::takeState(AcDbObject& existing, AcDbObject& fresh)
     eraseStub(existing.extensionDictionary());
     if (auto* block = AcDbBlockTableRecord::cast(&existing)) {
         BlockAccess::takeRecord(*block, static_cast<const AcDbBlockTableRecord&>(fresh));
+        DbObjectAccess::note(*block, [&] { return std::make_unique<MarksEdit>(*block); });
         eraseStub(BlockAccess::begin(*block));
         eraseStub(BlockAccess::end(*block));
     } else {

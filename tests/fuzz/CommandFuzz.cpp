@@ -1,6 +1,7 @@
-// fuzz_commands LINES SEED: types random lines at the command prompt, each as a script of its own. Exit
-// status 1 when one leaves an object open, a lock, waiting keys or result buffers, or when undo and redo do
-// not give a drawing back as it was; that of the crash when one crashes.
+// fuzz_commands LINES SEED [UNDONE]: types random lines at the command prompt, each as a script of its own.
+// Of UNDONE lines one is taken back and done again; 0, the default, is none. Exit status 1 when a line leaves
+// an object open, a lock, waiting keys or result buffers, or when taking it back does not give the drawing
+// back as it was; that of the crash when one crashes.
 
 #include "CommandLines.h"
 #include "CommandRunner.h"
@@ -127,7 +128,13 @@ bool passes(int number, const std::string& line, bool isUndone)
     return fault.empty() || tell(number, fault.c_str(), line);
 }
 
-int typeAll(int count, Random& random)
+/// Saving waits for the disk, when there is one.
+fs::path memoryFolder()
+{
+    return fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
+}
+
+int typeAll(int count, unsigned undone, Random& random)
 {
     const std::vector<std::string> commands = fuzz::commandNames();
     const char* const last = std::getenv("FUZZ_LAST"); // the file for a line that crashes
@@ -136,7 +143,7 @@ int typeAll(int count, Random& random)
         const std::string line = fuzz::randomLine(random, commands);
         if (last) std::ofstream(last, std::ios::binary) << line;
         // The mark is gone, or another one, when the line undoes steps itself.
-        const bool isUndone = random() % 4 == 0 && line.find("UNDO") == std::string::npos;
+        const bool isUndone = undone && random() % undone == 0 && line.find("UNDO") == std::string::npos;
         if (!passes(i, line, isUndone)) return 1;
     }
     documents::closeAll();
@@ -146,8 +153,8 @@ int typeAll(int count, Random& random)
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) return 1;
-    const fs::path folder = fs::temp_directory_path() / ("fuzz-commands-" + std::to_string(getpid()));
+    if (argc != 3 && argc != 4) return 1;
+    const fs::path folder = memoryFolder() / ("fuzz-commands-" + std::to_string(getpid()));
     fs::create_directories(folder);
     fs::current_path(folder); // what lines save stays there
     std::size_t shown = 0;
@@ -155,7 +162,8 @@ int main(int argc, char** argv)
     ed::setTypist(scripts::nextLine);
     Random random(static_cast<unsigned>(std::atoi(argv[2])));
     const std::int64_t buffers = live::resbufs();
-    int status = typeAll(std::atoi(argv[1]), random);
+    const auto undone = static_cast<unsigned>(argc > 3 ? std::atoi(argv[3]) : 0);
+    int status = typeAll(std::atoi(argv[1]), undone, random);
     if (live::resbufs() != buffers)
         status = 1, std::printf("%d result buffers are left\n", int(live::resbufs() - buffers));
     std::printf("%s lines, %zu characters shown\n", argv[1], shown);

@@ -5,6 +5,9 @@
 #include "dbents.h"
 #include "dbobjptr.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace
 {
 class InsertCommand : public headless::EditorTest
@@ -83,6 +86,37 @@ TEST_F(InsertCommand, StarInsertsThePieces)
     run(L"INSERT *DOOR 10,0 2 0\n");
     ASSERT_EQ(contents().size(), 2u);
     EXPECT_EQ(AcDbObjectPointer<AcDbLine>(contents()[0])->endPoint(), AcGePoint3d(14, 0, 0));
+}
+
+TEST_F(InsertCommand, RedefinedBlockComesBackWithItsMarks)
+{
+    using Ids = std::vector<AcDbObjectId>;
+    // The marks of the block that are not erased, and its entities.
+    const auto parts = [&] {
+        const AcDbObjectPointer<AcDbBlockTableRecord> door(mDoor);
+        AcDbBlockBegin* begin = nullptr;
+        AcDbBlockEnd* end = nullptr;
+        Ids living;
+        if (door->openBlockBegin(begin, AcDb::kForRead) == Acad::eOk)
+            living.push_back(begin->objectId()), begin->close();
+        if (door->openBlockEnd(end, AcDb::kForRead) == Acad::eOk)
+            living.push_back(end->objectId()), end->close();
+        const Ids& all = door->entityIds();
+        std::copy_if(all.begin(), all.end(), std::back_inserter(living),
+                     [](AcDbObjectId id) { return !id.isErased(); });
+        return living;
+    };
+    run(L"WBLOCK " + mPath + L" DOOR\n");
+    const Ids before = parts();
+    run(L"INSERT DOOR=" + mPath + L" 0,0 1 1 0\n8\n");
+    const Ids after = parts();
+    EXPECT_EQ(before.size(), 4u); // two marks, the line, the attribute's definition
+    EXPECT_EQ(after.size(), 4u);
+    EXPECT_NE(after, before);
+    run(L"U\n");
+    EXPECT_EQ(parts(), before);
+    run(L"REDO\n");
+    EXPECT_EQ(parts(), after);
 }
 
 TEST_F(InsertCommand, FileBecomesABlockScaledByItsUnits)
