@@ -4,6 +4,7 @@
 #include "dbdatabase.h"
 #include "dbents.h"
 #include "dbidmap.h"
+#include "dbpl.h"
 
 #include <benchmark/benchmark.h>
 
