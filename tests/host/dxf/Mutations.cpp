@@ -36,7 +36,7 @@ void flipBytes(std::string& file, Random& random)
 void changeLines(std::string& file, Random& random)
 {
     std::vector<std::string> lines = linesOf(file);
-    for (auto i = 1 + below(random, 4); i > 0; --i) {
+    for (auto i = 1 + below(random, 4); i > 0 && lines.size() > 1; --i) {
         const auto at = lines.begin() + static_cast<std::ptrdiff_t>(below(random, lines.size() - 1));
         if (random() % 3 == 0)
             lines.erase(at);
