@@ -171,10 +171,11 @@ void CopySession::addPart(AcDbObjectId part, AcDbObjectId owner, Place place)
 void CopySession::addParts(AcDbObject& original, AcDbObjectId copy)
 {
     if (auto* block = AcDbBlockTableRecord::cast(&original)) {
-        addPart(BlockAccess::begin(*block), copy);
+        const bool keepsMarks = residentObject(copy) != nullptr; // a block with new contents
+        if (!keepsMarks) addPart(BlockAccess::begin(*block), copy);
         for (const AcDbObjectId id : block->entityIds())
             addPart(id, copy, Place::entity);
-        addPart(BlockAccess::end(*block), copy);
+        if (!keepsMarks) addPart(BlockAccess::end(*block), copy);
     }
     auto* entity = AcDbEntity::cast(&original);
     const DbSubentities* list = entity ? entity->subentities() : nullptr;

@@ -20,25 +20,6 @@
 
 namespace
 {
-/// Which objects are the marks of a block: no part of the state of its record.
-class MarksEdit final : public UndoEdit
-{
-public:
-    explicit MarksEdit(AcDbBlockTableRecord& block)
-        : mBlock(block), mBegin(BlockAccess::begin(block)), mEnd(BlockAccess::end(block))
-    {
-    }
-    void exchange(AcDbDatabase&) override
-    {
-        std::swap(BlockAccess::begin(mBlock), mBegin);
-        std::swap(BlockAccess::end(mBlock), mEnd);
-    }
-
-private:
-    AcDbBlockTableRecord& mBlock;
-    AcDbObjectId mBegin, mEnd;
-};
-
 std::unique_ptr<AcDbObject> makeLike(const AcDbObject& original)
 {
     if (AcDbProxyEntity::cast(&original)) return std::make_unique<AcDbProxyEntity>(original.dxfRecordName());
@@ -211,9 +192,6 @@ void CopySession::takeState(AcDbObject& existing, AcDbObject& fresh)
     eraseStub(existing.extensionDictionary());
     if (auto* block = AcDbBlockTableRecord::cast(&existing)) {
         BlockAccess::takeRecord(*block, static_cast<const AcDbBlockTableRecord&>(fresh));
-        DbObjectAccess::note(*block, [&] { return std::make_unique<MarksEdit>(*block); });
-        eraseStub(BlockAccess::begin(*block));
-        eraseStub(BlockAccess::end(*block));
     } else {
         filing::assign(existing, fresh);
     }
@@ -268,8 +246,10 @@ void CopySession::finishBlock(AcDbBlockTableRecord& copy, const Planned& one)
 {
     constexpr int anonymous = 1;
     auto& original = static_cast<AcDbBlockTableRecord&>(*one.original);
-    BlockAccess::begin(copy) = copyOf(BlockAccess::begin(original));
-    BlockAccess::end(copy) = copyOf(BlockAccess::end(original));
+    if (one.place != Place::replaced) {
+        BlockAccess::begin(copy) = copyOf(BlockAccess::begin(original));
+        BlockAccess::end(copy) = copyOf(BlockAccess::end(original));
+    }
     if (!copy.isLayout()) copy.setOrigin(original.origin());
     copy.setComments(BlockAccess::comments(original));
     copy.setPathName(BlockAccess::pathName(original));

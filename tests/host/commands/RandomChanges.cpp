@@ -42,6 +42,11 @@ const std::vector<RandomChanges::Change>& RandomChanges::all()
         {"dimension", &RandomChanges::dimension},   {"order", &RandomChanges::reorder},
         {"extension", &RandomChanges::extend},      {"copy", &RandomChanges::copyEntities},
         {"transaction", &RandomChanges::transact},  {"cancel", &RandomChanges::cancelChange},
+        {"insert", &RandomChanges::typeInsert},     {"wblock", &RandomChanges::typeWblock},
+        {"merge", &RandomChanges::mergeDrawings},   {"pieces", &RandomChanges::insertInPieces},
+        {"image", &RandomChanges::changeImage},     {"wipeout", &RandomChanges::placeWipeout},
+        {"valve", &RandomChanges::changeValve},     {"call", &RandomChanges::insertByCall},
+        {"file", &RandomChanges::insertFile},
     };
     return changes;
 }

@@ -2,6 +2,7 @@
 
 /// Changes of every kind to a drawing, drawn at random.
 
+#include "../db/FiledClasses.h"
 #include "EditorFixture.h"
 
 #include <random>
@@ -58,6 +59,20 @@ private:
     void transact();
     void cancelChange();
 
+    // RandomObjects.cpp
+    AcDbDatabase& side();
+    void insertByCall();
+    void typeInsert();
+    void insertFile();
+    void typeWblock();
+    void mergeDrawings();
+    void insertInPieces();
+    void changeImage();
+    void placeWipeout();
+    void changeValve();
+
+    FiledClasses mClasses;
     std::mt19937 mRandom;
     int mNames = 0;
+    std::unique_ptr<AcDbDatabase> mSide;
 };

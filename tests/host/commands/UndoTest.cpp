@@ -1,17 +1,16 @@
 /// U, UNDO, REDO and MREDO.
 
+#include "DrawingText.h"
 #include "RandomChanges.h"
 
 #include "actrans.h"
 #include "dbents.h"
 #include "dbobjptr.h"
 
-#include <filesystem>
-#include <fstream>
-
 namespace
 {
-namespace fs = std::filesystem;
+using drawingtext::difference;
+using drawingtext::linesOf;
 
 class UndoCommand : public headless::EditorTest
 {
@@ -37,43 +36,6 @@ protected:
         return value.resval.rint;
     }
 };
-
-/// Where files cost no waiting for a disk: saving flushes them.
-fs::path folderInMemory()
-{
-    return fs::exists("/dev/shm") ? fs::path("/dev/shm") : fs::temp_directory_path();
-}
-
-/// The drawing as a file, without the next handle: handles are never given out again.
-std::vector<std::string> linesOf(AcDbDatabase& database)
-{
-    const fs::path path = folderInMemory() / ("undo" + std::to_string(GetCurrentProcessId()) + ".dxf");
-    EXPECT_EQ(database.saveAs(path.wstring().c_str()), Acad::eOk);
-    std::vector<std::string> lines;
-    std::ifstream file(path);
-    for (std::string line; std::getline(file, line);) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        lines.push_back(line);
-        if (line != "$HANDSEED") continue;
-        std::getline(file, line);
-        std::getline(file, line);
-    }
-    fs::remove(path);
-    return lines;
-}
-
-/// Nothing when they are the same, else the first lines that differ, with some before them.
-std::string difference(const std::vector<std::string>& a, const std::vector<std::string>& b)
-{
-    const auto at = std::mismatch(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(std::min(a.size(), b.size())),
-                                  b.begin());
-    if (at.first == a.end() && at.second == b.end()) return {};
-    std::string text;
-    const auto from = static_cast<std::size_t>(std::max<std::ptrdiff_t>(at.first - a.begin() - 30, 0));
-    for (std::size_t i = from; i < from + 40; ++i)
-        text += (i < a.size() ? a[i] : "") + " | " + (i < b.size() ? b[i] : "") + "\n";
-    return text;
-}
 } // namespace
 
 TEST_F(UndoCommand, EachCommandIsAStepWithItsName)
