@@ -149,8 +149,9 @@ Outcome startOther(const std::wstring& word)
 {
     if (const std::optional<Outcome> outcome = ed::callLispCommand(word)) return *outcome;
     documents::current()->input.forgetCancel();
-    const ed::OtherStep step(ed::upperCase(word));
+    ed::OtherStep step(ed::upperCase(word));
     if (!ed::promptForVariable(word)) return refuse(word);
+    step.count();
     if (documents::current()->input.lastWasCancel()) {
         ed::print(L"*Cancel*\n");
         return Outcome::cancelled;

@@ -67,6 +67,9 @@ OtherStep::OtherStep(const std::wstring& name) : mDocument(acDocManager->curDocu
 
 OtherStep::~OtherStep()
 {
-    if (AcDbDatabase* database = databaseOf(mDocument)) undo::historyOf(*database).separate(L"");
+    AcDbDatabase* database = databaseOf(mDocument);
+    if (!database) return;
+    if (mCounts) undo::historyOf(*database).endStep();
+    undo::historyOf(*database).separate(L"");
 }
 } // namespace ed

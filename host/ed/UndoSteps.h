@@ -25,16 +25,19 @@ private:
     int mTransactionsBefore;
 };
 
-/// While it lives, what is changed outside of commands is one step.
+/// While it lives, what is changed outside of commands is one step; nothing that is changed is none.
 class OtherStep
 {
 public:
     explicit OtherStep(const std::wstring& name);
     ~OtherStep();
+    /// Counts as a step also when nothing is changed, as commands do.
+    void count() { mCounts = true; }
     OtherStep(const OtherStep&) = delete;
     OtherStep& operator=(const OtherStep&) = delete;
 
 private:
     AcApDocument* mDocument;
+    bool mCounts = false;
 };
 } // namespace ed
