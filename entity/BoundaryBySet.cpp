@@ -14,7 +14,7 @@ namespace entity
 {
 namespace
 {
-constexpr const wchar_t* member = L"CArxEntity::CMakeEnt::MakeBoundary";
+constexpr const wchar_t* member = L"MakeBoundary";
 
 /// The entities of the current space that are younger than a moment.
 class YoungerEntities

@@ -79,7 +79,8 @@ int CArxEntity::CMakeEnt::MakeArc(const AcGePoint3d& p1, const AcGePoint3d& p2, 
     arc = nullptr;
     auto made = arcThrough(p1, p2, p3);
     AcDbObjectId id;
-    if (!CArxUtils::CUcsWcs::UcsToWcs(made.get()) || !CArxUtils::CDatabase::AddToDb(made.get(), id)) return 0;
+    if (!CArxUtils::CUcsWcs::UcsToWcs(made.get()) || !entity::isWithinNumbers(*made)) return 0;
+    if (!CArxUtils::CDatabase::AddToDb(made.get(), id)) return 0;
     arc = made.release();
     return 1;
 }

@@ -13,7 +13,7 @@
 
 namespace
 {
-constexpr const wchar_t* member = L"CArxEntity::CMakeEnt::MakeBoundary";
+constexpr const wchar_t* member = L"MakeBoundary";
 
 using Outlines = std::vector<std::unique_ptr<AcDbEntity>>;
 using Regions = std::vector<std::unique_ptr<AcDbRegion>>;

@@ -73,7 +73,7 @@ int addOrdinates(const AcGePoint3d& pt, AcDbObjectIdArray& ids, int side, double
                  int count)
 {
     CString member;
-    member.Format(L"CArxEntity::CMakeEnt::MakeCoordDim%d", count);
+    member.Format(L"MakeCoordDim%d", count);
     Look look;
     if (!(length > 0.0) || !findLook(look, style, member)) return 0;
     entity::Batch batch;

@@ -75,7 +75,7 @@ int addGroup(const CString& name, const AcDbObjectIdArray& ids, AcDbObjectId& id
     return 1;
 }
 
-constexpr const wchar_t* dissolver = L"CArxEntity::CMakeEnt::ExplodNoNameGroup";
+constexpr const wchar_t* dissolver = L"ExplodNoNameGroup";
 
 AcDbObjectIdArray anonymousGroups(const CString& name)
 {
@@ -97,12 +97,12 @@ int CArxEntity::CMakeEnt::MakeGroup(CGTStringW name, const AcDbObjectIdArray& id
 {
     constexpr bool withVerticalBar = false;
     const bool isName = acdbSymUtil()->validateSymbolName(name, withVerticalBar) == Acad::eOk;
-    return isName ? addGroup(name, ids, id, L"CArxEntity::CMakeEnt::MakeGroup") : 0;
+    return isName ? addGroup(name, ids, id, L"MakeGroup") : 0;
 }
 
 int CArxEntity::CMakeEnt::MakeNoNameGroup(const AcDbObjectIdArray& ids, AcDbObjectId& id)
 {
-    return addGroup(L"*A", ids, id, L"CArxEntity::CMakeEnt::MakeNoNameGroup");
+    return addGroup(L"*A", ids, id, L"MakeNoNameGroup");
 }
 
 int CArxEntity::CMakeEnt::ExplodNoNameGroup(CGTStringW name)

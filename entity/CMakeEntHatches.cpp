@@ -76,7 +76,7 @@ int CArxEntity::CMakeEnt::MakeHatch(AcDbObjectId boundary, CGTStringW pattern, d
 int CArxEntity::CMakeEnt::MakeHatchBoundary(AcDbObjectId hatchId, AcDbObjectIdArray& ids, int asRegions)
 {
     const AcDbObjectPointer<AcDbHatch> hatch(hatchId, AcDb::kForRead);
-    if (!entity::isOpen(hatch, L"CArxEntity::CMakeEnt::MakeHatchBoundary")) return 0;
+    if (!entity::isOpen(hatch, L"MakeHatchBoundary")) return 0;
     std::vector<std::unique_ptr<AcDbEntity>> outlines;
     for (int i = 0; i < hatch->numLoops(); ++i)
         if (!entity::appendOutlines(*hatch.object(), i, asRegions != 0, outlines)) return 0;

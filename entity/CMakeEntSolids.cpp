@@ -34,7 +34,7 @@ bool outlineOf(AcDbObjectId id, Outline& outline)
     AcGePlane plane;
     AcDb::Planarity planarity = AcDb::kNonPlanar;
     AcGePoint3dArray points;
-    if (!entity::isOpen(curve, L"CArxEntity::CMakeEnt::MakeSolid") || !curve->isClosed()) return false;
+    if (!entity::isOpen(curve, L"MakeSolid") || !curve->isClosed()) return false;
     if (curve->getPlane(plane, planarity) != Acad::eOk || planarity != AcDb::kPlanar) return false;
     if (!entity::sampleCurve(*curve.object(), points) || points.length() < 4) return false;
     points.removeLast(); // the first again

@@ -10,7 +10,7 @@ namespace
 {
 using StyleRecord = AcDbTextStyleTableRecord;
 
-constexpr const wchar_t* maker = L"CArxEntity::CMakeEnt::MakeTxtStyle";
+constexpr const wchar_t* maker = L"MakeTxtStyle";
 
 struct StyleData {
     CString font, bigFont; ///< files; empty for a typeface

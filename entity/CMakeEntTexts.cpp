@@ -14,7 +14,7 @@
 
 namespace
 {
-constexpr const wchar_t* copier = L"CArxEntity::CMakeEnt::CopyText";
+constexpr const wchar_t* copier = L"CopyText";
 
 /// How an alignment is said to texts and to multiline texts.
 struct Anchor {
@@ -112,7 +112,7 @@ double currentTextHeight()
     AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
     if (!database) return 0.0;
     const AcDbObjectPointer<AcDbTextStyleTableRecord> style(database->textstyle(), AcDb::kForRead);
-    const bool isOpen = entity::isOpen(style, L"CArxEntity::CMakeEnt::MakeText");
+    const bool isOpen = entity::isOpen(style, L"MakeText");
     const double fixed = isOpen ? style->textSize() : 0.0;
     return fixed > 0.0 ? fixed : database->textsize();
 }

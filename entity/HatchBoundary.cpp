@@ -85,9 +85,10 @@ Ends endsOf(const AcDbEntity& entity, AcGePoint3d& start, AcGePoint3d& end)
 {
     const AcDbCurve* const curve = AcDbCurve::cast(&entity);
     if (!curve) return Ends::none;
-    if (curve->isClosed()) return Ends::meet;
-    if (curve->getStartPoint(start) != Acad::eOk || curve->getEndPoint(end) != Acad::eOk) return Ends::none;
-    if (start.distanceTo(end) > EndChains::reach) return Ends::apart;
+    if (!curve->isClosed()) {
+        if (curve->getStartPoint(start) != Acad::eOk || curve->getEndPoint(end) != Acad::eOk) return Ends::none;
+        if (start.distanceTo(end) > EndChains::reach) return Ends::apart;
+    }
     double param = 0.0, length = 0.0;
     const bool isMeasured =
         curve->getEndParam(param) == Acad::eOk && curve->getDistAtParam(param, length) == Acad::eOk;
@@ -109,7 +110,7 @@ public:
     {
         if (!m_seen.insert(id).second) return true;
         const AcDbEntityPointer entity(id, AcDb::kForRead);
-        if (!isOpen(entity, L"CArxEntity::CMakeEnt::MakeHatch") || entity->blockId() != m_space) return false;
+        if (!isOpen(entity, L"MakeHatch") || entity->blockId() != m_space) return false;
         if (!isText(id)) m_plane.add(*entity.object());
         AcGePoint3d start, end;
         const Ends ends = endsOf(*entity.object(), start, end);

@@ -80,7 +80,7 @@ Ends endsOf(const AcGeCurve2d& edge)
 /// Ends that a file has at one place differ by rounding.
 bool meet(const AcGePoint2d& a, const AcGePoint2d& b)
 {
-    return a.distanceTo(b) <= 1e-6 * (1.0 + a.asVector().length());
+    return a.distanceTo(b) <= 1e-6 + 1e-10 * a.asVector().length();
 }
 
 /// Turns the edges of a closed chain so that each starts where the one before it ends. False for others.

@@ -21,7 +21,7 @@ public:
     {
         for (const AcDbObjectId& id : ids) {
             const AcDbEntityPointer entity(id, AcDb::kForRead);
-            if (isOpen(entity, L"CArxEntity::CMakeEnt::MakeHatch")) add(*entity.object());
+            if (isOpen(entity, L"MakeHatch")) add(*entity.object());
         }
     }
 

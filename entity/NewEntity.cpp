@@ -10,15 +10,14 @@
 
 namespace entity
 {
-namespace
-{
-/// Coordinates that each can be held make sums that cannot, in turned systems or as ends of lengths.
 bool isWithinNumbers(const AcDbEntity& entity)
 {
     AcDbExtents box;
-    return entity.getGeomExtents(box) != Acad::eOk || (isFinite(box.minPoint()) && isFinite(box.maxPoint()));
+    const Acad::ErrorStatus status = entity.getGeomExtents(box);
+    // Others have none to measure: a text without letters.
+    if (status != Acad::eOk) return status != Acad::eInvalidExtents;
+    return isFinite(box.minPoint()) && isFinite(box.maxPoint());
 }
-} // namespace
 
 bool isFinite(const AcGePoint3d& point)
 {

@@ -30,6 +30,10 @@ bool setLayer(AcDbEntity& entity, const CString& layer);
 /// Whether all coordinates of a point are numbers.
 bool isFinite(const AcGePoint3d& point);
 
+/// Whether an entity reaches no further than numbers do. Coordinates that each can be held make sums that cannot, in
+/// turned systems or as ends of lengths.
+bool isWithinNumbers(const AcDbEntity& entity);
+
 /// Adds an entity that has world coordinates to the current space and closes it. 0 when that fails, and for
 /// an entity that reaches out of all numbers: it is deleted then and `id` is unchanged.
 int addInWorld(std::unique_ptr<AcDbEntity> entity, AcDbObjectId& id);

@@ -26,9 +26,13 @@ int appendEnds(const AcDbCurve& curve, AcGePoint3dArray& points)
 
 int appendControlPoints(const AcDbSpline& spline, AcGePoint3dArray& points)
 {
+    const int before = points.length();
     for (int i = 0; i < spline.numControlPoints(); ++i) {
         AcGePoint3d point;
-        if (spline.getControlPointAt(i, point) != Acad::eOk) return 0;
+        if (spline.getControlPointAt(i, point) != Acad::eOk) {
+            points.setLogicalLength(before);
+            return 0;
+        }
         points.append(point);
     }
     return points.length() > 1;

@@ -119,14 +119,15 @@ TEST_F(MakersOfTexts, TablesThatSomebodyHoldsTakeNothing)
     EXPECT_EQ(style(L"HELD"), 1);
 }
 
-/// Whether the box of every entity that has one is made of numbers.
+/// Whether the box of every entity is made of numbers.
 bool hasNumbersOnly(AcDbDatabase& drawing)
 {
     const AcDbObjectPointer<AcDbBlockTableRecord> space(drawing.modelSpaceId(), AcDb::kForRead);
     for (const AcDbObjectId& id : space->entityIds()) {
         AcDbExtents box;
         const AcDbEntityPointer entity(id, AcDb::kForRead);
-        if (entity.openStatus() != Acad::eOk || entity->getGeomExtents(box) != Acad::eOk) continue;
+        if (entity.openStatus() != Acad::eOk) continue;
+        if (entity->getGeomExtents(box) != Acad::eOk) return false;
         for (const AcGePoint3d& corner : {box.minPoint(), box.maxPoint()})
             if (!std::isfinite(corner.x) || !std::isfinite(corner.y) || !std::isfinite(corner.z))
                 return false;
@@ -158,6 +159,7 @@ TEST_F(MakersOfTexts, HugeNumbersAreRefusedOrMakeASoundDrawing)
                 << call.name << ' ' << huge;
         }
     }
+    EXPECT_TRUE(hasNumbersOnly(*database()));
     SavedEntities saved(*database());
     EXPECT_FALSE(saved.drawing().needsRecovery());
     EXPECT_TRUE(hasNumbersOnly(saved.drawing()));

@@ -7,8 +7,8 @@
 
 #include "acdbads.h"
 
+#include <algorithm>
 #include <array>
-#include <fstream>
 
 namespace
 {
@@ -225,10 +225,16 @@ TEST_F(ShapeInputTest, NumbersThatAreNotFiniteAreRefusedInEveryPlace)
     }
 }
 
-std::string contentsOf(const std::filesystem::path& path)
+/// How many entities of model space reach to where there are no numbers.
+int unmeasurable(AcDbDatabase& drawing)
 {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
+    const AcDbObjectPointer<AcDbBlockTableRecord> space(drawing.modelSpaceId(), AcDb::kForRead);
+    const std::vector<AcDbObjectId>& ids = space->entityIds();
+    return static_cast<int>(std::count_if(ids.begin(), ids.end(), [](AcDbObjectId id) {
+        AcDbExtents box;
+        const AcDbEntityPointer entity(id, AcDb::kForRead);
+        return entity.openStatus() == Acad::eOk && entity->getGeomExtents(box) != Acad::eOk;
+    }));
 }
 
 TEST_F(ShapeInputTest, HugeNumbersAreRefusedOrMakeASoundDrawing)
@@ -242,13 +248,13 @@ TEST_F(ShapeInputTest, HugeNumbersAreRefusedOrMakeASoundDrawing)
                 Numbers numbers = maker.good;
                 numbers[place] = huge;
                 call(maker, numbers);
+                // Two of them overflow where they are turned into the world.
+                if (place + 1 < numbers.size()) numbers[place + 1] = huge;
+                call(maker, numbers);
+                ASSERT_EQ(unmeasurable(*database()), 0);
             }
     const std::filesystem::path path = folder.file("huge.dxf");
     ASSERT_EQ(database()->saveAs(path.wstring().c_str()), Acad::eOk);
-    const std::string text = contentsOf(path);
-    for (const char* word : {"nan\n", "inf\n"})
-        EXPECT_EQ(text.find(word), std::string::npos)
-            << word << text.substr(std::max<std::size_t>(text.find(word), 300) - 300, 300);
     AcDbDatabase again(false);
     ASSERT_EQ(again.readDwgFile(path.wstring().c_str()), Acad::eOk);
     EXPECT_FALSE(again.needsRecovery());

@@ -241,6 +241,23 @@ TEST_F(ShapeRefusedTest, CurvesWithoutInsideAreNotFilled)
         {{"a hatch without loops", [&](Results& r) { return CMakeEnt::MakeHatchBoundary(hatch, r.ids); }}});
 }
 
+TEST_F(ShapeRefusedTest, ClosedCurvesAsGoodAsPointsBoundNothing)
+{
+    AcDbObjectId point, circle, hatch;
+    ASSERT_EQ(CMakeEnt::MakePline(pointList({{1, 1, 0}, {1, 1, 0}, {1, 1, 0}}), point, 1), 1);
+    ASSERT_EQ(CMakeEnt::MakeCircle({0, 0, 0}, 5.0, circle), 1);
+    AcDbObjectIdArray both, alone;
+    alone.append(point);
+    both.append(point);
+    both.append(circle);
+    EXPECT_EQ(CMakeEnt::MakeHatch(alone, hatch, L"SOLID", 1.0, 0.0), 0);
+    ASSERT_EQ(CMakeEnt::MakeHatch(both, hatch, L"SOLID", 1.0, 0.0), 1);
+    double area = 0.0;
+    const AcDbObjectPointer<AcDbHatch> made(hatch, AcDb::kForRead);
+    ASSERT_EQ(made->getArea(area), Acad::eOk);
+    EXPECT_NEAR(area, 25.0 * kPi, 1e-9);
+}
+
 TEST_F(ShapeRefusedTest, HatchesOfBadPatternsAndListsAreRefused)
 {
     AcDbObjectId raised, tilted;
