@@ -157,7 +157,7 @@ public:
     /// An associative hatch over closed curves, regions, and open curves that make closed chains (ends
     /// within a millionth of a unit meet); what lies inside of another is an island, islands in islands are
     /// filled again; the frames of texts and multiline texts are left out of what is filled. An id that is
-    /// there twice counts once, texts beside what is filled and curves as good as points do not count.
+    /// there twice counts once, texts beside what is filled and curves as good as points or lines do not count.
     /// `pattern` is a standard pattern or "SOLID" in any case of letters, `scale` (above 0) enlarges it,
     /// `angle` turns it from the user's X axis. The hatch lies in the plane of its boundary, its draw order
     /// is the newest. 0, and nothing is added, for an empty list, chains that stay open, entities out of one

@@ -1,5 +1,6 @@
 #include "HatchBoundary.h"
 
+#include "CurveSamples.h"
 #include "dbapserv.h"
 #include "dbcurve.h"
 #include "dbmtext.h"
@@ -9,6 +10,7 @@
 #include "LoopNesting.h"
 #include "OpenReport.h"
 
+#include <algorithm>
 #include <set>
 
 namespace entity
@@ -78,9 +80,28 @@ private:
     bool m_isKnown = false;
 };
 
+/// Whether a curve of a length runs there and back on one line. Bends that its chords pass over make it longer.
+bool isStraight(const AcDbCurve& curve, double length)
+{
+    AcGePoint3dArray points;
+    if (!sampleCurve(curve, points) || points.isEmpty()) return false;
+    AcGeVector3d along;
+    double ofChords = 0.0;
+    for (int i = 1; i < points.length(); ++i) {
+        ofChords += points[i].distanceTo(points[i - 1]);
+        if ((points[i] - points[0]).length() > along.length()) along = points[i] - points[0];
+    }
+    if (length > (1.0 + 1e-9) * ofChords) return false;
+    const double least = EndChains::reach * along.length();
+    return std::all_of(points.begin(), points.end(), [&](const AcGePoint3d& point) {
+        return along.crossProduct(point - points[0]).length() <= least;
+    });
+}
+
 enum class Ends { none, meet, apart, tooNear };
 
-/// What the ends of an entity do: those of curves that are as good as points are too near to bound anything.
+/// What the ends of an entity do: those of curves that are as good as points or lines are too near to bound
+/// anything.
 Ends endsOf(const AcDbEntity& entity, AcGePoint3d& start, AcGePoint3d& end)
 {
     const AcDbCurve* const curve = AcDbCurve::cast(&entity);
@@ -92,7 +113,7 @@ Ends endsOf(const AcDbEntity& entity, AcGePoint3d& start, AcGePoint3d& end)
     double param = 0.0, length = 0.0;
     const bool isMeasured =
         curve->getEndParam(param) == Acad::eOk && curve->getDistAtParam(param, length) == Acad::eOk;
-    return isMeasured && length > 2.0 * EndChains::reach ? Ends::meet : Ends::tooNear;
+    return isMeasured && length > 2.0 * EndChains::reach && !isStraight(*curve, length) ? Ends::meet : Ends::tooNear;
 }
 
 bool isText(AcDbObjectId id)

@@ -9,35 +9,9 @@
 
 namespace
 {
-AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
-{
-    AcDbObjectIdArray list;
-    for (const AcDbObjectId& id : ids)
-        list.append(id);
-    return list;
-}
-
 class MakeBoundaryBySet : public EntityTest
 {
 protected:
-    AcDbObjectId rectangle(double x0, double y0, double x1, double y1)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeRect({x0, y0, 0}, {x1, y1, 0}, id), 1);
-        return id;
-    }
-    AcDbObjectId circle(double x, double y, double r)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeCircle({x, y, 0}, r, id), 1);
-        return id;
-    }
-    static double areaOf(AcDbObjectId region)
-    {
-        double area = -1.0;
-        Open<AcDbRegion>(region)->getArea(area);
-        return area;
-    }
     /// Runs a maker as a command with the set of some entities.
     int among(const AcDbObjectIdArray& candidates, const std::function<int(const ads_name)>& maker)
     {

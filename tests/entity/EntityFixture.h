@@ -5,9 +5,29 @@
 #include "QmCADLib.h"
 
 #include "acedads.h"
+#include "dbhatch.h"
+#include "dbregion.h"
 #include "DrawingTest.h"
 
 #include <limits>
+
+using CMakeEnt = CArxEntity::CMakeEnt;
+
+inline AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
+{
+    AcDbObjectIdArray list;
+    for (const AcDbObjectId& id : ids)
+        list.append(id);
+    return list;
+}
+
+inline AcGePoint3dArray pointList(std::initializer_list<AcGePoint3d> points)
+{
+    AcGePoint3dArray list;
+    for (const AcGePoint3d& point : points)
+        list.append(point);
+    return list;
+}
 
 /// Each test runs with its document locked, in the world's coordinates until it sets others.
 class EntityTest : public headless::DrawingTest
@@ -24,9 +44,39 @@ protected:
 
     template <class T>
     using Open = AcDbObjectPointer<T>;
+
+    // Figures in the plane of the user's coordinates.
+
+    AcDbObjectId line(double x0, double y0, double x1, double y1)
+    {
+        AcDbObjectId id;
+        EXPECT_EQ(CMakeEnt::MakeLine({x0, y0, 0}, {x1, y1, 0}, id), 1);
+        return id;
+    }
+    AcDbObjectId rectangle(double x0, double y0, double x1, double y1)
+    {
+        AcDbObjectId id;
+        EXPECT_EQ(CMakeEnt::MakeRect({x0, y0, 0}, {x1, y1, 0}, id), 1);
+        return id;
+    }
+    AcDbObjectId circle(double x, double y, double r)
+    {
+        AcDbObjectId id;
+        EXPECT_EQ(CMakeEnt::MakeCircle({x, y, 0}, r, id), 1);
+        return id;
+    }
+    /// Of a closed curve, a region or a hatch; -1 for others.
+    static double areaOf(AcDbObjectId id)
+    {
+        double area = -1.0;
+        const Open<AcDbEntity> entity(id);
+        if (const auto* curve = AcDbCurve::cast(entity.object())) curve->getArea(area);
+        if (const auto* region = AcDbRegion::cast(entity.object())) region->getArea(area);
+        if (const auto* hatch = AcDbHatch::cast(entity.object())) hatch->getArea(area);
+        return area;
+    }
 };
 
-using CMakeEnt = CArxEntity::CMakeEnt;
 
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();

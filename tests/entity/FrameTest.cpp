@@ -60,38 +60,11 @@ protected:
         curve->getDistAtParam(end, length);
         return length;
     }
-    static double areaOf(AcDbObjectId id)
-    {
-        double area = -1.0;
-        const Open<AcDbEntity> entity(id);
-        if (const auto* curve = AcDbCurve::cast(entity.object())) curve->getArea(area);
-        if (const auto* region = AcDbRegion::cast(entity.object())) region->getArea(area);
-        if (const auto* hatch = AcDbHatch::cast(entity.object())) hatch->getArea(area);
-        return area;
-    }
 
-    AcDbObjectId rectangle(double x0, double y0, double x1, double y1)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeRect({x0, y0, 0}, {x1, y1, 0}, id), 1);
-        return id;
-    }
-    AcDbObjectId circle(double x, double y, double r)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeCircle({x, y, 0}, r, id), 1);
-        return id;
-    }
     AcDbObjectId ellipse(double x, double y, double a, double b)
     {
         AcDbObjectId id;
         EXPECT_EQ(CMakeEnt::MakeEllipse({x, y, 0}, {1, 1, 0}, a, b, id), 1);
-        return id;
-    }
-    AcDbObjectId line(double x0, double y0, double x1, double y1)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeLine({x0, y0, 0}, {x1, y1, 0}, id), 1);
         return id;
     }
 
@@ -109,22 +82,6 @@ const Frame frames[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Frames, FrameTest, testing::ValuesIn(frames),
                          [](const testing::TestParamInfo<Frame>& info) { return info.param.name; });
-
-AcGePoint3dArray points(std::initializer_list<AcGePoint3d> list)
-{
-    AcGePoint3dArray array;
-    for (const AcGePoint3d& p : list)
-        array.append(p);
-    return array;
-}
-
-AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
-{
-    AcDbObjectIdArray list;
-    for (const AcDbObjectId& id : ids)
-        list.append(id);
-    return list;
-}
 
 TEST_P(FrameTest, LinesPointsAndSolidsKeepTheirCorners)
 {
@@ -190,7 +147,7 @@ TEST_P(FrameTest, RectanglesAndSplinesLieWhereTheyAreDrawn)
     expectAt(pointOf(rectangle, 0.25), {3, 4, 2});
     expectAt(pointOf(rectangle, 0.5), {-5, 10, 2});
     expectAt(pointOf(rectangle, 0.75), {-8, 6, 2});
-    const AcGePoint3dArray through = points({{0, 0, 0}, {4, 0, 1}, {4, 3, 2}, {9, 9, 0}});
+    const AcGePoint3dArray through = pointList({{0, 0, 0}, {4, 0, 1}, {4, 3, 2}, {9, 9, 0}});
     ASSERT_EQ(CMakeEnt::MakeSpline(through, spline), 1);
     for (const AcGePoint3d& p : through) {
         AcGePoint3d nearest;
@@ -310,7 +267,7 @@ TEST_P(FrameTest, OutlinesOfAHatchEncloseWhatItsLoopsDo)
 TEST_P(FrameTest, RegionsHaveTheirAreasAndCentroids)
 {
     // Corners (0, 0), (6, 0), (0, 3) at height 2: area 9, centroid (2, 1).
-    const std::unique_ptr<AcDbRegion> region(CMakeEnt::MakeRegion(points({{0, 0, 2}, {6, 0, 2}, {0, 3, 2}})));
+    const std::unique_ptr<AcDbRegion> region(CMakeEnt::MakeRegion(pointList({{0, 0, 2}, {6, 0, 2}, {0, 3, 2}})));
     ASSERT_TRUE(region);
     AcGePlane plane;
     ASSERT_EQ(region->getPlane(plane), Acad::eOk);
@@ -335,7 +292,7 @@ TEST_P(FrameTest, BoundariesFollowLinesArcsSplinesAndEllipses)
     line(0, 0, 4, 0);
     line(4, 0, 4, 4);
     AcDbObjectId spline, arc, outline;
-    ASSERT_EQ(CMakeEnt::MakeSpline(points({{5, 4, 0}, {3, 4, 0}, {1, 4, 0}, {-1, 4, 0}}), spline), 1);
+    ASSERT_EQ(CMakeEnt::MakeSpline(pointList({{5, 4, 0}, {3, 4, 0}, {1, 4, 0}, {-1, 4, 0}}), spline), 1);
     ASSERT_EQ(CMakeEnt::MakeEllipse({0, 2, 0}, {0, 1, 0}, 2.0, 1.0, arc, 0.0, kPi), 1);
     ASSERT_EQ(CMakeEnt::MakeBoundary({2, 2, 0}, outline, 0, 0), 1);
     EXPECT_TRUE(outline.objectClass()->isDerivedFrom(AcDbRegion::desc())) << "an ellipse is no polyline";
@@ -415,8 +372,8 @@ TEST_P(FrameTest, OneOfEachIsTheSameInASavedDrawing)
     red.setColorIndex(1);
     CMakeEnt::MakePoint({1, 2, 3}, id);
     CMakeEnt::MakeArc({20, 0, 0}, {21, 1, 0}, {20, 2, 0}, arc);
-    CMakeEnt::MakeSpline(points({{30, 0, 0}, {34, 0, 1}, {34, 3, 2}, {39, 9, 0}}), spline);
-    CMakeEnt::MakePline(points({{0, 0, 0}, {4, 0, 0}, {4, 3, 0}}), id, 1, 0.5);
+    CMakeEnt::MakeSpline(pointList({{30, 0, 0}, {34, 0, 1}, {34, 3, 2}, {39, 9, 0}}), spline);
+    CMakeEnt::MakePline(pointList({{0, 0, 0}, {4, 0, 0}, {4, 3, 0}}), id, 1, 0.5);
     CMakeEnt::MakeSolid({40, 0, 0}, {44, 0, 0}, {40, 3, 0}, id);
     const auto boundary = listOf({rectangle(0, 0, 10, 10), circle(5, 5, 4), ellipse(5, 5, 2, 1)});
     ASSERT_EQ(CMakeEnt::MakeHatch(boundary, hatch, L"ANSI31", 1.0, 0.3), 1);
@@ -424,7 +381,7 @@ TEST_P(FrameTest, OneOfEachIsTheSameInASavedDrawing)
     ASSERT_EQ(CMakeEnt::MakeHatchBoundary(hatch, ids, 1), 1);
     ASSERT_EQ(CMakeEnt::MakeBoundary({0.5, 0.5, 0}, outline, 1, 1), 1);
     ASSERT_EQ(CMakeEnt::MakeSolid(boundary[1], red, ids), 1);
-    std::unique_ptr<AcDbRegion> region(CMakeEnt::MakeRegion(points({{0, 0, 2}, {6, 0, 2}, {0, 3, 2}})));
+    std::unique_ptr<AcDbRegion> region(CMakeEnt::MakeRegion(pointList({{0, 0, 2}, {6, 0, 2}, {0, 3, 2}})));
     ASSERT_EQ(CArxUtils::CDatabase::AddToDb(region.get(), id), 1);
     region.release()->close();
 

@@ -11,29 +11,9 @@
 
 namespace
 {
-AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
-{
-    AcDbObjectIdArray list;
-    for (const AcDbObjectId& id : ids)
-        list.append(id);
-    return list;
-}
-
 class HatchFollowTest : public EntityTest
 {
 protected:
-    AcDbObjectId line(double x0, double y0, double x1, double y1)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeLine({x0, y0, 0}, {x1, y1, 0}, id), 1);
-        return id;
-    }
-    AcDbObjectId circle(double x, double y, double r)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeCircle({x, y, 0}, r, id), 1);
-        return id;
-    }
     AcDbObjectId hatchOver(const AcDbObjectIdArray& ids)
     {
         AcDbObjectId id;
@@ -43,14 +23,6 @@ protected:
     void move(AcDbObjectId id, const AcGeMatrix3d& map)
     {
         EXPECT_EQ(Open<AcDbEntity>(id, AcDb::kForWrite)->transformBy(map), Acad::eOk);
-    }
-    void erase(AcDbObjectId id) { EXPECT_EQ(Open<AcDbEntity>(id, AcDb::kForWrite)->erase(), Acad::eOk); }
-
-    static double areaOf(AcDbObjectId id)
-    {
-        double area = -1.0;
-        EXPECT_EQ(Open<AcDbHatch>(id)->getArea(area), Acad::eOk);
-        return area;
     }
     static AcGePoint3d middleOf(AcDbObjectId id)
     {

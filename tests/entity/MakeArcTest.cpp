@@ -190,7 +190,7 @@ TEST_F(MakeEllipse, EqualAnglesMakeItWhole)
     }
 }
 
-double areaOf(const AcDbSolid& solid)
+double faceOf(const AcDbSolid& solid)
 {
     AcGePoint3d p[3];
     for (std::uint16_t i = 0; i < 3; ++i)
@@ -209,7 +209,7 @@ TEST_F(MakeSolid, TriangleHasItsThirdCornerTwice)
     solid->getPointAt(3, fourth);
     EXPECT_POINT(third, 7, 20, 0);
     EXPECT_POINT(fourth, third);
-    EXPECT_NEAR(areaOf(*solid.object()), 6.0, 1e-9);
+    EXPECT_NEAR(faceOf(*solid.object()), 6.0, 1e-9);
 }
 
 TEST_F(MakeSolid, TriangleAtAnyHeightsIsPlanar)
@@ -259,7 +259,7 @@ TEST_F(MakeSolid, TrianglesOfACombAreAsManyAsItsCornersLessTwo)
         EXPECT_LE(ids.length(), comb.length() - 2);
         double sum = 0.0;
         for (const AcDbObjectId& id : ids)
-            sum += areaOf(*Open<AcDbSolid>(id).object());
+            sum += faceOf(*Open<AcDbSolid>(id).object());
         EXPECT_NEAR(sum, 599 + 300 * 9, 1e-6);
     }
 }
@@ -285,7 +285,7 @@ TEST_F(MakeSolid, TrianglesCoverAClosedCurveOnce)
         for (const AcDbObjectId& id : *ids) {
             const Open<AcDbSolid> solid(id);
             EXPECT_EQ(solid->colorIndex(), 5);
-            sum += areaOf(*solid.object());
+            sum += faceOf(*solid.object());
         }
         EXPECT_NEAR(sum, area, 0.01 * area);
     }

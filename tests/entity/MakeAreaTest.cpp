@@ -10,47 +10,17 @@
 
 namespace
 {
-class AreaTest : public EntityTest
-{
-protected:
-    AcDbObjectId rectangle(double x0, double y0, double x1, double y1)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeRect({x0, y0, 0}, {x1, y1, 0}, id), 1);
-        return id;
-    }
-    AcDbObjectId circle(double x, double y, double r)
-    {
-        AcDbObjectId id;
-        EXPECT_EQ(CMakeEnt::MakeCircle({x, y, 0}, r, id), 1);
-        return id;
-    }
-    double hatchArea(AcDbObjectId id)
-    {
-        double area = -1.0;
-        Open<AcDbHatch>(id)->getArea(area);
-        return area;
-    }
-};
-using MakeHatch = AreaTest;
-using MakeHatchBoundary = AreaTest;
-using MakeRegion = AreaTest;
-using MakeBoundary = AreaTest;
-
-AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
-{
-    AcDbObjectIdArray list;
-    for (const AcDbObjectId& id : ids)
-        list.append(id);
-    return list;
-}
+using MakeHatch = EntityTest;
+using MakeHatchBoundary = EntityTest;
+using MakeRegion = EntityTest;
+using MakeBoundary = EntityTest;
 
 TEST_F(MakeHatch, NestedCurvesAreIslandsByTurns)
 {
     AcDbObjectId id;
     const auto ids = listOf({rectangle(0, 0, 10, 10), circle(5, 5, 3), rectangle(4, 4, 6, 6)});
     ASSERT_EQ(CMakeEnt::MakeHatch(ids, id, L"ansi31", 2.0, 0.5), 1);
-    EXPECT_NEAR(hatchArea(id), 100 - 9 * kPi + 4, 1e-6);
+    EXPECT_NEAR(areaOf(id), 100 - 9 * kPi + 4, 1e-6);
     const Open<AcDbHatch> hatch(id);
     EXPECT_TRUE(hatch->associative());
     EXPECT_EQ(hatch->patternScale(), 2.0);
@@ -93,7 +63,7 @@ TEST_F(MakeHatch, HatchFollowsItsBoundary)
     ASSERT_EQ(CMakeEnt::MakeHatch(round, L"SOLID", 1.0, 0.0, green, id), 1);
     EXPECT_EQ(Open<AcDbHatch>(id)->colorIndex(), 3);
     Open<AcDbCircle>(round, AcDb::kForWrite)->setRadius(2.0);
-    EXPECT_NEAR(hatchArea(id), 4 * kPi, 1e-6);
+    EXPECT_NEAR(areaOf(id), 4 * kPi, 1e-6);
 }
 
 TEST_F(MakeHatch, OpenCurvesMakeChainsInAnyOrderAndPlane)
@@ -106,7 +76,7 @@ TEST_F(MakeHatch, OpenCurvesMakeChainsInAnyOrderAndPlane)
     ASSERT_EQ(CMakeEnt::MakeArc({0, 0, 0}, 4.0, 0.0, kPi / 2, arc), 1);
     const AcDbObjectId hole = circle(1.5, 1.5, 0.5);
     ASSERT_EQ(CMakeEnt::MakeHatch(listOf({left, arc, hole, bottom}), hatch, L"SOLID", 1.0, 0.0), 1);
-    EXPECT_NEAR(hatchArea(hatch), 4 * kPi - 0.25 * kPi, 1e-6);
+    EXPECT_NEAR(areaOf(hatch), 4 * kPi - 0.25 * kPi, 1e-6);
     AcDbExtents box;
     ASSERT_EQ(Open<AcDbHatch>(hatch)->getGeomExtents(box), Acad::eOk);
     EXPECT_NEAR(box.minPoint().y, -2.0, 1e-9);
@@ -211,28 +181,20 @@ TEST_F(MakeHatchBoundary, OtherCurvesAreGivenEdgeByEdgeOrAsRegions)
     EXPECT_EQ(curves.length(), 1);
 }
 
-double areaOf(const AcDbRegion& region)
+double areaOfRegion(const AcDbRegion& region)
 {
     double area = -1.0;
     region.getArea(area);
     return area;
 }
 
-AcGePoint3dArray polygon(std::initializer_list<AcGePoint3d> corners)
-{
-    AcGePoint3dArray points;
-    for (const AcGePoint3d& corner : corners)
-        points.append(corner);
-    return points;
-}
-
 TEST_F(MakeRegion, PolygonIsClosedOnceAndInTheWorld)
 {
     turnUcs();
-    const auto corners = polygon({{0, 0, 1}, {4, 0, 1}, {4, 3, 1}, {0, 0, 1}});
+    const auto corners = pointList({{0, 0, 1}, {4, 0, 1}, {4, 3, 1}, {0, 0, 1}});
     const std::unique_ptr<AcDbRegion> region(CMakeEnt::MakeRegion(corners));
     ASSERT_TRUE(region);
-    EXPECT_NEAR(areaOf(*region), 6.0, 1e-9);
+    EXPECT_NEAR(areaOfRegion(*region), 6.0, 1e-9);
     AcDbExtents box;
     region->getGeomExtents(box);
     EXPECT_POINT(box.minPoint(), 7, 20, 1);
@@ -250,7 +212,7 @@ TEST_F(MakeRegion, ChainsOfCurvesCountByTurns)
         curves.append(circle);
     const std::unique_ptr<AcDbRegion> region(CMakeEnt::MakeRegion(curves));
     ASSERT_TRUE(region);
-    EXPECT_NEAR(areaOf(*region), (25 - 9 + 1 + 4) * kPi, 1e-6);
+    EXPECT_NEAR(areaOfRegion(*region), (25 - 9 + 1 + 4) * kPi, 1e-6);
     AcDbCircle raised({0, 0, 1}, AcGeVector3d::kZAxis, 5.0);
     curves.append(&raised);
     EXPECT_EQ(CMakeEnt::MakeRegion(curves), nullptr) << "out of the plane";
@@ -288,10 +250,10 @@ TEST_F(MakeBoundary, OneRegionHasItsIslandsCutOut)
     AcDbObjectId ellipse, whole, polyline, region;
     ASSERT_EQ(CMakeEnt::MakeEllipse({5, 5, 0}, AcGeVector3d::kXAxis, 2.0, 1.0, ellipse), 1);
     ASSERT_EQ(CMakeEnt::MakeBoundary({1, 1, 0}, whole, 0, 1), 1);
-    EXPECT_NEAR(areaOf(*Open<AcDbRegion>(whole).object()), 100.0, 1e-6);
+    EXPECT_NEAR(areaOf(whole), 100.0, 1e-6);
     Open<AcDbEntity>(whole, AcDb::kForWrite)->erase();
     ASSERT_EQ(CMakeEnt::MakeBoundary({1, 1, 0}, region, 1, 1), 1);
-    EXPECT_NEAR(areaOf(*Open<AcDbRegion>(region).object()), 100 - 9 * kPi + 2 * kPi, 1e-6);
+    EXPECT_NEAR(areaOf(region), 100 - 9 * kPi + 2 * kPi, 1e-6);
     Open<AcDbEntity>(region, AcDb::kForWrite)->erase();
     ASSERT_EQ(CMakeEnt::MakeBoundary({1, 1, 0}, polyline, 1, 0), 1);
     EXPECT_EQ(Open<AcDbPolyline>(polyline).openStatus(), Acad::eOk);

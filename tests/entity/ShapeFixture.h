@@ -40,14 +40,6 @@ inline AcGePoint3dArray pointsOf(const Numbers& n, std::size_t count)
     return points;
 }
 
-inline AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
-{
-    AcDbObjectIdArray list;
-    for (const AcDbObjectId& id : ids)
-        list.append(id);
-    return list;
-}
-
 inline int taken(AcDbEntity* entity, Results& out)
 {
     out.loose.reset(entity);

@@ -42,19 +42,10 @@ protected:
     }
 };
 
-AcGePoint3dArray pointList(std::initializer_list<AcGePoint3d> points)
-{
-    AcGePoint3dArray list;
-    for (const AcGePoint3d& p : points)
-        list.append(p);
-    return list;
-}
-
 TEST_F(ShapeRefusedTest, FiguresWithoutExtentAreRefused)
 {
     AcArray<double> noBulges;
     const AcGePoint3d o(0, 0, 0), x(1, 0, 0), xx(2, 0, 0), y(0, 1, 0);
-    const auto points = [](std::initializer_list<AcGePoint3d> list) { return pointList(list); };
     const auto pointers = [](std::initializer_list<AcDbEntity*> list) {
         AcArray<void*> array;
         for (AcDbEntity* const pointer : list)
@@ -110,46 +101,46 @@ TEST_F(ShapeRefusedTest, FiguresWithoutExtentAreRefused)
         {"a rectangle of one point", [&](Results& r) { return CMakeEnt::MakeRect(x, x, r.id); }},
         {"a line on a missing layer",
          [&](Results& r) { return CMakeEnt::MakeLine(o, x, L"NOWHERE", 1, r.id); }},
-        {"a polyline without points", [&](Results& r) { return CMakeEnt::MakePline(points({}), r.id); }},
+        {"a polyline without points", [&](Results& r) { return CMakeEnt::MakePline(pointList({}), r.id); }},
         {"a polyline of negative width",
          [&](Results& r) {
-             return CMakeEnt::MakePline(points({o, x}), r.id, 0, -1.0);
+             return CMakeEnt::MakePline(pointList({o, x}), r.id, 0, -1.0);
          }},
         {"a polyline with bulges of negative width",
          [&](Results& r) {
-             return CMakeEnt::MakePline(points({o, x}), r.id, noBulges, 0, -1.0);
+             return CMakeEnt::MakePline(pointList({o, x}), r.id, noBulges, 0, -1.0);
          }},
         {"a polyline of the caller's without points",
-         [&](Results& r) { return taken(CMakeEnt::MakePline(points({})), r); }},
+         [&](Results& r) { return taken(CMakeEnt::MakePline(pointList({})), r); }},
         {"a polyline of the caller's of negative width",
          [&](Results& r) {
-             return taken(CMakeEnt::MakePline(points({o, x}), 0, -1.0), r);
+             return taken(CMakeEnt::MakePline(pointList({o, x}), 0, -1.0), r);
          }},
         {"bulges without points",
-         [&](Results& r) { return CMakeEnt::MakePline(points({}), r.id, noBulges, 0); }},
-        {"a spline without points", [&](Results& r) { return CMakeEnt::MakeSpline(points({}), r.id); }},
-        {"a spline of one point", [&](Results& r) { return CMakeEnt::MakeSpline(points({x}), r.id); }},
+         [&](Results& r) { return CMakeEnt::MakePline(pointList({}), r.id, noBulges, 0); }},
+        {"a spline without points", [&](Results& r) { return CMakeEnt::MakeSpline(pointList({}), r.id); }},
+        {"a spline of one point", [&](Results& r) { return CMakeEnt::MakeSpline(pointList({x}), r.id); }},
         {"a spline of equal points",
          [&](Results& r) {
-             return CMakeEnt::MakeSpline(points({x, x, x}), r.id);
+             return CMakeEnt::MakeSpline(pointList({x, x, x}), r.id);
          }},
-        {"a region without points", [&](Results& r) { return taken(CMakeEnt::MakeRegion(points({})), r); }},
-        {"a region of one point", [&](Results& r) { return taken(CMakeEnt::MakeRegion(points({x})), r); }},
+        {"a region without points", [&](Results& r) { return taken(CMakeEnt::MakeRegion(pointList({})), r); }},
+        {"a region of one point", [&](Results& r) { return taken(CMakeEnt::MakeRegion(pointList({x})), r); }},
         {"a region of equal points",
          [&](Results& r) {
-             return taken(CMakeEnt::MakeRegion(points({x, x, x})), r);
+             return taken(CMakeEnt::MakeRegion(pointList({x, x, x})), r);
          }},
         {"a region of points in line",
          [&](Results& r) {
-             return taken(CMakeEnt::MakeRegion(points({o, x, xx})), r);
+             return taken(CMakeEnt::MakeRegion(pointList({o, x, xx})), r);
          }},
         {"a region that crosses itself",
          [&](Results& r) {
-             return taken(CMakeEnt::MakeRegion(points({o, {2, 2, 0}, xx, y})), r);
+             return taken(CMakeEnt::MakeRegion(pointList({o, {2, 2, 0}, xx, y})), r);
          }},
         {"a region that is not flat",
          [&](Results& r) {
-             return taken(CMakeEnt::MakeRegion(points({o, xx, {2, 2, 1}, y})), r);
+             return taken(CMakeEnt::MakeRegion(pointList({o, xx, {2, 2, 1}, y})), r);
          }},
         {"a region without curves",
          [&](Results& r) { return taken(CMakeEnt::MakeRegion(AcArray<void*>()), r); }},
@@ -243,19 +234,17 @@ TEST_F(ShapeRefusedTest, CurvesWithoutInsideAreNotFilled)
 
 TEST_F(ShapeRefusedTest, ClosedCurvesAsGoodAsPointsBoundNothing)
 {
-    AcDbObjectId point, circle, hatch;
+    AcDbObjectId point, circle, fold, bow, hatch;
     ASSERT_EQ(CMakeEnt::MakePline(pointList({{1, 1, 0}, {1, 1, 0}, {1, 1, 0}}), point, 1), 1);
     ASSERT_EQ(CMakeEnt::MakeCircle({0, 0, 0}, 5.0, circle), 1);
-    AcDbObjectIdArray both, alone;
-    alone.append(point);
-    both.append(point);
-    both.append(circle);
-    EXPECT_EQ(CMakeEnt::MakeHatch(alone, hatch, L"SOLID", 1.0, 0.0), 0);
-    ASSERT_EQ(CMakeEnt::MakeHatch(both, hatch, L"SOLID", 1.0, 0.0), 1);
-    double area = 0.0;
-    const AcDbObjectPointer<AcDbHatch> made(hatch, AcDb::kForRead);
-    ASSERT_EQ(made->getArea(area), Acad::eOk);
-    EXPECT_NEAR(area, 25.0 * kPi, 1e-9);
+    ASSERT_EQ(CMakeEnt::MakePline(pointList({{4e5, 3e6, 0}, {4e5 + 7, 3e6 + 3, 0}}), fold, 1), 1); // there and back
+    const auto corners = pointList({{20, 0, 0}, {30, 10, 0}, {30, 0, 0}, {20, 10, 0}});
+    ASSERT_EQ(CMakeEnt::MakePline(corners, bow, 1), 1);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({bow}), hatch, L"SOLID", 1.0, 0.0), 1) << "its halves only turn two ways";
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({point}), hatch, L"SOLID", 1.0, 0.0), 0);
+    EXPECT_EQ(CMakeEnt::MakeHatch(listOf({fold}), hatch, L"SOLID", 1.0, 0.0), 0);
+    ASSERT_EQ(CMakeEnt::MakeHatch(listOf({point, circle}), hatch, L"SOLID", 1.0, 0.0), 1);
+    EXPECT_NEAR(areaOf(hatch), 25.0 * kPi, 1e-9);
 }
 
 TEST_F(ShapeRefusedTest, HatchesOfBadPatternsAndListsAreRefused)

@@ -38,12 +38,6 @@ protected:
         const AcGeVector3d size = boxOf(id).maxPoint() - boxOf(id).minPoint();
         return size.x * size.y;
     }
-    static double areaOf(AcDbObjectId id)
-    {
-        double area = -1.0;
-        Open<AcDbHatch>(id)->getArea(area);
-        return area;
-    }
 
     AcDbObjectId m_frame, m_text, m_paragraph;
 };

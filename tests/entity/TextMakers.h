@@ -42,13 +42,6 @@ protected:
         turnUcs();
     }
 
-    static AcDbObjectIdArray listOf(std::initializer_list<AcDbObjectId> ids)
-    {
-        AcDbObjectIdArray list;
-        for (const AcDbObjectId& id : ids)
-            list.append(id);
-        return list;
-    }
     unsigned groupCount() const
     {
         return Open<AcDbDictionary>(database()->groupDictionaryId())->numEntries();
